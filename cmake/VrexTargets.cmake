@@ -1,0 +1,57 @@
+# Targets of the project: common flags, sanitizers, and the shape of a library.
+#
+# A library is compiled once as objects; the shared library and the tests link those objects, so that
+# tests reach what is hidden. Examples, tools and benchmarks link the shared library, which proves the exports.
+
+find_program(VREX_CCACHE ccache)
+if(VREX_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${VREX_CCACHE})
+endif()
+
+add_library(vrex_flags INTERFACE)
+target_compile_features(vrex_flags INTERFACE cxx_std_20)
+# Contraction is off: formulas fix their floating-point order, and a fused multiply-add would round otherwise.
+target_compile_options(vrex_flags INTERFACE
+  -ffp-contract=off -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wformat=2 -Wcast-align -Wdouble-promotion -Wimplicit-fallthrough)
+if(VREX_SANITIZE)
+  target_compile_options(vrex_flags INTERFACE -fsanitize=${VREX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(vrex_flags INTERFACE -fsanitize=${VREX_SANITIZE})
+endif()
+if(VREX_COVERAGE)
+  target_compile_options(vrex_flags INTERFACE --coverage)
+  target_link_options(vrex_flags INTERFACE --coverage)
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+# vrex_add_library(name OUTPUT file-name EXPORT exported-name)
+# Makes the targets <name>_objects and <name>, with the alias Vrex::<exported-name>.
+function(vrex_add_library name)
+  cmake_parse_arguments(ARG "" "OUTPUT;EXPORT" "" ${ARGN})
+  add_library(${name}_objects OBJECT)
+  target_link_libraries(${name}_objects PRIVATE vrex_flags)
+  target_include_directories(${name}_objects PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vrex.data3d>)
+  add_library(${name} SHARED $<TARGET_OBJECTS:${name}_objects>)
+  add_library(Vrex::${ARG_EXPORT} ALIAS ${name})
+  target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:vrex_flags>)
+  target_compile_features(${name} PUBLIC cxx_std_20)
+  target_include_directories(${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vrex.data3d>)
+  set_target_properties(${name} PROPERTIES
+    OUTPUT_NAME ${ARG_OUTPUT} EXPORT_NAME ${ARG_EXPORT} VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+endfunction()
+
+# vrex_sources(name HEADERS ... SOURCES ...): the files of one folder. Every header is installed and compiled alone.
+function(vrex_sources name)
+  cmake_parse_arguments(ARG "" "" "HEADERS;SOURCES" ${ARGN})
+  list(TRANSFORM ARG_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  target_sources(${name}_objects PRIVATE ${ARG_SOURCES})
+  set_property(GLOBAL APPEND PROPERTY VREX_PUBLIC_HEADERS ${ARG_HEADERS})
+endfunction()

@@ -1,0 +1,109 @@
+#include "data/VrexVariableFusion.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "data/VrexVariableKernels.h"
+
+namespace {
+
+using nsVariableFusion::Term;
+using Store = VrexVariable::Derivatives;
+using Entry = Store::Entry;
+
+/// What the terms may bring together before the sum goes through stores on the heap.
+constexpr std::uint64_t MOST_ENTRIES = 96;
+
+/// Sums entries by key into a buffer that holds all that the terms bring.
+///
+/// The slot of a key's low bits says where the key stands; it is valid once the bit is seen, and right unless
+/// two keys share their low bits, which is then found by a scan.
+class Accumulator {
+public:
+    explicit Accumulator(Entry* sums) : m_sums(sums) {}
+
+    void add(const Store& store, double factor) {
+        for (const Entry& entry : store) {
+            const unsigned low = entry.key & 63;
+            const double part = factor * entry.value;
+            if ((m_seen >> low & 1) == 0) {
+                m_seen |= std::uint64_t{1} << low;
+                append(entry.key, part, low);
+            } else if (Entry& guess = m_sums[m_slots[low]]; guess.key == entry.key) {
+                guess.value += part;
+            } else {
+                addByScan(entry.key, part, low);
+            }
+        }
+    }
+    std::uint64_t count() const { return m_count; }
+
+private:
+    void append(std::uint64_t key, double part, unsigned low) {
+        m_sums[m_count] = {key, part};
+        m_slots[low] = static_cast<std::uint8_t>(m_count);
+        ++m_count;
+    }
+    void addByScan(std::uint64_t key, double part, unsigned low) {
+        Entry* const end = m_sums + m_count;
+        Entry* const found = std::find_if(m_sums, end, [key](const Entry& sum) { return sum.key == key; });
+        if (found != end) {
+            found->value += part;
+        } else {
+            append(key, part, low);
+        }
+    }
+
+    Entry* m_sums;
+    std::uint64_t m_count = 0;
+    std::uint64_t m_seen = 0;
+    std::array<std::uint8_t, 64> m_slots; // raw where the bit is not seen
+};
+
+void sumInside(Store& result, std::span<const Term> terms) {
+    Accumulator accumulator(result.begin());
+    for (const Term& term : terms) {
+        accumulator.add(term.operand.derivatives(), term.factor);
+    }
+    result.resizeForOverwrite(accumulator.count());
+}
+
+void sumThroughBuffer(Store& result, std::span<const Term> terms) {
+    std::array<Entry, MOST_ENTRIES> sums;
+    Accumulator accumulator(sums.data());
+    for (const Term& term : terms) {
+        accumulator.add(term.operand.derivatives(), term.factor);
+    }
+    result.reserve(accumulator.count());
+    result.resizeForOverwrite(accumulator.count());
+    std::copy_n(sums.data(), accumulator.count(), result.begin());
+}
+
+void sumThroughStores(Store& result, std::span<const Term> terms) {
+    for (const Term& term : terms) {
+        const double factor = term.factor;
+        nsVariableKernels::combineInto(
+            result, term.operand.derivatives(), [factor](double d, double db) { return d + factor * db; },
+            [factor](double db) { return factor * db; });
+    }
+}
+
+} // namespace
+
+VrexVariable nsVariableFusion::linearCombination(double value, std::span<const Term> terms) {
+    std::uint64_t most = 0;
+    for (const Term& term : terms) {
+        most += term.operand.derivatives().size();
+    }
+    VrexVariable result(value);
+    if (most <= Store::INLINE_CAPACITY) {
+        sumInside(result.derivatives(), terms);
+    } else if (most <= MOST_ENTRIES) {
+        sumThroughBuffer(result.derivatives(), terms);
+    } else {
+        sumThroughStores(result.derivatives(), terms);
+    }
+    return result;
+}

@@ -15,9 +15,11 @@ std::string VrexVariableDescriptor::generatedName() const {
     if (!isValid()) {
         return {};
     }
-    std::string name = m_object->getNamePrefix() + std::to_string(m_object->getID());
+    std::string name = m_object->getNamePrefix();
+    name += std::to_string(m_object->getID());
     if (m_object->getParameterSize() > 1) {
-        name += "_" + std::to_string(m_index);
+        name += '_';
+        name += std::to_string(m_index);
     }
     return name;
 }

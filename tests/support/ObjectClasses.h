@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "data/VrexVisitor3D.h"
+#include "data/constraint/VrexConstraint.h"
 #include "support/Samples.h"
 
 /// The name of an object class, and its visit by name.
@@ -24,12 +25,13 @@ struct ObjectClass;
 namespace nsObjectClasses {
 
 template <class Object>
-using IfConcrete = std::conditional_t<std::is_abstract_v<Object>, std::tuple<>, std::tuple<Object>>;
+using IfConcrete =
+    std::conditional_t<std::is_abstract_v<Object>, std::tuple<>, std::tuple<std::type_identity<Object>>>;
 
 template <class Tuple>
 struct ToTypes;
 template <class... Objects>
-struct ToTypes<std::tuple<Objects...>> {
+struct ToTypes<std::tuple<std::type_identity<Objects>...>> {
     using Type = testing::Types<Objects...>;
 };
 

@@ -52,5 +52,5 @@ private:
     DataMap m_dataMap;
 };
 
-extern template class VrexBaseDataManager<VrexBaseGeometry>;
-extern template class VrexBaseDataManager<VrexBaseConstraint>;
+extern template class VREX_DATA_EXPORT VrexBaseDataManager<VrexBaseGeometry>;
+extern template class VREX_DATA_EXPORT VrexBaseDataManager<VrexBaseConstraint>;

@@ -1,7 +1,6 @@
-# Tests: one executable a folder of tests, one line a file. Fuzz targets: one executable a reader.
+# Tests: one executable a folder of tests, one line a file.
 #
 # vrex_add_tests(name SOURCES a.cpp ... [LIBRARIES ...]) links the object files of both libraries.
-# vrex_add_fuzzer(name SOURCES a.cpp) makes a libFuzzer program; run it with the folder of its seeds as argument.
 
 # What the sanitizers found ends a test. The same variables serve a program that is started by hand.
 set(VREX_SANITIZER_OPTIONS
@@ -37,11 +36,4 @@ function(vrex_add_tests name)
   if(VREX_SANITIZE)
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${VREX_SANITIZER_OPTIONS}")
   endif()
-endfunction()
-
-function(vrex_add_fuzzer name)
-  cmake_parse_arguments(ARG "" "" "SOURCES" ${ARGN})
-  add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE vrex_flags vrex_data3d vrex_tolvbase)
-  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
 endfunction()

@@ -5,7 +5,10 @@
 
 find_program(VREX_CCACHE ccache)
 if(VREX_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${VREX_CCACHE})
+  # The sloppiness is what ccache asks for where precompiled headers are used: the names that a header defines are part
+  # of the precompiled file, whose content is compared.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${VREX_CCACHE})
 endif()
 
 add_library(vrex_flags INTERFACE)

@@ -40,8 +40,9 @@ void VrexBaseObject::restore() {
 void VrexBaseObject::clearBackup() { m_backup.reset(); }
 
 void VrexBaseObject::updateFrom(std::shared_ptr<VrexBaseObject> other) {
-    if (other != nullptr) {
-        doUpdateFrom(*other);
+    // Held here, since the update may drop the last other share: a snapshot of this object, for one.
+    if (const std::shared_ptr<VrexBaseObject> source = std::move(other)) {
+        doUpdateFrom(*source);
     }
 }
 

@@ -44,11 +44,7 @@ template <class Exception>
 
 /// Logs at `LEVEL`; the arguments are a printf format and its values, evaluated only if the line is written.
 #define VREX_LOG(LEVEL, ...)                                                                                 \
-    do {                                                                                                     \
-        if (nsLog::isWritten(LEVEL)) {                                                                       \
-            nsLog::write(LEVEL, VREX_HERE, __VA_ARGS__);                                                     \
-        }                                                                                                    \
-    } while (false)
+    (nsLog::isWritten(LEVEL) ? nsLog::write(LEVEL, VREX_HERE, __VA_ARGS__) : static_cast<void>(0))
 
 /// Broken internal state or corrupt data: logs "%s(): %s" at level 1 and throws `EXCEPTION(TEXT)`.
 #define VREX_RAISE(EXCEPTION, TEXT) nsLog::raise<EXCEPTION>(VREX_HERE, __PRETTY_FUNCTION__, TEXT)

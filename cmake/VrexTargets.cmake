@@ -34,8 +34,7 @@ function(vrex_add_library name)
   cmake_parse_arguments(ARG "" "OUTPUT;EXPORT" "" ${ARGN})
   add_library(${name}_objects OBJECT)
   target_link_libraries(${name}_objects PRIVATE vrex_flags)
-  target_include_directories(${name}_objects PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vrex.data3d>)
+  target_include_directories(${name}_objects PUBLIC ${PROJECT_SOURCE_DIR}/src)
   add_library(${name} SHARED $<TARGET_OBJECTS:${name}_objects>)
   add_library(Vrex::${ARG_EXPORT} ALIAS ${name})
   target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:vrex_flags>)
@@ -44,14 +43,27 @@ function(vrex_add_library name)
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/vrex.data3d>)
   set_target_properties(${name} PROPERTIES
     OUTPUT_NAME ${ARG_OUTPUT} EXPORT_NAME ${ARG_EXPORT} VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+    # Installed libraries find each other in their own folder.
+    INSTALL_RPATH "$ORIGIN")
 endfunction()
 
-# vrex_sources(name HEADERS ... SOURCES ...): the files of one folder. Every header is installed and compiled alone.
+# vrex_sources(name HEADERS ... SOURCES ...): the files of one folder, both lists sorted. HEADERS are public: installed,
+# part of the umbrella header, and compiled alone (tables, *.def, are only installed). Hidden headers go with SOURCES.
 function(vrex_sources name)
   cmake_parse_arguments(ARG "" "" "HEADERS;SOURCES" ${ARGN})
-  list(TRANSFORM ARG_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
-  list(TRANSFORM ARG_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  if(ARG_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "vrex_sources(${name}): neither header nor source: ${ARG_UNPARSED_ARGUMENTS}")
+  endif()
+  foreach(list IN ITEMS ARG_HEADERS ARG_SOURCES)
+    set(sorted ${${list}})
+    list(SORT sorted)
+    if(NOT "${sorted}" STREQUAL "${${list}}")
+      message(FATAL_ERROR "vrex_sources(${name}): keep the list sorted: ${sorted}")
+    endif()
+    list(TRANSFORM ${list} PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  endforeach()
   target_sources(${name}_objects PRIVATE ${ARG_SOURCES})
   set_property(GLOBAL APPEND PROPERTY VREX_PUBLIC_HEADERS ${ARG_HEADERS})
+  set_property(GLOBAL APPEND PROPERTY VREX_LISTED_FILES ${ARG_HEADERS} ${ARG_SOURCES})
 endfunction()

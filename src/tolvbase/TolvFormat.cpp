@@ -2,12 +2,35 @@
 
 #include <cstdio>
 
+#include <locale.h> // NOLINT(modernize-deprecated-headers): newlocale and uselocale are POSIX
+
 namespace Tolv {
+namespace {
+
+/// The calling thread formats in the "C" locale for as long as this lives.
+class ClassicLocaleScope {
+public:
+    ClassicLocaleScope() : m_previous(uselocale(classic())) {}
+    ClassicLocaleScope(const ClassicLocaleScope&) = delete;
+    ClassicLocaleScope& operator=(const ClassicLocaleScope&) = delete;
+    ~ClassicLocaleScope() { uselocale(m_previous); }
+
+private:
+    static locale_t classic() {
+        static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);
+        return locale;
+    }
+
+    locale_t m_previous;
+};
+
+} // namespace
 
 std::string formatStringV(const char* format, va_list arguments) {
     if (format == nullptr) {
         return {};
     }
+    const ClassicLocaleScope scope;
     va_list measured;
     va_copy(measured, arguments);
     const int length = std::vsnprintf(nullptr, 0, format, measured);

@@ -1,0 +1,3 @@
+#include "data/VrexSilentVisitor.h"
+
+void VrexSilentVisitor::visitBaseObject(VrexBaseObject&) {}

@@ -1,0 +1,3 @@
+#include "data/VrexVisitable.h"
+
+VrexVisitable::~VrexVisitable() = default;

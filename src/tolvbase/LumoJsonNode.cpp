@@ -1,0 +1,69 @@
+#include "tolvbase/LumoJsonNode.h"
+
+#include <utility>
+
+LumoJson* LumoJsonNode::findMember(std::string_view key) {
+    if (index) {
+        const std::size_t place = index->find(values, key);
+        return place == LumoJsonKeyIndex::NOT_FOUND ? nullptr : &values[place];
+    }
+    for (std::size_t place = 1; place < values.size(); place += MEMBER_STRIDE) {
+        if (values[place - 1].text() == key) {
+            return &values[place];
+        }
+    }
+    return nullptr;
+}
+
+LumoJson& LumoJsonNode::member(std::string_view key) {
+    if (LumoJson* const found = findMember(key)) {
+        return *found;
+    }
+    // The key may be a view into this very object: it is copied before the values move.
+    LumoJson ownKey(key);
+    values.reserve(values.size() == values.capacity() ? 2 * values.size() + MEMBER_STRIDE : 0);
+    if (!index && values.size() / MEMBER_STRIDE == MEMBERS_WITHOUT_INDEX) {
+        index = std::make_unique<LumoJsonKeyIndex>(values);
+    }
+    if (index) {
+        index->add(values, ownKey.text(), values.size() + 1);
+    }
+    values.push_back(std::move(ownKey));
+    return values.emplace_back();
+}
+
+std::unique_ptr<LumoJsonNode, void (*)(LumoJsonNode*)> LumoJsonNode::copy(const LumoJsonNode& source) {
+    std::unique_ptr<LumoJsonNode, void (*)(LumoJsonNode*)> root(new LumoJsonNode, &LumoJsonNode::release);
+    std::vector<std::pair<const LumoJsonNode*, LumoJsonNode*>> open{{&source, root.get()}};
+    while (!open.empty()) {
+        const auto [from, to] = open.back();
+        open.pop_back();
+        to->values.reserve(from->values.size());
+        for (const LumoJson& value : from->values) {
+            LumoJson& copied = to->values.emplace_back();
+            if (const LumoJsonNode* const below = value.node()) {
+                copied = LumoJson::emptyContainer(value.type());
+                open.emplace_back(below, copied.ensureNode());
+            } else {
+                copied = value;
+            }
+        }
+        if (from->index) {
+            to->index = std::make_unique<LumoJsonKeyIndex>(*from->index);
+        }
+    }
+    return root;
+}
+
+void LumoJsonNode::release(LumoJsonNode* node) noexcept {
+    while (node != nullptr) {
+        const std::unique_ptr<LumoJsonNode> dying(node);
+        node = dying->next;
+        for (LumoJson& value : dying->values) {
+            if (LumoJsonNode* const below = value.detachNode()) {
+                below->next = node;
+                node = below;
+            }
+        }
+    }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tolvbase/LumoJson.h"
+
+/// Writes one value as compact text; see `LumoJson::dump`.
+class LumoJsonWriter {
+public:
+    [[nodiscard]] std::string write(const LumoJson& root);
+
+private:
+    /// A container whose elements are being written.
+    struct Level {
+        const LumoJson* container;
+        LumoJsonIteratorImpl next;
+        std::size_t left;
+    };
+
+    /// Writes a scalar or an empty container whole, and opens any other one.
+    void writeValue(const LumoJson& value);
+    /// Writes the next element of the innermost container, or closes it.
+    void advance();
+    void writeInteger(const LumoJson& value);
+    void writeDouble(double value);
+    void writeString(std::string_view text);
+    void writeEscape(unsigned char byte);
+
+    std::vector<Level> m_open;
+    std::string m_text;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+/// UTF-8 as Unicode defines it: no surrogates, nothing above U+10FFFF, no longer form than needed.
+namespace nsTolvUtf8 {
+
+/// The bytes of the character at the start of a text that is not empty; 0 if there is no valid one.
+[[nodiscard]] std::size_t characterLength(std::string_view text) noexcept;
+
+/// Where the first byte stands that starts no valid character; `npos` for a valid text.
+[[nodiscard]] std::size_t findInvalid(std::string_view text) noexcept;
+
+} // namespace nsTolvUtf8

@@ -1,0 +1,3 @@
+#include "tolvbase/TolvFormat.h"
+
+int main() { return Tolv::formatString("%s", "text") == "text" ? 0 : 1; }

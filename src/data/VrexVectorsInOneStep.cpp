@@ -131,17 +131,21 @@ std::tuple<Vector, Vector, Vector> Vector::getRotatedBasisVectors(const Variable
                 getRotatedYBasisVector(polarAngle, azimuthalAngle),
                 getRotatedZBasisVector(polarAngle, azimuthalAngle)};
     }
-    const double lift = p.cosine - 1.0;
-    const double twist = 2.0 * a.sine * a.cosine;
-    const double spread = a.cosine * a.cosine - a.sine * a.sine;
+    // As the operators differentiate the formulas, so that what cancels there cancels alike.
+    const double t = p.cosine * a.cosine;
+    const double u = p.cosine * a.sine;
+    const double byAzimuthalXX = -u * a.cosine - a.sine * t + (a.cosine * a.sine + a.cosine * a.sine);
+    const double byAzimuthalXY = -u * a.sine + a.cosine * t - (a.cosine * a.cosine - a.sine * a.sine);
+    const double byAzimuthalYY = t * a.sine + a.cosine * u - (a.sine * a.cosine + a.sine * a.cosine);
+    const double byPolarXY = -p.sine * a.cosine * a.sine;
     const auto combine = [&](double value, double byPolar, double byAzimuthal) {
         return linearCombination(value, {{polar, byPolar}, {azimuthal, byAzimuthal}});
     };
-    const double mixed = -p.sine * a.cosine * a.sine;
-    return {
-        Vector(combine(x.x(), -p.sine * a.cosine * a.cosine, -lift * twist),
-               combine(x.y(), mixed, lift * spread), combine(x.z(), -p.cosine * a.cosine, p.sine * a.sine)),
-        Vector(combine(y.x(), mixed, lift * spread), combine(y.y(), -p.sine * a.sine * a.sine, lift * twist),
-               combine(y.z(), -p.cosine * a.sine, -p.sine * a.cosine)),
-        sphericalAnglesToCartesian(polar, azimuthal)};
+    return {Vector(combine(x.x(), -p.sine * a.cosine * a.cosine, byAzimuthalXX),
+                   combine(x.y(), byPolarXY, byAzimuthalXY),
+                   combine(x.z(), -p.cosine * a.cosine, p.sine * a.sine)),
+            Vector(combine(y.x(), byPolarXY, byAzimuthalXY),
+                   combine(y.y(), -p.sine * a.sine * a.sine, byAzimuthalYY),
+                   combine(y.z(), -p.cosine * a.sine, -p.sine * a.cosine)),
+            sphericalAnglesToCartesian(polar, azimuthal)};
 }

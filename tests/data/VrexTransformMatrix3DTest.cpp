@@ -155,7 +155,7 @@ TEST(VrexTransformMatrix3D, BranchesOfTheQuaternionKeepTheOrderOfTheirFormulas) 
         if (a + b + c > 0.0) {
             const double s = 2.0 * std::sqrt(a + b + c + 1.0);
             expected = {s / 4.0, p / s, q / s, r / s};
-        } else if (a > b) {
+        } else if (a > b && a > c) {
             const double s = 2.0 * std::sqrt(a + 1.0 - b - c);
             expected = {p / s, s / 4.0, y / s, x / s};
         } else if (b > c) {

@@ -4,8 +4,8 @@
 #include <cstdint>
 
 /// Hash of an identifier: neighbours stay neighbours, so that a system numbered from 1 is laid out in order,
-/// and whatever stands above the lowest 24 bits is mixed, so that identifiers chosen at a stride (a multiple of
-/// the bucket count) do not all meet in one bucket: within 24 bits there are too few multiples to matter.
+/// and whatever stands above the lowest 24 bits is mixed, so that identifiers chosen at a stride (a multiple
+/// of the bucket count) do not all meet in one bucket: within 24 bits there are too few multiples to matter.
 ///
 /// The mixing step is the finaliser of SplitMix64 (Steele, Lea, Flood: Fast splittable pseudorandom number
 /// generators, OOPSLA 2014), which leaves 0 at 0.

@@ -183,8 +183,8 @@ TEST(VrexIDHash, IdsAtTheStrideOfABucketCountSpreadOut) {
     for (std::uint64_t i = 1; i <= 100'000; ++i) {
         heaviest = std::max(heaviest, ++load[hash(i * buckets) % buckets]);
     }
-    // Twelve multiples share the first 24 bits; beyond, the load is that of random numbers.
-    EXPECT_LT(heaviest, 20);
+    // Twelve multiples share 24 bits and so a bucket; the groups of twelve fall at random.
+    EXPECT_LT(heaviest, 50);
 }
 
 } // namespace

@@ -15,7 +15,7 @@ add_library(vrex_flags INTERFACE)
 target_compile_features(vrex_flags INTERFACE cxx_std_20)
 # Contraction is off: formulas fix their floating-point order, and a fused multiply-add would round otherwise.
 target_compile_options(vrex_flags INTERFACE
-  -ffp-contract=off -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -ffp-contract=off -fno-semantic-interposition -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   -Wformat=2 -Wcast-align -Wdouble-promotion -Wimplicit-fallthrough)
 if(VREX_SANITIZE)
   target_compile_options(vrex_flags INTERFACE

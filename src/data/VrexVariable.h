@@ -41,7 +41,7 @@ public:
     }
     /// Kept: only the log moves; the source keeps its value and derivatives.
     VrexVariable(VrexVariable&& other) noexcept(false)
-        : m_value(other.m_value), m_derivatives(other.m_derivatives), m_log(std::move(other.m_log)) {}
+        : m_value(other.m_value), m_derivatives(std::move(other.m_derivatives)), m_log(std::move(other.m_log)) {}
     ~VrexVariable() = default;
     VrexVariable& operator=(const VrexVariable& other) {
         m_derivatives = other.m_derivatives;

@@ -19,17 +19,31 @@ LumoJson& LumoJsonNode::member(std::string_view key) {
     if (LumoJson* const found = findMember(key)) {
         return *found;
     }
-    // The key may be a view into this very object: it is copied before the values move.
-    LumoJson ownKey(key);
-    values.reserve(values.size() == values.capacity() ? 2 * values.size() + MEMBER_STRIDE : 0);
+    return append(LumoJson(key)); // The key may be a view into this very object: it is copied first.
+}
+
+LumoJson& LumoJsonNode::append(LumoJson key) {
+    if (values.size() == values.capacity()) {
+        values.reserve(2 * values.size() + MEMBER_STRIDE);
+    }
     if (!index && values.size() / MEMBER_STRIDE == MEMBERS_WITHOUT_INDEX) {
         index = std::make_unique<LumoJsonKeyIndex>(values);
     }
     if (index) {
-        index->add(values, ownKey.text(), values.size() + 1);
+        index->add(values, key.text(), values.size() + 1);
     }
-    values.push_back(std::move(ownKey));
+    values.push_back(std::move(key));
     return values.emplace_back();
+}
+
+void LumoJsonNode::adoptMembers(std::span<LumoJson> keysAndValues) {
+    values.reserve(keysAndValues.size());
+    for (std::size_t place = 1; place < keysAndValues.size(); place += MEMBER_STRIDE) {
+        LumoJson& key = keysAndValues[place - 1];
+        LumoJson* const known = findMember(key.text());
+        LumoJson& value = known == nullptr ? append(std::move(key)) : *known;
+        value = std::move(keysAndValues[place]);
+    }
 }
 
 std::unique_ptr<LumoJsonNode, void (*)(LumoJsonNode*)> LumoJsonNode::copy(const LumoJsonNode& source) {

@@ -18,7 +18,10 @@ target_compile_options(vrex_flags INTERFACE
   -ffp-contract=off -fno-semantic-interposition -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   -Wformat=2 -Wcast-align -Wdouble-promotion -Wimplicit-fallthrough)
 if(VREX_SANITIZE)
-  target_compile_options(vrex_flags INTERFACE -fsanitize=${VREX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(vrex_flags INTERFACE
+    -fsanitize=${VREX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+    # GCC takes its own instrumentation for a use of what is not set, in the standard headers too.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vrex_flags INTERFACE -fsanitize=${VREX_SANITIZE})
 endif()
 if(VREX_COVERAGE)

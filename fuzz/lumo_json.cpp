@@ -38,7 +38,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const std::string dumped = first->dump();
         const std::optional<LumoJson> second = read(dumped);
         require(second.has_value() && second->dump() == dumped && second->type() == first->type());
-        const LumoJson copy = *first;
+        LumoJson copy = *second;
+        copy = *first;
         require(copy.dump() == dumped);
     }
     return 0;

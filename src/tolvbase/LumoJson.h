@@ -194,17 +194,19 @@ private:
     };
     static constexpr std::size_t SHORT_TEXT = 14;
 
+    // NOLINTBEGIN(bugprone-sizeof-expression): a payload may be a pointer, and its own size is meant.
     template <class Payload>
     [[nodiscard]] Payload payload() const noexcept {
         Payload value;
-        std::memcpy(&value, m_bytes + PAYLOAD_AT, sizeof value);
+        std::memcpy(&value, m_bytes + PAYLOAD_AT, sizeof(Payload));
         return value;
     }
     template <class Payload>
     void setPayload(Payload value) noexcept {
-        static_assert(sizeof value <= sizeof m_bytes - PAYLOAD_AT);
-        std::memcpy(m_bytes + PAYLOAD_AT, &value, sizeof value);
+        static_assert(sizeof(Payload) <= sizeof m_bytes - PAYLOAD_AT);
+        std::memcpy(m_bytes + PAYLOAD_AT, &value, sizeof(Payload));
     }
+    // NOLINTEND(bugprone-sizeof-expression)
     template <class Payload>
     void store(Tag tag, Payload value) noexcept;
 

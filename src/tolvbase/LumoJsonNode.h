@@ -37,6 +37,15 @@ struct LumoJsonNode {
     static void release(LumoJsonNode* node) noexcept;
 
 private:
+    struct CopyStep {
+        const LumoJsonNode* from;
+        LumoJsonNode* to;
+    };
+
     /// Adds a key that is not there yet; its value is null.
     LumoJson& append(LumoJson key);
+    /// Copies the values into this empty node; of containers only the shell, with a step for what they hold.
+    void copyValues(const LumoJsonNode& source, std::vector<CopyStep>& open);
+    /// Puts the nodes of all values before `waiting` and returns the first that waits.
+    LumoJsonNode* detachContainers(LumoJsonNode* waiting) noexcept;
 };

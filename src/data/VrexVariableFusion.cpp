@@ -13,8 +13,8 @@ using nsVariableFusion::Term;
 using Store = VrexVariable::Derivatives;
 using Entry = Store::Entry;
 
-/// What the terms may bring together before the sum goes through stores on the heap.
-constexpr std::uint64_t MOST_ENTRIES = 96;
+/// What the terms may bring together before the sum goes through stores on the heap; positions fit a byte.
+constexpr std::uint64_t MOST_ENTRIES = 255;
 
 /// Sums entries by key into a buffer that holds all that the terms bring.
 ///
@@ -62,6 +62,51 @@ private:
     std::array<std::uint8_t, 64> m_slots; // raw where the bit is not seen
 };
 
+bool haveSameKeys(const Store& a, const Store& b) {
+    return a.size() == b.size() && nsVariableKernels::commonPrefix(a, b) == a.size();
+}
+
+/// The store whose keys, in the same order, all the terms hold that hold any; null when they differ.
+const Store* findCommonKeys(std::span<const Term> terms) {
+    const Store* common = nullptr;
+    for (const Term& term : terms) {
+        const Store& store = term.operand.derivatives();
+        if (common == nullptr) {
+            common = store.empty() ? nullptr : &store;
+        } else if (!store.empty() && !haveSameKeys(*common, store)) {
+            return nullptr;
+        }
+    }
+    return common;
+}
+
+void sumAlike(Store& result, const Store& keys, std::span<const Term> terms) {
+    const std::uint64_t count = keys.size();
+    result.reserve(count);
+    result.resizeForOverwrite(count);
+    Entry* const sums = result.begin();
+    bool isFirst = true;
+    for (const Term& term : terms) {
+        const Store& store = term.operand.derivatives();
+        const Entry* const entries = store.begin();
+        const double factor = term.factor;
+        if (store.empty()) {
+            continue;
+        }
+        if (isFirst) {
+            for (std::uint64_t i = 0; i < count; ++i) {
+                sums[i].key = entries[i].key;
+                sums[i].value = factor * entries[i].value;
+            }
+            isFirst = false;
+        } else {
+            for (std::uint64_t i = 0; i < count; ++i) {
+                sums[i].value += factor * entries[i].value;
+            }
+        }
+    }
+}
+
 void sumInside(Store& result, std::span<const Term> terms) {
     Accumulator accumulator(result.begin());
     for (const Term& term : terms) {
@@ -98,7 +143,9 @@ VrexVariable nsVariableFusion::linearCombination(double value, std::span<const T
         most += term.operand.derivatives().size();
     }
     VrexVariable result(value);
-    if (most <= Store::INLINE_CAPACITY) {
+    if (const Store* keys = findCommonKeys(terms); keys != nullptr) {
+        sumAlike(result.derivatives(), *keys, terms);
+    } else if (most <= Store::INLINE_CAPACITY) {
         sumInside(result.derivatives(), terms);
     } else if (most <= MOST_ENTRIES) {
         sumThroughBuffer(result.derivatives(), terms);

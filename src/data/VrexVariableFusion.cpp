@@ -66,18 +66,28 @@ bool haveSameKeys(const Store& a, const Store& b) {
     return a.size() == b.size() && nsVariableKernels::commonPrefix(a, b) == a.size();
 }
 
-/// The store whose keys, in the same order, all the terms hold that hold any; null when they differ.
-const Store* findCommonKeys(std::span<const Term> terms) {
-    const Store* common = nullptr;
+/// What the terms bring: their entries, and whether all that hold keys hold the same in the same order.
+struct Survey {
+    const Store* first = nullptr; ///< The first store that holds keys.
+    std::uint64_t entries = 0;
+    bool alike = true;
+};
+
+Survey surveyOf(std::span<const Term> terms) {
+    Survey survey;
     for (const Term& term : terms) {
         const Store& store = term.operand.derivatives();
-        if (common == nullptr) {
-            common = store.empty() ? nullptr : &store;
-        } else if (!store.empty() && !haveSameKeys(*common, store)) {
-            return nullptr;
+        survey.entries += store.size();
+        if (store.empty()) {
+            continue;
+        }
+        if (survey.first == nullptr) {
+            survey.first = &store;
+        } else if (survey.alike) {
+            survey.alike = haveSameKeys(*survey.first, store);
         }
     }
-    return common;
+    return survey;
 }
 
 void sumAlike(Store& result, const Store& keys, std::span<const Term> terms) {
@@ -138,16 +148,16 @@ void sumThroughStores(Store& result, std::span<const Term> terms) {
 } // namespace
 
 VrexVariable nsVariableFusion::linearCombination(double value, std::span<const Term> terms) {
-    std::uint64_t most = 0;
-    for (const Term& term : terms) {
-        most += term.operand.derivatives().size();
-    }
     VrexVariable result(value);
-    if (const Store* keys = findCommonKeys(terms); keys != nullptr) {
-        sumAlike(result.derivatives(), *keys, terms);
-    } else if (most <= Store::INLINE_CAPACITY) {
+    const Survey survey = surveyOf(terms);
+    if (survey.first == nullptr) {
+        return result;
+    }
+    if (survey.alike) {
+        sumAlike(result.derivatives(), *survey.first, terms);
+    } else if (survey.entries <= Store::INLINE_CAPACITY) {
         sumInside(result.derivatives(), terms);
-    } else if (most <= MOST_ENTRIES) {
+    } else if (survey.entries <= MOST_ENTRIES) {
         sumThroughBuffer(result.derivatives(), terms);
     } else {
         sumThroughStores(result.derivatives(), terms);

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 
-#include "data/VrexExport.h"
 #include "data/VrexMiniMap.h"
 #include "data/VrexVariableKeyIndex.h"
 #include "data/VrexVariableKeyMatch.h"
@@ -43,10 +41,6 @@ inline void scaledCopy(Store& result, const Store& a, double c) {
     }
 }
 
-/// Most entries of a second store that are looked through one by one; more of them are found through an
-/// index.
-inline constexpr std::uint64_t FEW = 4;
-
 /// Length of the longest common run of keys at the front of both stores.
 inline std::uint64_t commonPrefix(const Store& a, const Store& b) {
     const std::uint64_t count = a.size() < b.size() ? a.size() : b.size();
@@ -59,66 +53,82 @@ inline std::uint64_t commonPrefix(const Store& a, const Store& b) {
     return i;
 }
 
-/// Finds keys in a run of a few entries by looking, first behind the last one found.
-class KeySearch {
-public:
-    KeySearch(const Store::Entry* entries, std::uint64_t count) : m_entries(entries), m_count(count) {}
-    std::size_t find(std::uint64_t key) {
-        std::uint64_t i = m_next;
-        if (i >= m_count || m_entries[i].key != key) {
-            i = 0;
-            while (i < m_count && m_entries[i].key != key) {
-                ++i;
-            }
-            if (i == m_count) {
-                return VrexVariableKeyIndex::NOWHERE;
-            }
-        }
-        m_next = i + 1;
-        return i;
+/// The rest of `combine` where each store has at most 64 entries from `common` on. All of `a` is written as
+/// if `b` had none of its keys, then `b` is laid over it: the loops hardly branch on what the keys are.
+template <typename Rule>
+[[gnu::noinline]] void combineUnlike(Store& result, const Store& a, const Store& b, std::uint64_t common,
+                                     const Rule& rule) {
+    const Store::Entry* const left = a.begin() + common;
+    const std::uint64_t leftCount = a.size() - common;
+    Store::Entry* overlay = result.begin() + common;
+    VrexVariableKeyIndex index(left);
+    for (std::uint64_t i = 0; i < leftCount; ++i) {
+        const std::uint64_t key = left[i].key;
+        index.add(key, i);
+        overlay[i].key = key;
+        overlay[i].value = rule(left[i].value, 0.0);
     }
-
-private:
-    const Store::Entry* m_entries;
-    std::uint64_t m_count;
-    std::uint64_t m_next = 0;
-};
-
-/// Writes the entries of a union from `common` on, where both stores agree in all keys before; gives its end.
-/// `finder` looks among b's entries from there on, which are at most 64.
-template <typename Rule, typename Finder>
-inline Store::Entry* writeUnion(Store::Entry* target, const Store& a, const Store& b, std::uint64_t common,
-                                Finder finder, const Rule& rule) {
-    const Store::Entry* const right = b.begin() + common;
-    std::uint64_t hits = 0;
-    for (const Store::Entry *left = a.begin() + common, *end = a.end(); left != end; ++left, ++target) {
-        const std::size_t j = finder.find(left->key);
-        double db = 0.0;
-        if (j != VrexVariableKeyIndex::NOWHERE) {
-            hits |= std::uint64_t{1} << j;
-            db = right[j].value;
+    std::uint64_t count = a.size();
+    std::uint64_t room = result.capacity() == 0 ? Store::INLINE_CAPACITY : result.capacity();
+    for (const Store::Entry *right = b.begin() + common, *end = b.end(); right != end; ++right) {
+        const std::size_t i = index.find(right->key);
+        if (i != VrexVariableKeyIndex::NOWHERE) {
+            overlay[i].value = rule(left[i].value, right->value);
+            continue;
         }
-        target->key = left->key;
-        target->value = rule(left->value, db);
-    }
-    for (std::uint64_t j = 0, count = b.size() - common; j < count; ++j) {
-        if ((hits >> j & 1) == 0) {
-            target->key = right[j].key;
-            target->value = rule(0.0, right[j].value);
-            ++target;
+        if (count == room) [[unlikely]] {
+            result.resizeForOverwrite(count);
+            result.reserve(a.size() + b.size());
+            room = result.capacity();
+            overlay = result.begin() + common;
         }
+        Store::Entry& added = overlay[count - common];
+        added.key = right->key;
+        added.value = rule(0.0, right->value);
+        ++count;
     }
-    return target;
+    result.resizeForOverwrite(count);
 }
 
-/// `writeUnion` for a second store with any number of further entries.
+/// The rest of `combine` where `b` has one key more than the common ones.
 template <typename Rule>
-[[gnu::noinline]] Store::Entry* writeLongUnion(Store::Entry* target, const Store& a, const Store& b,
-                                               std::uint64_t common, const Rule& rule) {
+[[gnu::noinline]] void combineUnlikeOne(Store& result, const Store& a, const Store::Entry& right,
+                                        std::uint64_t common, const Rule& rule) {
+    const Store::Entry* const left = a.begin() + common;
+    const std::uint64_t leftCount = a.size() - common;
+    Store::Entry* target = result.begin() + common;
+    std::uint64_t hit = leftCount;
+    for (std::uint64_t i = 0; i < leftCount; ++i) {
+        const std::uint64_t key = left[i].key;
+        hit = key == right.key ? i : hit;
+        target[i].key = key;
+        target[i].value = rule(left[i].value, 0.0);
+    }
+    if (hit != leftCount) {
+        target[hit].value = rule(left[hit].value, right.value);
+        result.resizeForOverwrite(a.size());
+        return;
+    }
+    if (a.size() == Store::INLINE_CAPACITY) [[unlikely]] {
+        result.resizeForOverwrite(a.size());
+        result.reserve(a.size() + common + 1);
+        target = result.begin() + common;
+    }
+    target[leftCount].key = right.key;
+    target[leftCount].value = rule(0.0, right.value);
+    result.resizeForOverwrite(a.size() + 1);
+}
+
+/// The rest of `combine` for stores of any size, whose result has its room.
+template <typename Rule>
+[[gnu::noinline]] void combineUnlikeMany(Store& result, const Store& a, const Store& b, std::uint64_t common,
+                                         const Rule& rule) {
     const Store::Entry* left = a.begin() + common;
     const Store::Entry* right = b.begin() + common;
     const std::uint64_t leftCount = a.size() - common;
     const VrexVariableKeyMatch match(left, leftCount, right, b.size() - common);
+    result.resizeForOverwrite(a.size() + match.rest().size());
+    Store::Entry* target = result.begin() + common;
     for (std::uint64_t i = 0; i < leftCount; ++i) {
         const std::size_t j = match.position(i);
         *target++ = {left[i].key,
@@ -127,33 +137,20 @@ template <typename Rule>
     for (const std::size_t j : match.rest()) {
         *target++ = {right[j].key, rule(0.0, right[j].value)};
     }
-    return target;
 }
 
-/// Makes room in `result`, of which `common` entries are written, for the union of two stores that fit inside
-/// each, but perhaps not together.
-[[gnu::noinline]] VREX_DATA_EXPORT void makeRoomForUnion(Store& result, const Store& a, const Store& b,
-                                                         std::uint64_t common);
-
-/// The rest of `combine` where the keys agree only up to `common`.
+/// The rest of `combine` where the keys agree only up to `common`, for which the result is written.
 template <typename Rule>
-[[gnu::noinline]] void combineUnlike(Store& result, const Store& a, const Store& b, std::uint64_t common,
-                                     const Rule& rule) {
-    const std::uint64_t rightCount = b.size() - common;
-    if (a.size() + rightCount > Store::INLINE_CAPACITY && result.capacity() == 0) [[unlikely]] {
-        makeRoomForUnion(result, a, b, common);
-    }
-    Store::Entry* const first = result.begin();
-    Store::Entry* end = nullptr;
-    if (rightCount <= FEW) {
-        end = writeUnion(first + common, a, b, common, KeySearch(b.begin() + common, rightCount), rule);
-    } else if (rightCount <= VrexVariableKeyIndex::MOST) {
-        end = writeUnion(first + common, a, b, common, VrexVariableKeyIndex(b.begin() + common, rightCount),
-                         rule);
+inline void combineRest(Store& result, const Store& a, const Store& b, std::uint64_t common,
+                        const Rule& rule) {
+    if (b.size() - common == 1) {
+        combineUnlikeOne(result, a, b.begin()[common], common, rule);
+    } else if (a.size() - common <= VrexVariableKeyIndex::MOST &&
+               b.size() - common <= VrexVariableKeyIndex::MOST) {
+        combineUnlike(result, a, b, common, rule);
     } else {
-        end = writeLongUnion(first + common, a, b, common, rule);
+        combineUnlikeMany(result, a, b, common, rule);
     }
-    result.resizeForOverwrite(static_cast<std::uint64_t>(end - first));
 }
 
 /// Fills the empty `result` with rule(da, db) for each key: those of `a` in their order, then those that only
@@ -178,7 +175,7 @@ inline void combine(Store& result, const Store& a, const Store& b, const Rule& r
     if (leftCount == rightCount && i == count) {
         result.resizeForOverwrite(count);
     } else {
-        combineUnlike(result, a, b, i, rule);
+        combineRest(result, a, b, i, rule);
     }
 }
 
@@ -218,20 +215,29 @@ inline void combineInto(Store& store, const Store& b, const Update& update, cons
     }
     const Store::Entry* right = b.begin();
     const VrexVariableKeyIndex index(right + common, rightCount);
-    std::uint64_t hits = 0;
-    for (std::uint64_t i = common; i < before; ++i) {
-        const std::size_t j = index.find(store.begin()[i].key);
-        hits |= j != VrexVariableKeyIndex::NOWHERE ? std::uint64_t{1} << j : 0;
+    const std::uint64_t room =
+        store.capacity() > Store::INLINE_CAPACITY ? store.capacity() : Store::INLINE_CAPACITY;
+    if (before + rightCount > room) {
+        std::uint64_t rest = rightCount;
+        for (std::uint64_t i = common; i < before; ++i) {
+            rest -= index.find(store.begin()[i].key) != VrexVariableKeyIndex::NOWHERE ? 1 : 0;
+        }
+        store.reserveForAppending(rest);
     }
-    store.reserveForAppending(rightCount - static_cast<std::uint64_t>(std::popcount(hits)));
     Store::Entry* target = store.begin();
     for (std::uint64_t i = 0; i < common; ++i) {
         target[i].value = update(target[i].value, right[i].value);
     }
     right += common;
+    std::uint64_t hits = 0;
     for (std::uint64_t i = common; i < before; ++i) {
-        const std::size_t j = hits != 0 ? index.find(target[i].key) : VrexVariableKeyIndex::NOWHERE;
-        target[i].value = update(target[i].value, j != VrexVariableKeyIndex::NOWHERE ? right[j].value : 0.0);
+        const std::size_t j = index.find(target[i].key);
+        double db = 0.0;
+        if (j != VrexVariableKeyIndex::NOWHERE) {
+            hits |= std::uint64_t{1} << j;
+            db = right[j].value;
+        }
+        target[i].value = update(target[i].value, db);
     }
     for (std::uint64_t j = 0; j < rightCount; ++j) {
         if ((hits >> j & 1) == 0) {

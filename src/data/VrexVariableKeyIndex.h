@@ -1,41 +1,50 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "data/VrexMiniMap.h"
 
-/// Finds keys in a run of at most `MOST` entries, on the stack. The entries must outlive it.
+/// Finds the keys of at most `MOST` entries, on the stack.
 ///
-/// A bit for the low six bits of each key tells most absent keys without a look, and the slot of a seen bit
-/// says where to look first. Only keys that share their low bits are searched for.
+/// The low six bits of a key name the slot that says where to look; only keys that share them are searched
+/// for.
 class VrexVariableKeyIndex {
 public:
     using Entry = VrexMiniMap<std::uint64_t, double, 10>::Entry;
     static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
-    static constexpr std::size_t MOST = 32;
+    static constexpr std::size_t MOST = 64;
 
-    VrexVariableKeyIndex(const Entry* entries, std::size_t count) : m_entries(entries), m_count(count) {
+    /// Empty; positions count from `entries`, which must outlive the index.
+    explicit VrexVariableKeyIndex(const Entry* entries) : m_entries(entries) {
+        std::memset(m_slots, FREE, sizeof m_slots);
+    }
+    VrexVariableKeyIndex(const Entry* entries, std::size_t count) : VrexVariableKeyIndex(entries) {
         for (std::size_t i = 0; i < count; ++i) {
-            const unsigned low = entries[i].key & 63;
-            m_seen |= std::uint64_t{1} << low;
-            m_slots[low] = static_cast<std::uint8_t>(i);
+            add(entries[i].key, i);
         }
+    }
+    /// Positions rise one by one from 0.
+    void add(std::uint64_t key, std::size_t position) {
+        m_slots[key & 63] = static_cast<std::uint8_t>(position);
+        m_count = position + 1;
     }
     /// The position of `key`, or `NOWHERE`.
     [[nodiscard]] std::size_t find(std::uint64_t key) const {
-        if ((m_seen >> (key & 63) & 1) == 0) {
+        const std::size_t guess = m_slots[key & 63];
+        if (guess == FREE) {
             return NOWHERE;
         }
-        const std::size_t guess = m_slots[key & 63];
-        return m_entries[guess].key == key ? guess : search(key);
+        return m_entries[guess].key == key ? guess : search(m_entries, m_count, key);
     }
 
 private:
-    [[nodiscard]] std::size_t search(std::uint64_t key) const {
-        for (std::size_t i = 0; i < m_count; ++i) {
-            if (m_entries[i].key == key) {
+    static constexpr std::uint8_t FREE = 255;
+
+    [[gnu::noinline]] static std::size_t search(const Entry* entries, std::size_t count, std::uint64_t key) {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (entries[i].key == key) {
                 return i;
             }
         }
@@ -43,7 +52,6 @@ private:
     }
 
     const Entry* m_entries;
-    std::size_t m_count;
-    std::uint64_t m_seen = 0;
-    std::array<std::uint8_t, 64> m_slots; // raw where the bit is not seen
+    std::size_t m_count = 0;
+    std::uint8_t m_slots[64];
 };

@@ -62,59 +62,82 @@ private:
     std::array<std::uint8_t, 64> m_slots; // raw where the bit is not seen
 };
 
-bool haveSameKeys(const Store& a, const Store& b) {
-    return a.size() == b.size() && nsVariableKernels::commonPrefix(a, b) == a.size();
+/// A look at the outermost terms, which mostly tells.
+bool mayBeAlike(std::span<const Term> terms) {
+    if (terms.empty()) {
+        return true;
+    }
+    const Store& first = terms.front().operand.derivatives();
+    const Store& last = terms.back().operand.derivatives();
+    return first.empty() || last.empty() || first.begin()->key == last.begin()->key;
 }
 
-/// What the terms bring: their entries, and whether all that hold keys hold the same in the same order.
-struct Survey {
-    const Store* first = nullptr; ///< The first store that holds keys.
-    std::uint64_t entries = 0;
-    bool alike = true;
+/// The terms that hold keys, when these are few and hold equally many.
+class EqualTerms {
+public:
+    explicit EqualTerms(std::span<const Term> terms) {
+        for (const Term& term : terms) {
+            const Store& store = term.operand.derivatives();
+            if (store.empty()) {
+                continue;
+            }
+            if (m_count == MOST || (m_count > 0 && store.size() != m_size)) {
+                m_count = NONE;
+                return;
+            }
+            m_size = store.size();
+            m_entries[m_count] = store.begin();
+            m_factors[m_count] = term.factor;
+            ++m_count;
+        }
+    }
+    /// Sums the terms into `result` as long as each key stands at the same place in all; false leaves the
+    /// size of `result` 0.
+    bool sum(Store& result) const {
+        if (m_count == NONE || !haveKeyInCommon(0)) {
+            return false;
+        }
+        result.reserve(m_size);
+        Entry* const sums = result.begin();
+        for (std::uint64_t i = 0; i < m_size; ++i) {
+            if (!haveKeyInCommon(i)) {
+                return false;
+            }
+            double total = m_factors[0] * m_entries[0][i].value;
+            for (std::size_t term = 1; term < m_count; ++term) {
+                total += m_factors[term] * m_entries[term][i].value;
+            }
+            sums[i].key = m_entries[0][i].key;
+            sums[i].value = total;
+        }
+        result.resizeForOverwrite(m_size);
+        return true;
+    }
+
+private:
+    static constexpr std::size_t MOST = 8;
+    static constexpr std::size_t NONE = MOST + 1;
+
+    bool haveKeyInCommon(std::uint64_t i) const {
+        std::uint64_t difference = 0;
+        for (std::size_t term = 1; term < m_count; ++term) {
+            difference |= m_entries[term][i].key ^ m_entries[0][i].key;
+        }
+        return difference == 0;
+    }
+
+    std::size_t m_count = 0;
+    std::uint64_t m_size = 0;
+    std::array<const Entry*, MOST> m_entries;
+    std::array<double, MOST> m_factors;
 };
 
-Survey surveyOf(std::span<const Term> terms) {
-    Survey survey;
+std::uint64_t countEntries(std::span<const Term> terms) {
+    std::uint64_t count = 0;
     for (const Term& term : terms) {
-        const Store& store = term.operand.derivatives();
-        survey.entries += store.size();
-        if (store.empty()) {
-            continue;
-        }
-        if (survey.first == nullptr) {
-            survey.first = &store;
-        } else if (survey.alike) {
-            survey.alike = haveSameKeys(*survey.first, store);
-        }
+        count += term.operand.derivatives().size();
     }
-    return survey;
-}
-
-void sumAlike(Store& result, const Store& keys, std::span<const Term> terms) {
-    const std::uint64_t count = keys.size();
-    result.reserve(count);
-    result.resizeForOverwrite(count);
-    Entry* const sums = result.begin();
-    bool isFirst = true;
-    for (const Term& term : terms) {
-        const Store& store = term.operand.derivatives();
-        const Entry* const entries = store.begin();
-        const double factor = term.factor;
-        if (store.empty()) {
-            continue;
-        }
-        if (isFirst) {
-            for (std::uint64_t i = 0; i < count; ++i) {
-                sums[i].key = entries[i].key;
-                sums[i].value = factor * entries[i].value;
-            }
-            isFirst = false;
-        } else {
-            for (std::uint64_t i = 0; i < count; ++i) {
-                sums[i].value += factor * entries[i].value;
-            }
-        }
-    }
+    return count;
 }
 
 void sumInside(Store& result, std::span<const Term> terms) {
@@ -149,15 +172,13 @@ void sumThroughStores(Store& result, std::span<const Term> terms) {
 
 VrexVariable nsVariableFusion::linearCombination(double value, std::span<const Term> terms) {
     VrexVariable result(value);
-    const Survey survey = surveyOf(terms);
-    if (survey.first == nullptr) {
+    if (mayBeAlike(terms) && EqualTerms(terms).sum(result.derivatives())) {
         return result;
     }
-    if (survey.alike) {
-        sumAlike(result.derivatives(), *survey.first, terms);
-    } else if (survey.entries <= Store::INLINE_CAPACITY) {
+    const std::uint64_t entries = countEntries(terms);
+    if (entries <= Store::INLINE_CAPACITY) {
         sumInside(result.derivatives(), terms);
-    } else if (survey.entries <= MOST_ENTRIES) {
+    } else if (entries <= MOST_ENTRIES) {
         sumThroughBuffer(result.derivatives(), terms);
     } else {
         sumThroughStores(result.derivatives(), terms);

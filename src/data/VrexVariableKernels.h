@@ -56,16 +56,15 @@ inline std::uint64_t commonPrefix(const Store& a, const Store& b) {
 /// The rest of `combine` where each store has at most 64 entries from `common` on. All of `a` is written as
 /// if `b` had none of its keys, then `b` is laid over it: the loops hardly branch on what the keys are.
 template <typename Rule>
-[[gnu::noinline]] void combineUnlike(Store& result, const Store& a, const Store& b, std::uint64_t common,
-                                     const Rule& rule) {
+inline void combineUnlike(Store& result, const Store& a, const Store& b, std::uint64_t common,
+                          const Rule& rule) {
     const Store::Entry* const left = a.begin() + common;
     const std::uint64_t leftCount = a.size() - common;
     Store::Entry* overlay = result.begin() + common;
     VrexVariableKeyIndex index(left);
     for (std::uint64_t i = 0; i < leftCount; ++i) {
-        const std::uint64_t key = left[i].key;
-        index.add(key, i);
-        overlay[i].key = key;
+        index.add(left[i].key, i);
+        overlay[i].key = left[i].key;
         overlay[i].value = rule(left[i].value, 0.0);
     }
     std::uint64_t count = a.size();
@@ -82,47 +81,17 @@ template <typename Rule>
             room = result.capacity();
             overlay = result.begin() + common;
         }
-        Store::Entry& added = overlay[count - common];
-        added.key = right->key;
-        added.value = rule(0.0, right->value);
+        overlay[count - common].key = right->key;
+        overlay[count - common].value = rule(0.0, right->value);
         ++count;
     }
     result.resizeForOverwrite(count);
 }
 
-/// The rest of `combine` where `b` has one key more than the common ones.
-template <typename Rule>
-[[gnu::noinline]] void combineUnlikeOne(Store& result, const Store& a, const Store::Entry& right,
-                                        std::uint64_t common, const Rule& rule) {
-    const Store::Entry* const left = a.begin() + common;
-    const std::uint64_t leftCount = a.size() - common;
-    Store::Entry* target = result.begin() + common;
-    std::uint64_t hit = leftCount;
-    for (std::uint64_t i = 0; i < leftCount; ++i) {
-        const std::uint64_t key = left[i].key;
-        hit = key == right.key ? i : hit;
-        target[i].key = key;
-        target[i].value = rule(left[i].value, 0.0);
-    }
-    if (hit != leftCount) {
-        target[hit].value = rule(left[hit].value, right.value);
-        result.resizeForOverwrite(a.size());
-        return;
-    }
-    if (a.size() == Store::INLINE_CAPACITY) [[unlikely]] {
-        result.resizeForOverwrite(a.size());
-        result.reserve(a.size() + common + 1);
-        target = result.begin() + common;
-    }
-    target[leftCount].key = right.key;
-    target[leftCount].value = rule(0.0, right.value);
-    result.resizeForOverwrite(a.size() + 1);
-}
-
 /// The rest of `combine` for stores of any size, whose result has its room.
 template <typename Rule>
-[[gnu::noinline]] void combineUnlikeMany(Store& result, const Store& a, const Store& b, std::uint64_t common,
-                                         const Rule& rule) {
+inline void combineUnlikeMany(Store& result, const Store& a, const Store& b, std::uint64_t common,
+                              const Rule& rule) {
     const Store::Entry* left = a.begin() + common;
     const Store::Entry* right = b.begin() + common;
     const std::uint64_t leftCount = a.size() - common;
@@ -139,44 +108,109 @@ template <typename Rule>
     }
 }
 
-/// The rest of `combine` where the keys agree only up to `common`, for which the result is written.
+/// Fills the empty `result` with rule(da, db) for each key: those of `a` in their order, then those that only
+/// `b` has. The entry of a key that a store lacks is 0. Allocates a.size + b.size when the union does not fit
+/// inside.
 template <typename Rule>
-inline void combineRest(Store& result, const Store& a, const Store& b, std::uint64_t common,
-                        const Rule& rule) {
-    if (b.size() - common == 1) {
-        combineUnlikeOne(result, a, b.begin()[common], common, rule);
-    } else if (a.size() - common <= VrexVariableKeyIndex::MOST &&
-               b.size() - common <= VrexVariableKeyIndex::MOST) {
+[[gnu::noinline]] void combine(Store& result, const Store& a, const Store& b, const Rule& rule) {
+    if (a.size() > Store::INLINE_CAPACITY || b.size() > Store::INLINE_CAPACITY) {
+        result.reserve(a.size() + b.size());
+    }
+    const std::uint64_t count = a.size() < b.size() ? a.size() : b.size();
+    const Store::Entry* left = a.begin();
+    const Store::Entry* right = b.begin();
+    Store::Entry* target = result.begin();
+    std::uint64_t common = 0;
+    for (; common < count && left[common].key == right[common].key; ++common) {
+        target[common].key = left[common].key;
+        target[common].value = rule(left[common].value, right[common].value);
+    }
+    if (a.size() - common <= VrexVariableKeyIndex::MOST && b.size() - common <= VrexVariableKeyIndex::MOST) {
         combineUnlike(result, a, b, common, rule);
     } else {
         combineUnlikeMany(result, a, b, common, rule);
     }
 }
 
-/// Fills the empty `result` with rule(da, db) for each key: those of `a` in their order, then those that only
-/// `b` has. The entry of a key that a store lacks is 0. Allocates a.size + b.size when the union does not fit
-/// inside.
+/// Writes the union of a run and one more key, which one may be in the run; gives the end.
 template <typename Rule>
-inline void combine(Store& result, const Store& a, const Store& b, const Rule& rule) {
+inline Store::Entry* writeWithOneRight(Store::Entry* target, const Store::Entry* left,
+                                       const Store::Entry* leftEnd, const Store::Entry& one,
+                                       const Rule& rule) {
+    const Store::Entry* hit = nullptr;
+    Store::Entry* hitTarget = nullptr;
+    for (; left != leftEnd; ++left, ++target) {
+        target->key = left->key;
+        target->value = rule(left->value, 0.0);
+        if (left->key == one.key) {
+            hit = left;
+            hitTarget = target;
+        }
+    }
+    if (hit != nullptr) {
+        hitTarget->value = rule(hit->value, one.value);
+        return target;
+    }
+    target->key = one.key;
+    target->value = rule(0.0, one.value);
+    return target + 1;
+}
+
+/// Writes the union of one key and a run, in which that key may be; gives the end. Uses one entry more.
+template <typename Rule>
+inline Store::Entry* writeWithOneLeft(Store::Entry* target, const Store::Entry& one,
+                                      const Store::Entry* right, const Store::Entry* rightEnd,
+                                      const Rule& rule) {
+    Store::Entry& first = *target++;
+    first.key = one.key;
+    double other = 0.0;
+    for (; right != rightEnd; ++right) {
+        if (right->key == one.key) {
+            other = right->value;
+        } else {
+            target->key = right->key;
+            target->value = rule(0.0, right->value);
+            ++target;
+        }
+    }
+    first.value = rule(one.value, other);
+    return target;
+}
+
+/// `combine` for stores of at most `INLINE_CAPACITY` entries each: ways without an index come first.
+template <typename Rule>
+inline void combineSmall(Store& result, const Store& a, const Store& b, const Rule& rule) {
     const std::uint64_t leftCount = a.size();
     const std::uint64_t rightCount = b.size();
-    if (leftCount > Store::INLINE_CAPACITY || rightCount > Store::INLINE_CAPACITY) [[unlikely]] {
-        result.reserve(leftCount + rightCount);
-    }
-    const std::uint64_t count = leftCount < rightCount ? leftCount : rightCount;
     const Store::Entry* left = a.begin();
     const Store::Entry* right = b.begin();
-    Store::Entry* target = result.begin();
-    std::uint64_t i = 0;
-    for (; i < count && left[i].key == right[i].key; ++i) {
-        target[i].key = left[i].key;
-        target[i].value = rule(left[i].value, right[i].value);
+    const Store::Entry* const leftEnd = left + leftCount;
+    const Store::Entry* const rightEnd = right + rightCount;
+    Store::Entry* const first = result.begin();
+    Store::Entry* target = first;
+    const std::uint64_t least = leftCount < rightCount ? leftCount : rightCount;
+    for (const Store::Entry* end = left + least; left != end && left->key == right->key;
+         ++left, ++right, ++target) {
+        target->key = left->key;
+        target->value = rule(left->value, right->value);
     }
-    if (leftCount == rightCount && i == count) {
-        result.resizeForOverwrite(count);
+    if (right == rightEnd || left == leftEnd) {
+        for (; left != leftEnd; ++left, ++target) {
+            target->key = left->key;
+            target->value = rule(left->value, 0.0);
+        }
+        for (; right != rightEnd; ++right, ++target) {
+            target->key = right->key;
+            target->value = rule(0.0, right->value);
+        }
+    } else if (rightEnd - right == 1 && leftCount < Store::INLINE_CAPACITY) {
+        target = writeWithOneRight(target, left, leftEnd, *right, rule);
+    } else if (leftEnd - left == 1 && rightCount < Store::INLINE_CAPACITY) {
+        target = writeWithOneLeft(target, *left, right, rightEnd, rule);
     } else {
-        combineRest(result, a, b, i, rule);
+        return combineUnlike(result, a, b, static_cast<std::uint64_t>(target - first), rule);
     }
+    result.resizeForOverwrite(static_cast<std::uint64_t>(target - first));
 }
 
 /// `combineInto` for a right store of many entries.
@@ -230,14 +264,18 @@ inline void combineInto(Store& store, const Store& b, const Update& update, cons
     }
     right += common;
     std::uint64_t hits = 0;
-    for (std::uint64_t i = common; i < before; ++i) {
-        const std::size_t j = index.find(target[i].key);
-        double db = 0.0;
-        if (j != VrexVariableKeyIndex::NOWHERE) {
-            hits |= std::uint64_t{1} << j;
-            db = right[j].value;
+    for (Store::Entry *entry = target + common, *end = target + before; entry != end; ++entry) {
+        if (!index.mayHold(entry->key)) [[likely]] {
+            entry->value = update(entry->value, 0.0);
+            continue;
         }
-        target[i].value = update(target[i].value, db);
+        const std::size_t j = index.find(entry->key);
+        if (j == VrexVariableKeyIndex::NOWHERE) {
+            entry->value = update(entry->value, 0.0);
+        } else {
+            hits |= std::uint64_t{1} << j;
+            entry->value = update(entry->value, right[j].value);
+        }
     }
     for (std::uint64_t j = 0; j < rightCount; ++j) {
         if ((hits >> j & 1) == 0) {

@@ -23,8 +23,11 @@ public:
     VrexVariableKeyIndex(const Entry* entries, std::size_t count) : VrexVariableKeyIndex(entries) {
         for (std::size_t i = 0; i < count; ++i) {
             add(entries[i].key, i);
+            m_seen |= std::uint64_t{1} << (entries[i].key & 63);
         }
     }
+    /// False only for a key that is absent. Only for an index made of entries.
+    [[nodiscard]] bool mayHold(std::uint64_t key) const { return (m_seen >> (key & 63) & 1) != 0; }
     /// Positions rise one by one from 0.
     void add(std::uint64_t key, std::size_t position) {
         m_slots[key & 63] = static_cast<std::uint8_t>(position);
@@ -53,5 +56,6 @@ private:
 
     const Entry* m_entries;
     std::size_t m_count = 0;
+    std::uint64_t m_seen = 0;
     std::uint8_t m_slots[64];
 };

@@ -148,6 +148,32 @@ VrexVariable weightedNormByVectors(const Values<VrexVariable>& v) {
     return sqrt(sum);
 }
 
+/// The length of the weighted sum of twenty points, sixty inputs.
+template <typename T>
+T weightedSumNorm(const Values<T>& v) {
+    using std::sqrt;
+    T x = v[0] * 1.0;
+    T y = v[1] * 1.0;
+    T z = v[2] * 1.0;
+    for (std::size_t i = 3; i < v.size(); i += 3) {
+        const double weight = 1.0 + 0.1 * static_cast<double>(i);
+        x += v[i] * weight;
+        y += v[i + 1] * weight;
+        z += v[i + 2] * weight;
+    }
+    return sqrt(x * x + y * y + z * z);
+}
+
+VrexVariable weightedSumNormByVectors(const Values<VrexVariable>& v) {
+    using Vector = VrexVector3DT<VrexVariable>;
+    Vector sum(v[0], v[1], v[2]);
+    for (std::size_t i = 3; i < v.size(); i += 3) {
+        const double weight = 1.0 + 0.1 * static_cast<double>(i);
+        sum += Vector(v[i], v[i + 1], v[i + 2]) * weight;
+    }
+    return sum.magnitude();
+}
+
 template <typename T, typename Function>
 void measure(const char* name, Values<T> inputs, Function function) {
     benchmark::RegisterBenchmark(name, [inputs = std::move(inputs), function](benchmark::State& state) {
@@ -165,6 +191,7 @@ void registerAll() {
 #ifdef VREX_HAS_CERES
     measure("rotated_distance/peer_jet14", jets<14>(), [](const auto& v) { return rotatedDistance(v); });
     measure("weighted_norm/peer_jet60", jets<60>(), [](const auto& v) { return weightedNorm(v); });
+    measure("weighted_sum_norm/peer_jet60", jets<60>(), [](const auto& v) { return weightedSumNorm(v); });
     measure("weighted_norm_of_all/peer_jet60", jets<60>(),
             [](const auto& v) { return weightedNormOfAll(v); });
     measure("small_expression/peer_jet3", jets<3>(), [](const auto& v) { return smallExpression(v); });
@@ -175,6 +202,10 @@ void registerAll() {
     measure("weighted_norm/operators", variables(60), [](const auto& v) { return weightedNorm(v); });
     measure("weighted_norm/vectors", variables(60), weightedNormByVectors);
     measure("weighted_norm/eigen_dynamic", dynamics(60), [](const auto& v) { return weightedNorm(v); });
+    measure("weighted_sum_norm/operators", variables(60), [](const auto& v) { return weightedSumNorm(v); });
+    measure("weighted_sum_norm/vectors", variables(60), weightedSumNormByVectors);
+    measure("weighted_sum_norm/eigen_dynamic", dynamics(60),
+            [](const auto& v) { return weightedSumNorm(v); });
     measure("weighted_norm_of_all/operators", variables(60),
             [](const auto& v) { return weightedNormOfAll(v); });
     measure("weighted_norm_of_all/eigen_dynamic", dynamics(60),

@@ -92,16 +92,30 @@ T rotatedDistance(const Values<T>& v) {
     return dx * dx + dy * dy + dz * dz;
 }
 
-/// Twenty points with weights, sixty inputs.
+/// The norm of the weighted sum of twenty points, sixty inputs.
 template <typename T>
 T weightedNorm(const Values<T>& v) {
     using std::sqrt;
-    T sum = v[0] * v[0];
-    sum += v[1] * v[1];
-    sum += v[2] * v[2];
+    T x = 1.5 * v[0];
+    T y = 1.5 * v[1];
+    T z = 1.5 * v[2];
     for (std::size_t i = 3; i < v.size(); i += 3) {
         const double weight = 1.0 + 0.1 * static_cast<double>(i);
-        sum += weight * (v[i] * v[i] + v[i + 1] * v[i + 1] + v[i + 2] * v[i + 2]);
+        x += weight * v[i];
+        y += weight * v[i + 1];
+        z += weight * v[i + 2];
+    }
+    return sqrt(x * x + y * y + z * z);
+}
+
+/// The norm of twenty weighted points as one vector of sixty components.
+template <typename T>
+T weightedNormOfAll(const Values<T>& v) {
+    using std::sqrt;
+    T sum = v[0] * v[0];
+    for (std::size_t i = 1; i < v.size(); ++i) {
+        const T component = (1.0 + 0.1 * static_cast<double>(i / 3)) * v[i];
+        sum += component * component;
     }
     return sqrt(sum);
 }
@@ -134,6 +148,32 @@ VrexVariable weightedNormByVectors(const Values<VrexVariable>& v) {
     return sqrt(sum);
 }
 
+/// The length of the weighted sum of twenty points, sixty inputs.
+template <typename T>
+T weightedSumNorm(const Values<T>& v) {
+    using std::sqrt;
+    T x = v[0] * 1.0;
+    T y = v[1] * 1.0;
+    T z = v[2] * 1.0;
+    for (std::size_t i = 3; i < v.size(); i += 3) {
+        const double weight = 1.0 + 0.1 * static_cast<double>(i);
+        x += v[i] * weight;
+        y += v[i + 1] * weight;
+        z += v[i + 2] * weight;
+    }
+    return sqrt(x * x + y * y + z * z);
+}
+
+VrexVariable weightedSumNormByVectors(const Values<VrexVariable>& v) {
+    using Vector = VrexVector3DT<VrexVariable>;
+    Vector sum(v[0], v[1], v[2]);
+    for (std::size_t i = 3; i < v.size(); i += 3) {
+        const double weight = 1.0 + 0.1 * static_cast<double>(i);
+        sum += Vector(v[i], v[i + 1], v[i + 2]) * weight;
+    }
+    return sum.magnitude();
+}
+
 template <typename T, typename Function>
 void measure(const char* name, Values<T> inputs, Function function) {
     benchmark::RegisterBenchmark(name, [inputs = std::move(inputs), function](benchmark::State& state) {
@@ -151,6 +191,9 @@ void registerAll() {
 #ifdef VREX_HAS_CERES
     measure("rotated_distance/peer_jet14", jets<14>(), [](const auto& v) { return rotatedDistance(v); });
     measure("weighted_norm/peer_jet60", jets<60>(), [](const auto& v) { return weightedNorm(v); });
+    measure("weighted_sum_norm/peer_jet60", jets<60>(), [](const auto& v) { return weightedSumNorm(v); });
+    measure("weighted_norm_of_all/peer_jet60", jets<60>(),
+            [](const auto& v) { return weightedNormOfAll(v); });
     measure("small_expression/peer_jet3", jets<3>(), [](const auto& v) { return smallExpression(v); });
 #endif
     measure("rotated_distance/operators", variables(14), [](const auto& v) { return rotatedDistance(v); });
@@ -159,6 +202,14 @@ void registerAll() {
     measure("weighted_norm/operators", variables(60), [](const auto& v) { return weightedNorm(v); });
     measure("weighted_norm/vectors", variables(60), weightedNormByVectors);
     measure("weighted_norm/eigen_dynamic", dynamics(60), [](const auto& v) { return weightedNorm(v); });
+    measure("weighted_sum_norm/operators", variables(60), [](const auto& v) { return weightedSumNorm(v); });
+    measure("weighted_sum_norm/vectors", variables(60), weightedSumNormByVectors);
+    measure("weighted_sum_norm/eigen_dynamic", dynamics(60),
+            [](const auto& v) { return weightedSumNorm(v); });
+    measure("weighted_norm_of_all/operators", variables(60),
+            [](const auto& v) { return weightedNormOfAll(v); });
+    measure("weighted_norm_of_all/eigen_dynamic", dynamics(60),
+            [](const auto& v) { return weightedNormOfAll(v); });
     measure("small_expression/operators", variables(3), [](const auto& v) { return smallExpression(v); });
     measure("small_expression/eigen_dynamic", dynamics(3), [](const auto& v) { return smallExpression(v); });
 }

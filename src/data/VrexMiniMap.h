@@ -27,8 +27,8 @@ public:
     VrexMiniMap(const VrexMiniMap& other) { copyFresh(other); }
     /// Kept: a copy; solvers read the derivatives of a variable whose value was moved on.
     VrexMiniMap(VrexMiniMap&& other) noexcept(false) { copyFresh(other); }
-    ~VrexMiniMap() {
-        if (m_heap != nullptr) {
+    [[gnu::always_inline]] ~VrexMiniMap() {
+        if (m_heap != nullptr) [[unlikely]] {
             release(m_heap);
         }
     }
@@ -79,14 +79,8 @@ public:
 
     /// Moves the entries to a heap block of exactly `count` when that is more than `N` and than the capacity.
     void reserve(std::uint64_t count) {
-        if (count > N && m_capacity < count) {
-            Entry* block = new Entry[count];
-            copyEntries(block, begin(), m_size);
-            if (m_heap != nullptr) {
-                release(m_heap);
-            }
-            m_heap = block;
-            m_capacity = count;
+        if (count > N && m_capacity < count) [[unlikely]] {
+            grow(count);
         }
     }
     /// Sets the count of entries. A store that shrinks from more than `N` to `N` or fewer goes back inline;
@@ -100,12 +94,8 @@ public:
     }
     /// `resize` that leaves the new entries raw: the caller writes key and value of each.
     void resizeForOverwrite(std::uint64_t count) {
-        if (count > N) {
-            if (m_capacity < count) {
-                reserve(2 * count);
-            }
-        } else if (m_size > N) {
-            returnInline(count);
+        if (count > N || m_size > N) [[unlikely]] {
+            changeBlock(count);
         }
         m_size = count;
     }
@@ -132,19 +122,34 @@ private:
             target[i] = source[i];
         }
     }
-    static void release(Entry* block) noexcept { delete[] block; }
-    void copyFresh(const VrexMiniMap& other) {
-        if (other.m_size > N) {
-            reserve(2 * other.m_size);
+    [[gnu::noinline]] static void release(Entry* block) noexcept { delete[] block; }
+    [[gnu::noinline]] void grow(std::uint64_t count) {
+        Entry* block = new Entry[count];
+        copyEntries(block, begin(), m_size);
+        if (m_heap != nullptr) {
+            release(m_heap);
+        }
+        m_heap = block;
+        m_capacity = count;
+    }
+    [[gnu::noinline]] void changeBlock(std::uint64_t count) {
+        if (count > N) {
+            if (m_capacity < count) {
+                grow(2 * count);
+            }
+        } else {
+            copyEntries(m_inline, m_heap, count);
+            release(m_heap);
+            m_heap = nullptr;
+            m_capacity = 0;
+        }
+    }
+    [[gnu::always_inline]] void copyFresh(const VrexMiniMap& other) {
+        if (other.m_size > N) [[unlikely]] {
+            grow(2 * other.m_size);
         }
         m_size = other.m_size;
         copyEntries(begin(), other.begin(), m_size);
-    }
-    void returnInline(std::uint64_t count) noexcept {
-        copyEntries(m_inline, m_heap, count);
-        release(m_heap);
-        m_heap = nullptr;
-        m_capacity = 0;
     }
 
     Entry* m_heap = nullptr; ///< Where the entries live, unless null.

@@ -22,48 +22,7 @@ using QuaternionValues = VrexQuaternionT<double>;
 
 namespace {
 
-/// The partial derivatives of a rotated vector r: component i by component j of the vector and of the
-/// quaternion's vector, and by the quaternion's scalar.
-struct RotationDerivatives {
-    std::array<VectorValues, 3> byVector;
-    std::array<VectorValues, 3> byAxis;
-    VectorValues byScalar;
-};
-
-/// The rows of the matrix of c v + s (w x v), for any v.
-std::array<VectorValues, 3> makeRows(double c, double s, const VectorValues& w) {
-    return {VectorValues(c, -s * w.z(), s * w.y()), VectorValues(s * w.z(), c, -s * w.x()),
-            VectorValues(-s * w.y(), s * w.x(), c)};
-}
-
-/// Of r = (s² - u.u) v + 2 (u.v) u + 2 s (u x v), with q = (s, u).
-RotationDerivatives differentiateRotation(const VectorValues& v, const QuaternionValues& q) {
-    const VectorValues& u = q.vector();
-    const double s = q.scalar();
-    RotationDerivatives result{makeRows(s * s - u.magnitudeSquared(), 2.0 * s, u),
-                               makeRows(2.0 * u.dotProduct(v), -2.0 * s, v),
-                               (v * s + u.crossProduct(v)) * 2.0};
-    for (int i = 0; i < 3; ++i) {
-        result.byVector[i] += u * (2.0 * u[i]);
-        result.byAxis[i] += v * (2.0 * u[i]) - u * (2.0 * v[i]);
-    }
-    return result;
-}
-
-/// Of r / n, with n = s² + u.u, where `rotated` is that quotient.
-RotationDerivatives divideByNorm(const RotationDerivatives& unscaled, const QuaternionValues& q,
-                                 const VectorValues& rotated) {
-    const double n = q.normSquared();
-    RotationDerivatives result = unscaled;
-    result.byScalar = (unscaled.byScalar - rotated * (2.0 * q.scalar())) / n;
-    for (int i = 0; i < 3; ++i) {
-        result.byVector[i] /= n;
-        result.byAxis[i] = (unscaled.byAxis[i] - q.vector() * (2.0 * rotated[i])) / n;
-    }
-    return result;
-}
-
-/// The operands of a rotation, by which the orders below name them.
+/// The operands of a rotation: the parts of the quaternion and of the vector.
 enum Operand : std::size_t { S, I, J, K, X, Y, Z };
 using Order = std::array<Operand, 7>;
 /// The order in which the formula first reads the operands, for each component of the result.
@@ -72,9 +31,45 @@ constexpr std::array<Order, 3> ORDER_WITH_CONJUGATE{
 constexpr std::array<Order, 3> ORDER_WITH_RECIPROCAL{
     {{I, S, J, K, X, Y, Z}, {J, S, I, K, X, Y, Z}, {K, S, I, J, X, Y, Z}}};
 
-Variable combine(double value, const std::array<Term, 7>& terms, const Order& order) {
-    return linearCombination(value, {terms[order[0]], terms[order[1]], terms[order[2]], terms[order[3]],
-                                     terms[order[4]], terms[order[5]], terms[order[6]]});
+/// The partial derivatives of a rotated vector: by its component, then by operand.
+using Rows = std::array<std::array<double, 7>, 3>;
+
+/// Of r = (s² - u.u) v + 2 (u.v) u + 2 s (u x v), with the quaternion (s, u).
+Rows differentiateRotation(const VectorValues& v, const QuaternionValues& q) {
+    const double s = 2.0 * q.scalar();
+    const double i = 2.0 * q.i();
+    const double j = 2.0 * q.j();
+    const double k = 2.0 * q.k();
+    const double along = i * v.x() + j * v.y() + k * v.z();
+    const double stretch = 0.5 * (s * q.scalar() - (i * q.i() + j * q.j() + k * q.k()));
+    const double ij = i * q.j();
+    const double ik = i * q.k();
+    const double jk = j * q.k();
+    const double xy = i * v.y() - j * v.x();
+    const double xz = i * v.z() - k * v.x();
+    const double yz = j * v.z() - k * v.y();
+    const double sx = s * v.x();
+    const double sy = s * v.y();
+    const double sz = s * v.z();
+    const double si = s * q.i();
+    const double sj = s * q.j();
+    const double sk = s * q.k();
+    return {{{sx + yz, along, xy + sz, xz - sy, stretch + i * q.i(), ij - sk, ik + sj},
+             {sy - xz, -xy - sz, along, yz + sx, ij + sk, stretch + j * q.j(), jk - si},
+             {sz + xy, -xz + sy, -yz - sx, along, ik - sj, jk + si, stretch + k * q.k()}}};
+}
+
+/// Of r / n from those of r, with n = s² + u.u, where `rotated` is that quotient.
+void divideByNorm(Rows& rows, const QuaternionValues& q, const VectorValues& rotated) {
+    const double n = q.normSquared();
+    const std::array<double, 7> byOperand{
+        2.0 * q.scalar(), 2.0 * q.i(), 2.0 * q.j(), 2.0 * q.k(), 0.0, 0.0, 0.0};
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        for (std::size_t operand = 0; operand < byOperand.size(); ++operand) {
+            double& entry = rows[row][operand];
+            entry = (entry - rotated[static_cast<int>(row)] * byOperand[operand]) / n;
+        }
+    }
 }
 
 } // namespace
@@ -87,24 +82,19 @@ Vector Quaternion::rotate(const Vector& v, const Quaternion& q, bool useReciproc
     if (hasLog(v) || hasLog(q) || !isFinite(value)) [[unlikely]] {
         return nsVectorFormulas::rotate(v, q, useReciprocal);
     }
-    RotationDerivatives derivatives = differentiateRotation(vector, turn);
+    Rows rows = differentiateRotation(vector, turn);
     if (useReciprocal) {
-        derivatives = divideByNorm(derivatives, turn, value);
+        divideByNorm(rows, turn, value);
     }
+    const std::array<const Variable*, 7> operands{&q.scalar(), &q.i(), &q.j(), &q.k(),
+                                                  &v.x(),      &v.y(), &v.z()};
     const auto& orders = useReciprocal ? ORDER_WITH_RECIPROCAL : ORDER_WITH_CONJUGATE;
-    return {Vector::PerIndex(), [&](int i) {
-                const auto row = static_cast<std::size_t>(i);
-                const VectorValues& byU = derivatives.byAxis[row];
-                const VectorValues& byV = derivatives.byVector[row];
-                return combine(value[i],
-                               {{{q.scalar(), derivatives.byScalar[i]},
-                                 {q.i(), byU.x()},
-                                 {q.j(), byU.y()},
-                                 {q.k(), byU.z()},
-                                 {v.x(), byV.x()},
-                                 {v.y(), byV.y()},
-                                 {v.z(), byV.z()}}},
-                               orders[row]);
+    return {Vector::PerIndex(), [&](int component) {
+                const auto& row = rows[static_cast<std::size_t>(component)];
+                const Order& order = orders[static_cast<std::size_t>(component)];
+                const auto term = [&](std::size_t i) { return Term{*operands[order[i]], row[order[i]]}; };
+                return linearCombination(value[component],
+                                         {term(0), term(1), term(2), term(3), term(4), term(5), term(6)});
             }};
 }
 

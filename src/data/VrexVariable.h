@@ -44,7 +44,8 @@ public:
         : m_value(other.m_value),
           m_derivatives(std::move(other.m_derivatives)),
           m_log(std::move(other.m_log)) {}
-    ~VrexVariable() = default;
+    // Always inline: two tests for null, of which an expression makes one pair for each of its temporaries.
+    [[gnu::always_inline]] ~VrexVariable() {}
     VrexVariable& operator=(const VrexVariable& other) {
         m_derivatives = other.m_derivatives;
         m_value = other.m_value;

@@ -13,8 +13,8 @@ using nsVariableFusion::Term;
 using Store = VrexVariable::Derivatives;
 using Entry = Store::Entry;
 
-/// What the terms may bring together before the sum goes through stores on the heap.
-constexpr std::uint64_t MOST_ENTRIES = 96;
+/// What the terms may bring together before the sum goes through stores on the heap; positions fit a byte.
+constexpr std::uint64_t MOST_ENTRIES = 255;
 
 /// Sums entries by key into a buffer that holds all that the terms bring.
 ///
@@ -62,6 +62,84 @@ private:
     std::array<std::uint8_t, 64> m_slots; // raw where the bit is not seen
 };
 
+/// A look at the outermost terms, which mostly tells.
+bool mayBeAlike(std::span<const Term> terms) {
+    if (terms.empty()) {
+        return true;
+    }
+    const Store& first = terms.front().operand.derivatives();
+    const Store& last = terms.back().operand.derivatives();
+    return first.empty() || last.empty() || first.begin()->key == last.begin()->key;
+}
+
+/// The terms that hold keys, when these are few and hold equally many.
+class EqualTerms {
+public:
+    explicit EqualTerms(std::span<const Term> terms) {
+        for (const Term& term : terms) {
+            const Store& store = term.operand.derivatives();
+            if (store.empty()) {
+                continue;
+            }
+            if (m_count == MOST || (m_count > 0 && store.size() != m_size)) {
+                m_count = NONE;
+                return;
+            }
+            m_size = store.size();
+            m_entries[m_count] = store.begin();
+            m_factors[m_count] = term.factor;
+            ++m_count;
+        }
+    }
+    /// Sums the terms into `result` as long as each key stands at the same place in all; false leaves the
+    /// size of `result` 0.
+    bool sum(Store& result) const {
+        if (m_count == NONE || !haveKeyInCommon(0)) {
+            return false;
+        }
+        result.reserve(m_size);
+        Entry* const sums = result.begin();
+        for (std::uint64_t i = 0; i < m_size; ++i) {
+            if (!haveKeyInCommon(i)) {
+                return false;
+            }
+            double total = m_factors[0] * m_entries[0][i].value;
+            for (std::size_t term = 1; term < m_count; ++term) {
+                total += m_factors[term] * m_entries[term][i].value;
+            }
+            sums[i].key = m_entries[0][i].key;
+            sums[i].value = total;
+        }
+        result.resizeForOverwrite(m_size);
+        return true;
+    }
+
+private:
+    static constexpr std::size_t MOST = 8;
+    static constexpr std::size_t NONE = MOST + 1;
+
+    bool haveKeyInCommon(std::uint64_t i) const {
+        std::uint64_t difference = 0;
+        for (std::size_t term = 1; term < m_count; ++term) {
+            difference |= m_entries[term][i].key ^ m_entries[0][i].key;
+        }
+        return difference == 0;
+    }
+
+    std::size_t m_count = 0;
+    std::uint64_t m_size = 0;
+    std::array<const Entry*, MOST> m_entries;
+    std::array<double, MOST> m_factors;
+};
+
+std::uint64_t countEntries(std::span<const Term> terms) {
+    std::uint64_t count = 0;
+    for (const Term& term : terms) {
+        count += term.operand.derivatives().size();
+    }
+    return count;
+}
+
 void sumInside(Store& result, std::span<const Term> terms) {
     Accumulator accumulator(result.begin());
     for (const Term& term : terms) {
@@ -93,14 +171,14 @@ void sumThroughStores(Store& result, std::span<const Term> terms) {
 } // namespace
 
 VrexVariable nsVariableFusion::linearCombination(double value, std::span<const Term> terms) {
-    std::uint64_t most = 0;
-    for (const Term& term : terms) {
-        most += term.operand.derivatives().size();
-    }
     VrexVariable result(value);
-    if (most <= Store::INLINE_CAPACITY) {
+    if (mayBeAlike(terms) && EqualTerms(terms).sum(result.derivatives())) {
+        return result;
+    }
+    const std::uint64_t entries = countEntries(terms);
+    if (entries <= Store::INLINE_CAPACITY) {
         sumInside(result.derivatives(), terms);
-    } else if (most <= MOST_ENTRIES) {
+    } else if (entries <= MOST_ENTRIES) {
         sumThroughBuffer(result.derivatives(), terms);
     } else {
         sumThroughStores(result.derivatives(), terms);

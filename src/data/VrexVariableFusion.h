@@ -23,7 +23,7 @@ struct Term {
 
 /// A variable with `value` and, for each key of the terms, the sum of factor * entry in the order of the
 /// terms; no log. The keys stand in the order in which the terms bring them. Allocates nothing while they fit
-/// inside, and otherwise one block, exact unless the terms bring more than 96 entries.
+/// inside, and otherwise one block, exact unless the terms bring more than 255 entries of differing keys.
 [[nodiscard]] VrexVariable linearCombination(double value, std::span<const Term> terms);
 
 [[nodiscard]] inline VrexVariable linearCombination(double value, std::initializer_list<Term> terms) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "data/VrexMiniMap.h"
+#include "data/VrexVariableKeyIndex.h"
 #include "data/VrexVariableKeyMatch.h"
 
 /// The loops behind the operators and functions: each takes the rule for one entry and applies it to whole
@@ -52,30 +53,58 @@ inline std::uint64_t commonPrefix(const Store& a, const Store& b) {
     return i;
 }
 
-/// `combine` for stores that do not hold the same keys in the same order.
+/// The rest of `combine` where each store has at most 64 entries from `common` on. All of `a` is written as
+/// if `b` had none of its keys, then `b` is laid over it: the loops hardly branch on what the keys are.
 template <typename Rule>
-[[gnu::noinline]] void combineUnlike(Store& result, const Store& a, const Store& b, const Rule& rule) {
-    const std::uint64_t common = commonPrefix(a, b);
-    const Store::Entry* right = b.begin() + common;
-    const VrexVariableKeyMatch match(a.begin() + common, a.size() - common, right, b.size() - common);
-    const std::uint64_t count = a.size() + match.restCount();
-    if (count > Store::INLINE_CAPACITY) {
-        result.reserve(a.size() + b.size());
+inline void combineUnlike(Store& result, const Store& a, const Store& b, std::uint64_t common,
+                          const Rule& rule) {
+    const Store::Entry* const left = a.begin() + common;
+    const std::uint64_t leftCount = a.size() - common;
+    Store::Entry* overlay = result.begin() + common;
+    VrexVariableKeyIndex index(left);
+    for (std::uint64_t i = 0; i < leftCount; ++i) {
+        index.add(left[i].key, i);
+        overlay[i].key = left[i].key;
+        overlay[i].value = rule(left[i].value, 0.0);
+    }
+    std::uint64_t count = a.size();
+    std::uint64_t room = result.capacity() == 0 ? Store::INLINE_CAPACITY : result.capacity();
+    for (const Store::Entry *right = b.begin() + common, *end = b.end(); right != end; ++right) {
+        const std::size_t i = index.find(right->key);
+        if (i != VrexVariableKeyIndex::NOWHERE) {
+            overlay[i].value = rule(left[i].value, right->value);
+            continue;
+        }
+        if (count == room) [[unlikely]] {
+            result.resizeForOverwrite(count);
+            result.reserve(a.size() + b.size());
+            room = result.capacity();
+            overlay = result.begin() + common;
+        }
+        overlay[count - common].key = right->key;
+        overlay[count - common].value = rule(0.0, right->value);
+        ++count;
     }
     result.resizeForOverwrite(count);
-    Store::Entry* target = result.begin();
-    const Store::Entry* left = a.begin();
-    for (std::uint64_t i = 0; i < common; ++i) {
-        *target++ = {left[i].key, rule(left[i].value, b.begin()[i].value)};
-    }
-    for (std::uint64_t i = common; i < a.size(); ++i) {
-        const std::size_t j = match.position(i - common);
+}
+
+/// The rest of `combine` for stores of any size, whose result has its room.
+template <typename Rule>
+inline void combineUnlikeMany(Store& result, const Store& a, const Store& b, std::uint64_t common,
+                              const Rule& rule) {
+    const Store::Entry* left = a.begin() + common;
+    const Store::Entry* right = b.begin() + common;
+    const std::uint64_t leftCount = a.size() - common;
+    const VrexVariableKeyMatch match(left, leftCount, right, b.size() - common);
+    result.resizeForOverwrite(a.size() + match.rest().size());
+    Store::Entry* target = result.begin() + common;
+    for (std::uint64_t i = 0; i < leftCount; ++i) {
+        const std::size_t j = match.position(i);
         *target++ = {left[i].key,
                      rule(left[i].value, j != VrexVariableKeyMatch::NOWHERE ? right[j].value : 0.0)};
     }
-    for (std::size_t k = 0; k < match.restCount(); ++k) {
-        const Store::Entry& entry = right[match.rest(k)];
-        *target++ = {entry.key, rule(0.0, entry.value)};
+    for (const std::size_t j : match.rest()) {
+        *target++ = {right[j].key, rule(0.0, right[j].value)};
     }
 }
 
@@ -83,52 +112,175 @@ template <typename Rule>
 /// `b` has. The entry of a key that a store lacks is 0. Allocates a.size + b.size when the union does not fit
 /// inside.
 template <typename Rule>
-inline void combine(Store& result, const Store& a, const Store& b, const Rule& rule) {
-    const std::uint64_t count = a.size();
-    if (count != b.size() || count > Store::INLINE_CAPACITY) {
-        return combineUnlike(result, a, b, rule);
+[[gnu::noinline]] void combine(Store& result, const Store& a, const Store& b, const Rule& rule) {
+    if (a.size() > Store::INLINE_CAPACITY || b.size() > Store::INLINE_CAPACITY) {
+        result.reserve(a.size() + b.size());
     }
+    const std::uint64_t count = a.size() < b.size() ? a.size() : b.size();
     const Store::Entry* left = a.begin();
     const Store::Entry* right = b.begin();
     Store::Entry* target = result.begin();
-    for (std::uint64_t i = 0; i < count; ++i) {
-        if (left[i].key != right[i].key) {
-            return combineUnlike(result, a, b, rule);
-        }
-        target[i].key = left[i].key;
-        target[i].value = rule(left[i].value, right[i].value);
+    std::uint64_t common = 0;
+    for (; common < count && left[common].key == right[common].key; ++common) {
+        target[common].key = left[common].key;
+        target[common].value = rule(left[common].value, right[common].value);
     }
-    result.resizeForOverwrite(count);
+    if (a.size() - common <= VrexVariableKeyIndex::MOST && b.size() - common <= VrexVariableKeyIndex::MOST) {
+        combineUnlike(result, a, b, common, rule);
+    } else {
+        combineUnlikeMany(result, a, b, common, rule);
+    }
+}
+
+/// Writes the union of a run and one more key, which one may be in the run; gives the end.
+template <typename Rule>
+inline Store::Entry* writeWithOneRight(Store::Entry* target, const Store::Entry* left,
+                                       const Store::Entry* leftEnd, const Store::Entry& one,
+                                       const Rule& rule) {
+    const Store::Entry* hit = nullptr;
+    Store::Entry* hitTarget = nullptr;
+    for (; left != leftEnd; ++left, ++target) {
+        target->key = left->key;
+        target->value = rule(left->value, 0.0);
+        if (left->key == one.key) {
+            hit = left;
+            hitTarget = target;
+        }
+    }
+    if (hit != nullptr) {
+        hitTarget->value = rule(hit->value, one.value);
+        return target;
+    }
+    target->key = one.key;
+    target->value = rule(0.0, one.value);
+    return target + 1;
+}
+
+/// Writes the union of one key and a run, in which that key may be; gives the end. Uses one entry more.
+template <typename Rule>
+inline Store::Entry* writeWithOneLeft(Store::Entry* target, const Store::Entry& one,
+                                      const Store::Entry* right, const Store::Entry* rightEnd,
+                                      const Rule& rule) {
+    Store::Entry& first = *target++;
+    first.key = one.key;
+    double other = 0.0;
+    for (; right != rightEnd; ++right) {
+        if (right->key == one.key) {
+            other = right->value;
+        } else {
+            target->key = right->key;
+            target->value = rule(0.0, right->value);
+            ++target;
+        }
+    }
+    first.value = rule(one.value, other);
+    return target;
+}
+
+/// `combine` for stores of at most `INLINE_CAPACITY` entries each: ways without an index come first.
+template <typename Rule>
+inline void combineSmall(Store& result, const Store& a, const Store& b, const Rule& rule) {
+    const std::uint64_t leftCount = a.size();
+    const std::uint64_t rightCount = b.size();
+    const Store::Entry* left = a.begin();
+    const Store::Entry* right = b.begin();
+    const Store::Entry* const leftEnd = left + leftCount;
+    const Store::Entry* const rightEnd = right + rightCount;
+    Store::Entry* const first = result.begin();
+    Store::Entry* target = first;
+    const std::uint64_t least = leftCount < rightCount ? leftCount : rightCount;
+    for (const Store::Entry* end = left + least; left != end && left->key == right->key;
+         ++left, ++right, ++target) {
+        target->key = left->key;
+        target->value = rule(left->value, right->value);
+    }
+    if (right == rightEnd || left == leftEnd) {
+        for (; left != leftEnd; ++left, ++target) {
+            target->key = left->key;
+            target->value = rule(left->value, 0.0);
+        }
+        for (; right != rightEnd; ++right, ++target) {
+            target->key = right->key;
+            target->value = rule(0.0, right->value);
+        }
+    } else if (rightEnd - right == 1 && leftCount < Store::INLINE_CAPACITY) {
+        target = writeWithOneRight(target, left, leftEnd, *right, rule);
+    } else if (leftEnd - left == 1 && rightCount < Store::INLINE_CAPACITY) {
+        target = writeWithOneLeft(target, *left, right, rightEnd, rule);
+    } else {
+        return combineUnlike(result, a, b, static_cast<std::uint64_t>(target - first), rule);
+    }
+    result.resizeForOverwrite(static_cast<std::uint64_t>(target - first));
+}
+
+/// `combineInto` for a right store of many entries.
+template <typename Update, typename Append>
+[[gnu::noinline, gnu::cold]] void combineManyInto(Store& store, const Store& b, const Update& update,
+                                                  const Append& appended) {
+    const std::uint64_t common = commonPrefix(store, b);
+    const std::uint64_t before = store.size();
+    const Store::Entry* right = b.begin();
+    const VrexVariableKeyMatch match(store.begin() + common, before - common, right + common,
+                                     b.size() - common);
+    store.reserveForAppending(match.rest().size());
+    Store::Entry* target = store.begin();
+    for (std::uint64_t i = 0; i < common; ++i) {
+        target[i].value = update(target[i].value, right[i].value);
+    }
+    right += common;
+    for (std::uint64_t i = common; i < before; ++i) {
+        const std::size_t j = match.position(i - common);
+        target[i].value = update(target[i].value, j != VrexVariableKeyMatch::NOWHERE ? right[j].value : 0.0);
+    }
+    for (const std::size_t j : match.rest()) {
+        store.append(right[j].key, appended(right[j].value));
+    }
 }
 
 /// In place: d = update(d, db) for each entry of `store`, db being 0 for a key that `b` lacks; then each key
 /// that only `b` has is appended with appended(db). `b` may be `store`. Nothing has changed when it throws.
 template <typename Update, typename Append>
 inline void combineInto(Store& store, const Store& b, const Update& update, const Append& appended) {
-    const std::uint64_t common = commonPrefix(store, b);
     const std::uint64_t before = store.size();
-    if (common == before && common == b.size()) {
-        const Store::Entry* right = b.begin();
-        Store::Entry* target = store.begin();
-        for (std::uint64_t i = 0; i < common; ++i) {
-            target[i].value = update(target[i].value, right[i].value);
-        }
-        return;
+    const std::uint64_t common = commonPrefix(store, b);
+    const std::uint64_t rightCount = b.size() - common;
+    if (rightCount > VrexVariableKeyIndex::MOST) [[unlikely]] {
+        return combineManyInto(store, b, update, appended);
     }
-    const Store::Entry* right = b.begin() + common;
-    const VrexVariableKeyMatch match(store.begin() + common, before - common, right, b.size() - common);
-    store.reserveForAppending(match.restCount());
+    const Store::Entry* right = b.begin();
+    const VrexVariableKeyIndex index(right + common, rightCount);
+    const std::uint64_t room =
+        store.capacity() > Store::INLINE_CAPACITY ? store.capacity() : Store::INLINE_CAPACITY;
+    if (before + rightCount > room) {
+        std::uint64_t rest = rightCount;
+        for (std::uint64_t i = common; i < before; ++i) {
+            rest -= index.find(store.begin()[i].key) != VrexVariableKeyIndex::NOWHERE ? 1 : 0;
+        }
+        store.reserveForAppending(rest);
+    }
     Store::Entry* target = store.begin();
     for (std::uint64_t i = 0; i < common; ++i) {
-        target[i].value = update(target[i].value, b.begin()[i].value);
+        target[i].value = update(target[i].value, right[i].value);
     }
-    for (std::uint64_t i = common; i < before; ++i) {
-        const std::size_t j = match.position(i - common);
-        target[i].value = update(target[i].value, j != VrexVariableKeyMatch::NOWHERE ? right[j].value : 0.0);
+    right += common;
+    std::uint64_t hits = 0;
+    for (Store::Entry *entry = target + common, *end = target + before; entry != end; ++entry) {
+        if (!index.mayHold(entry->key)) [[likely]] {
+            entry->value = update(entry->value, 0.0);
+            continue;
+        }
+        const std::size_t j = index.find(entry->key);
+        if (j == VrexVariableKeyIndex::NOWHERE) {
+            entry->value = update(entry->value, 0.0);
+        } else {
+            hits |= std::uint64_t{1} << j;
+            entry->value = update(entry->value, right[j].value);
+        }
     }
-    for (std::size_t k = 0; k < match.restCount(); ++k) {
-        const Store::Entry& entry = right[match.rest(k)];
-        store.append(entry.key, appended(entry.value));
+    for (std::uint64_t j = 0; j < rightCount; ++j) {
+        if ((hits >> j & 1) == 0) {
+            store.append(right[j].key, appended(right[j].value));
+        }
     }
 }
 

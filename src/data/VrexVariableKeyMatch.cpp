@@ -1,68 +1,50 @@
 #include "data/VrexVariableKeyMatch.h"
 
+#include <cstdint>
+
 #include <boost/unordered/unordered_flat_map.hpp>
 
+namespace {
+
+class LongKeyIndex {
+public:
+    using Entry = VrexVariableKeyIndex::Entry;
+
+    LongKeyIndex(const Entry* entries, std::size_t count) : m_positions(count) {
+        for (std::size_t i = 0; i < count; ++i) {
+            m_positions.emplace(entries[i].key, i);
+        }
+    }
+    std::size_t find(std::uint64_t key) const {
+        const auto found = m_positions.find(key);
+        return found != m_positions.end() ? found->second : VrexVariableKeyIndex::NOWHERE;
+    }
+
+private:
+    boost::unordered_flat_map<std::uint64_t, std::size_t> m_positions;
+};
+
+} // namespace
+
 VrexVariableKeyMatch::VrexVariableKeyMatch(const Entry* left, std::size_t leftCount, const Entry* right,
-                                           std::size_t rightCount) {
-    if (leftCount <= SHORT && rightCount <= SHORT) {
-        m_positions = m_short.data();
-        m_rest = m_positions + SHORT;
-        matchShort(left, leftCount, right, rightCount);
+                                           std::size_t rightCount)
+    : m_positions(leftCount, NOWHERE) {
+    m_rest.reserve(rightCount);
+    if (leftCount <= VrexVariableKeyIndex::MOST) {
+        match(VrexVariableKeyIndex(left, leftCount), right, rightCount);
     } else {
-        m_long.resize(leftCount + rightCount);
-        m_positions = m_long.data();
-        m_rest = m_positions + leftCount;
-        matchLong(left, leftCount, right, rightCount);
+        match(LongKeyIndex(left, leftCount), right, rightCount);
     }
 }
 
-void VrexVariableKeyMatch::matchShort(const Entry* left, std::size_t leftCount, const Entry* right,
-                                      std::size_t rightCount) {
-    std::uint64_t bits = 0;
+template <typename Index>
+void VrexVariableKeyMatch::match(const Index& left, const Entry* right, std::size_t rightCount) {
     for (std::size_t j = 0; j < rightCount; ++j) {
-        bits |= std::uint64_t{1} << (right[j].key & 63);
-    }
-    std::uint64_t hits = 0;
-    std::size_t next = 0;
-    for (std::size_t i = 0; i < leftCount; ++i) {
-        const std::uint64_t key = left[i].key;
-        m_positions[i] = NOWHERE;
-        if ((bits >> (key & 63) & 1) == 0) {
-            continue;
-        }
-        std::size_t j = next < rightCount && right[next].key == key ? next : 0;
-        while (j < rightCount && right[j].key != key) {
-            ++j;
-        }
-        if (j < rightCount) {
+        const std::size_t i = left.find(right[j].key);
+        if (i == NOWHERE) {
+            m_rest.push_back(j);
+        } else {
             m_positions[i] = j;
-            hits |= std::uint64_t{1} << j;
-            next = j + 1;
-        }
-    }
-    for (std::size_t j = 0; j < rightCount; ++j) {
-        m_rest[m_restCount] = j;
-        m_restCount += (hits >> j & 1) == 0 ? 1 : 0;
-    }
-}
-
-void VrexVariableKeyMatch::matchLong(const Entry* left, std::size_t leftCount, const Entry* right,
-                                     std::size_t rightCount) {
-    boost::unordered_flat_map<std::uint64_t, std::size_t> index(rightCount);
-    for (std::size_t j = 0; j < rightCount; ++j) {
-        index.emplace(right[j].key, j);
-    }
-    std::vector<bool> hits(rightCount);
-    for (std::size_t i = 0; i < leftCount; ++i) {
-        const auto found = index.find(left[i].key);
-        m_positions[i] = found != index.end() ? found->second : NOWHERE;
-        if (found != index.end()) {
-            hits[found->second] = true;
-        }
-    }
-    for (std::size_t j = 0; j < rightCount; ++j) {
-        if (!hits[j]) {
-            m_rest[m_restCount++] = j;
         }
     }
 }

@@ -47,7 +47,12 @@ template <typename Rule>
 inline VrexVariable binary(double value, const VrexVariable& a, const VrexVariable& b,
                            VrexLogOperationType operation, const Rule& rule) {
     VrexVariable result(value);
-    combine(result.derivatives(), a.derivatives(), b.derivatives(), rule);
+    if (a.derivatives().size() <= VrexVariable::Derivatives::INLINE_CAPACITY &&
+        b.derivatives().size() <= VrexVariable::Derivatives::INLINE_CAPACITY) [[likely]] {
+        combineSmall(result.derivatives(), a.derivatives(), b.derivatives(), rule);
+    } else {
+        combine(result.derivatives(), a.derivatives(), b.derivatives(), rule);
+    }
     if (a.hasLog()) [[unlikely]] {
         VrexVariableLogging::recordBinary(result, a, b, operation);
     }
@@ -107,32 +112,43 @@ inline VrexVariable operator/(double c, const VrexVariable& a) {
                                        [c, squared](double d) { return -(d * c) / squared; });
 }
 
+namespace nsVariableKernels {
+
+// The forms of two variables one of which has no derivatives: it counts as a plain number, the first one
+// first.
+
+[[gnu::noinline]] inline VrexVariable plainSum(const VrexVariable& a, const VrexVariable& b) {
+    return a.derivatives().empty() ? a.value() + b : a + b.value();
+}
+[[gnu::noinline]] inline VrexVariable plainDifference(const VrexVariable& a, const VrexVariable& b) {
+    return a.derivatives().empty() ? a.value() - b : a - b.value();
+}
+[[gnu::noinline]] inline VrexVariable plainProduct(const VrexVariable& a, const VrexVariable& b) {
+    return a.derivatives().empty() ? a.value() * b : a * b.value();
+}
+[[gnu::noinline]] inline VrexVariable plainQuotient(const VrexVariable& a, const VrexVariable& b) {
+    return a.derivatives().empty() ? a.value() / b : a / b.value();
+}
+
+} // namespace nsVariableKernels
+
 inline VrexVariable operator+(const VrexVariable& a, const VrexVariable& b) {
-    if (a.derivatives().empty()) {
-        return a.value() + b;
-    }
-    if (b.derivatives().empty()) {
-        return a + b.value();
+    if (a.derivatives().empty() || b.derivatives().empty()) {
+        return nsVariableKernels::plainSum(a, b);
     }
     return nsVariableKernels::binary(a.value() + b.value(), a, b, VrexLogOperationType::Add,
                                      [](double da, double db) { return da + db; });
 }
 inline VrexVariable operator-(const VrexVariable& a, const VrexVariable& b) {
-    if (a.derivatives().empty()) {
-        return a.value() - b;
-    }
-    if (b.derivatives().empty()) {
-        return a - b.value();
+    if (a.derivatives().empty() || b.derivatives().empty()) {
+        return nsVariableKernels::plainDifference(a, b);
     }
     return nsVariableKernels::binary(a.value() - b.value(), a, b, VrexLogOperationType::Subtract,
                                      [](double da, double db) { return da - db; });
 }
 inline VrexVariable operator*(const VrexVariable& a, const VrexVariable& b) {
-    if (a.derivatives().empty()) {
-        return a.value() * b;
-    }
-    if (b.derivatives().empty()) {
-        return a * b.value();
+    if (a.derivatives().empty() || b.derivatives().empty()) {
+        return nsVariableKernels::plainProduct(a, b);
     }
     const double left = a.value();
     const double right = b.value();
@@ -140,11 +156,8 @@ inline VrexVariable operator*(const VrexVariable& a, const VrexVariable& b) {
                                      [left, right](double da, double db) { return da * right + db * left; });
 }
 inline VrexVariable operator/(const VrexVariable& a, const VrexVariable& b) {
-    if (a.derivatives().empty()) {
-        return a.value() / b;
-    }
-    if (b.derivatives().empty()) {
-        return a / b.value();
+    if (a.derivatives().empty() || b.derivatives().empty()) {
+        return nsVariableKernels::plainQuotient(a, b);
     }
     const double left = a.value();
     const double right = b.value();

@@ -98,28 +98,28 @@ private:
 };
 
 template <typename T>
-VrexVector2DT<T>& VrexVector2DT<T>::operator+=(const VrexVector2DT& o) {
+inline VrexVector2DT<T>& VrexVector2DT<T>::operator+=(const VrexVector2DT& o) {
     m_x += o.m_x;
     m_y += o.m_y;
     return *this;
 }
 
 template <typename T>
-VrexVector2DT<T>& VrexVector2DT<T>::operator-=(const VrexVector2DT& o) {
+inline VrexVector2DT<T>& VrexVector2DT<T>::operator-=(const VrexVector2DT& o) {
     m_x -= o.m_x;
     m_y -= o.m_y;
     return *this;
 }
 
 template <typename T>
-VrexVector2DT<T>& VrexVector2DT<T>::operator*=(const VrexVector2DT& o) {
+inline VrexVector2DT<T>& VrexVector2DT<T>::operator*=(const VrexVector2DT& o) {
     m_x *= o.m_x;
     m_y *= o.m_y;
     return *this;
 }
 
 template <typename T>
-VrexVector2DT<T>& VrexVector2DT<T>::operator/=(const VrexVector2DT& o) {
+inline VrexVector2DT<T>& VrexVector2DT<T>::operator/=(const VrexVector2DT& o) {
     m_x /= o.m_x;
     m_y /= o.m_y;
     return *this;
@@ -127,7 +127,7 @@ VrexVector2DT<T>& VrexVector2DT<T>::operator/=(const VrexVector2DT& o) {
 
 template <typename T>
 template <VrexScaleFactor<T> S>
-VrexVector2DT<T>& VrexVector2DT<T>::operator*=(const S& factor) {
+inline VrexVector2DT<T>& VrexVector2DT<T>::operator*=(const S& factor) {
     const auto by = nsVectorFormulas::toFactor(factor); // a copy: the factor may be one of the components
     m_x *= by;
     m_y *= by;
@@ -136,7 +136,7 @@ VrexVector2DT<T>& VrexVector2DT<T>::operator*=(const S& factor) {
 
 template <typename T>
 template <VrexScaleFactor<T> S>
-VrexVector2DT<T>& VrexVector2DT<T>::operator/=(const S& divisor) {
+inline VrexVector2DT<T>& VrexVector2DT<T>::operator/=(const S& divisor) {
     const auto by = nsVectorFormulas::toFactor(divisor); // a copy: the divisor may be one of the components
     m_x /= by;
     m_y /= by;
@@ -144,7 +144,7 @@ VrexVector2DT<T>& VrexVector2DT<T>::operator/=(const S& divisor) {
 }
 
 template <typename T>
-T VrexVector2DT<T>::magnitude() const {
+inline T VrexVector2DT<T>::magnitude() const {
     using std::sqrt;
     return sqrt(magnitudeSquared());
 }

@@ -147,18 +147,18 @@ private:
 
 /// a x b
 template <typename T>
-VrexVector3DT<T> crossProduct(const VrexVector3DT<T>& a, const VrexVector3DT<T>& b) {
+inline VrexVector3DT<T> crossProduct(const VrexVector3DT<T>& a, const VrexVector3DT<T>& b) {
     return a.crossProduct(b);
 }
 
 /// The vector divided by its magnitude when that is greater than `eps`, else the zero vector.
 template <typename T>
-VrexVector3DT<T> normalized(const VrexVector3DT<T>& v, double eps) {
+inline VrexVector3DT<T> normalized(const VrexVector3DT<T>& v, double eps) {
     return v.makeNormalized(eps, VrexVector3DT<T>::ZERO());
 }
 
 template <typename T>
-VrexVector3DT<T>& VrexVector3DT<T>::operator+=(const VrexVector3DT& o) {
+inline VrexVector3DT<T>& VrexVector3DT<T>::operator+=(const VrexVector3DT& o) {
     m_x += o.m_x;
     m_y += o.m_y;
     m_z += o.m_z;
@@ -166,7 +166,7 @@ VrexVector3DT<T>& VrexVector3DT<T>::operator+=(const VrexVector3DT& o) {
 }
 
 template <typename T>
-VrexVector3DT<T>& VrexVector3DT<T>::operator-=(const VrexVector3DT& o) {
+inline VrexVector3DT<T>& VrexVector3DT<T>::operator-=(const VrexVector3DT& o) {
     m_x -= o.m_x;
     m_y -= o.m_y;
     m_z -= o.m_z;
@@ -174,7 +174,7 @@ VrexVector3DT<T>& VrexVector3DT<T>::operator-=(const VrexVector3DT& o) {
 }
 
 template <typename T>
-VrexVector3DT<T>& VrexVector3DT<T>::operator*=(const VrexVector3DT& o) {
+inline VrexVector3DT<T>& VrexVector3DT<T>::operator*=(const VrexVector3DT& o) {
     m_x *= o.m_x;
     m_y *= o.m_y;
     m_z *= o.m_z;
@@ -182,7 +182,7 @@ VrexVector3DT<T>& VrexVector3DT<T>::operator*=(const VrexVector3DT& o) {
 }
 
 template <typename T>
-VrexVector3DT<T>& VrexVector3DT<T>::operator/=(const VrexVector3DT& o) {
+inline VrexVector3DT<T>& VrexVector3DT<T>::operator/=(const VrexVector3DT& o) {
     m_x /= o.m_x;
     m_y /= o.m_y;
     m_z /= o.m_z;
@@ -191,7 +191,7 @@ VrexVector3DT<T>& VrexVector3DT<T>::operator/=(const VrexVector3DT& o) {
 
 template <typename T>
 template <VrexScaleFactor<T> S>
-VrexVector3DT<T>& VrexVector3DT<T>::operator*=(const S& factor) {
+inline VrexVector3DT<T>& VrexVector3DT<T>::operator*=(const S& factor) {
     const auto by = nsVectorFormulas::toFactor(factor); // a copy: the factor may be one of the components
     m_x *= by;
     m_y *= by;
@@ -201,7 +201,7 @@ VrexVector3DT<T>& VrexVector3DT<T>::operator*=(const S& factor) {
 
 template <typename T>
 template <VrexScaleFactor<T> S>
-VrexVector3DT<T>& VrexVector3DT<T>::operator/=(const S& divisor) {
+inline VrexVector3DT<T>& VrexVector3DT<T>::operator/=(const S& divisor) {
     const auto by = nsVectorFormulas::toFactor(divisor); // a copy: the divisor may be one of the components
     m_x /= by;
     m_y /= by;

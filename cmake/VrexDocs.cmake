@@ -18,8 +18,8 @@ if(VREX_COVERAGE)
   add_custom_target(coverage_report
     COMMAND ${CMAKE_CTEST_COMMAND} --test-dir ${PROJECT_BINARY_DIR} --output-on-failure
     COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/coverage
-    COMMAND ${VREX_GCOVR} --root ${PROJECT_SOURCE_DIR} --filter ${PROJECT_SOURCE_DIR}/src/ ${PROJECT_BINARY_DIR}
+    COMMAND ${VREX_GCOVR} -j 2 --root ${PROJECT_SOURCE_DIR} --filter ${PROJECT_SOURCE_DIR}/src/ ${PROJECT_BINARY_DIR}
       --exclude-throw-branches --print-summary --html-details ${PROJECT_BINARY_DIR}/coverage/index.html
     COMMAND ${CMAKE_COMMAND} -E echo "coverage: ${PROJECT_BINARY_DIR}/coverage/index.html"
-    COMMENT "Running the tests and collecting what they reached" VERBATIM)
+    USES_TERMINAL COMMENT "Running the tests and collecting what they reached" VERBATIM)
 endif()

@@ -17,7 +17,9 @@
 #endif
 
 #include "RatioReport.h"
+#include "data/VrexQuaternionT.h"
 #include "data/VrexVariable.h"
+#include "data/VrexVector3DT.h"
 
 namespace {
 
@@ -112,7 +114,9 @@ T weightedNormOfAll(const Values<T>& v) {
     using std::sqrt;
     T sum = v[0] * v[0];
     for (std::size_t i = 1; i < v.size(); ++i) {
-        const T component = (1.0 + 0.1 * static_cast<double>(i / 3)) * v[i];
+        const std::size_t point = i / 3;
+        const double weight = 1.0 + 0.1 * static_cast<double>(point);
+        const T component = weight * v[i];
         sum += component * component;
     }
     return sqrt(sum);
@@ -124,6 +128,26 @@ T smallExpression(const Values<T>& v) {
     const T sum = v[0] * v[1] + v[2] * v[0];
     const T ratio = (sum - v[1]) / (v[2] * v[2] + 1.5);
     return ratio * ratio + sum * 0.5 - v[1] * ratio;
+}
+
+/// The workloads above through the library's own quaternions and vectors.
+VrexVariable rotatedDistanceByVectors(const Values<VrexVariable>& v) {
+    using Quaternion3D = VrexQuaternionT<VrexVariable>;
+    const auto a = Quaternion3D::rotate(
+        {v[4], v[5], v[6]}, Quaternion3D::makeFromScalarAndVector(v[0], {v[1], v[2], v[3]}), false);
+    const auto b = Quaternion3D::rotate(
+        {v[11], v[12], v[13]}, Quaternion3D::makeFromScalarAndVector(v[7], {v[8], v[9], v[10]}), false);
+    return (a - b).magnitudeSquared();
+}
+
+VrexVariable weightedNormByVectors(const Values<VrexVariable>& v) {
+    using Vector = VrexVector3DT<VrexVariable>;
+    VrexVariable sum = Vector(v[0], v[1], v[2]).magnitudeSquared();
+    for (std::size_t i = 3; i < v.size(); i += 3) {
+        const double weight = 1.0 + 0.1 * static_cast<double>(i);
+        sum += weight * Vector(v[i], v[i + 1], v[i + 2]).magnitudeSquared();
+    }
+    return sqrt(sum);
 }
 
 template <typename T, typename Function>
@@ -148,8 +172,10 @@ void registerAll() {
     measure("small_expression/peer_jet3", jets<3>(), [](const auto& v) { return smallExpression(v); });
 #endif
     measure("rotated_distance/operators", variables(14), [](const auto& v) { return rotatedDistance(v); });
+    measure("rotated_distance/vectors", variables(14), rotatedDistanceByVectors);
     measure("rotated_distance/eigen_dynamic", dynamics(14), [](const auto& v) { return rotatedDistance(v); });
     measure("weighted_norm/operators", variables(60), [](const auto& v) { return weightedNorm(v); });
+    measure("weighted_norm/vectors", variables(60), weightedNormByVectors);
     measure("weighted_norm/eigen_dynamic", dynamics(60), [](const auto& v) { return weightedNorm(v); });
     measure("weighted_norm_of_all/operators", variables(60),
             [](const auto& v) { return weightedNormOfAll(v); });

@@ -11,7 +11,7 @@
 /// fallback or in what the floating-point unit gives (the reciprocal of zero is NaN). Angles are radians,
 /// comparisons with a tolerance (`eps`) look at values alone.
 template <typename T>
-class VrexQuaternionT {
+class VREX_DATA_EXPORT VrexQuaternionT {
 public:
     using Scalar = T;
     using Vector = VrexVector3DT<T>;
@@ -76,11 +76,25 @@ public:
     Vector rotationalAxis(double eps) const;
 
 private:
+    /// The parts built in place: `makeScalar()`, and `makeComponent(0)` to `makeComponent(2)`.
+    template <typename F, typename G>
+    VrexQuaternionT(F makeScalar, G makeComponent)
+        : m_scalar(makeScalar()), m_vector(typename Vector::PerIndex(), makeComponent) {}
     VrexQuaternionT(const T& scalar, const Vector& vector) : m_scalar(scalar), m_vector(vector) {}
 
     T m_scalar;
     Vector m_vector;
 };
 
-extern template class VREX_DATA_EXPORT VrexQuaternionT<double>;
-extern template class VREX_DATA_EXPORT VrexQuaternionT<VrexVariable>;
+// Evaluated in one step; VrexQuaternionsInOneStep.cpp.
+template <>
+VREX_DATA_EXPORT VrexQuaternionT<VrexVariable>
+VrexQuaternionT<VrexVariable>::operator*(const VrexQuaternionT& o) const;
+template <>
+VREX_DATA_EXPORT VrexVariable VrexQuaternionT<VrexVariable>::normSquared() const;
+template <>
+VREX_DATA_EXPORT VrexVector3DT<VrexVariable>
+VrexQuaternionT<VrexVariable>::rotate(const Vector& v, const VrexQuaternionT& q, bool useReciprocal);
+
+extern template class VrexQuaternionT<double>;
+extern template class VrexQuaternionT<VrexVariable>;

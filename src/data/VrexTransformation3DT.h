@@ -8,7 +8,7 @@
 /// A motion of space over `double` or `VrexVariable`: rotate by a quaternion, then translate. No motion by
 /// default. The rotation is kept as given, not normalised; angles are radians; nothing is checked.
 template <typename T>
-class VrexTransformation3DT {
+class VREX_DATA_EXPORT VrexTransformation3DT {
 public:
     using Scalar = T;
     using Vector = VrexVector3DT<T>;
@@ -50,5 +50,5 @@ private:
     Quaternion m_rotation;
 };
 
-extern template class VREX_DATA_EXPORT VrexTransformation3DT<double>;
-extern template class VREX_DATA_EXPORT VrexTransformation3DT<VrexVariable>;
+extern template class VrexTransformation3DT<double>;
+extern template class VrexTransformation3DT<VrexVariable>;

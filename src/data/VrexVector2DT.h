@@ -12,7 +12,7 @@
 ///
 /// Comparisons look at values alone, derivatives play no part. Tolerances (`eps`) are plain doubles.
 template <typename T>
-class VrexVector2DT {
+class VREX_DATA_EXPORT VrexVector2DT {
 public:
     using Scalar = T;
 
@@ -149,5 +149,5 @@ T VrexVector2DT<T>::magnitude() const {
     return sqrt(magnitudeSquared());
 }
 
-extern template class VREX_DATA_EXPORT VrexVector2DT<double>;
-extern template class VREX_DATA_EXPORT VrexVector2DT<VrexVariable>;
+extern template class VrexVector2DT<double>;
+extern template class VrexVector2DT<VrexVariable>;

@@ -13,7 +13,7 @@
 /// Angles are radians; a direction is a polar angle from the Z axis and an azimuthal angle from the X axis.
 /// Comparisons look at values alone, derivatives play no part. Tolerances (`eps`) are plain doubles.
 template <typename T>
-class VrexVector3DT {
+class VREX_DATA_EXPORT VrexVector3DT {
 public:
     using Scalar = T;
 
@@ -114,7 +114,13 @@ public:
     getRotationMatrixAroundAxis(const VrexVector3DT& axis, const T& angle);
 
 private:
+    template <typename>
+    friend class VrexVector3DT;
+    template <typename>
+    friend class VrexQuaternionT;
+
     struct PerComponent {};
+    struct PerIndex {};
     /// An angle by its sine and cosine, so that these are computed once for several vectors.
     struct Angle {
         explicit Angle(const T& radians);
@@ -125,6 +131,10 @@ private:
     template <typename F, typename... Vectors>
     VrexVector3DT(PerComponent /*tag*/, F f, const Vectors&... v)
         : m_x(f(v.m_x...)), m_y(f(v.m_y...)), m_z(f(v.m_z...)) {}
+
+    /// Component i is `make(i)`, built in place.
+    template <typename F>
+    VrexVector3DT(PerIndex /*tag*/, F make) : m_x(make(0)), m_y(make(1)), m_z(make(2)) {}
 
     static VrexVector3DT getRotatedXBasisVector(const Angle& polar, const Angle& azimuthal);
     static VrexVector3DT getRotatedYBasisVector(const Angle& polar, const Angle& azimuthal);
@@ -199,5 +209,30 @@ VrexVector3DT<T>& VrexVector3DT<T>::operator/=(const S& divisor) {
     return *this;
 }
 
-extern template class VREX_DATA_EXPORT VrexVector3DT<double>;
-extern template class VREX_DATA_EXPORT VrexVector3DT<VrexVariable>;
+// Evaluated in one step; VrexVectorsInOneStep.cpp.
+template <>
+VREX_DATA_EXPORT VrexVariable VrexVector3DT<VrexVariable>::dotProduct(const VrexVector3DT& o) const;
+template <>
+VREX_DATA_EXPORT VrexVector3DT<VrexVariable>
+VrexVector3DT<VrexVariable>::crossProduct(const VrexVector3DT& o) const;
+template <>
+VREX_DATA_EXPORT VrexVariable VrexVector3DT<VrexVariable>::magnitudeSquared() const;
+template <>
+VREX_DATA_EXPORT VrexVariable VrexVector3DT<VrexVariable>::magnitude() const;
+template <>
+VREX_DATA_EXPORT VrexVariable VrexVector3DT<VrexVariable>::distanceTo(const VrexVector3DT& o) const;
+template <>
+VREX_DATA_EXPORT VrexVector3DT<VrexVariable>
+VrexVector3DT<VrexVariable>::makeNormalized(double eps, const VrexVector3DT& fallback) const;
+template <>
+VREX_DATA_EXPORT VrexVector3DT<VrexVariable>
+VrexVector3DT<VrexVariable>::sphericalAnglesToCartesian(const VrexVariable& polar,
+                                                        const VrexVariable& azimuthal);
+template <>
+VREX_DATA_EXPORT
+    std::tuple<VrexVector3DT<VrexVariable>, VrexVector3DT<VrexVariable>, VrexVector3DT<VrexVariable>>
+    VrexVector3DT<VrexVariable>::getRotatedBasisVectors(const VrexVariable& polar,
+                                                        const VrexVariable& azimuthal);
+
+extern template class VrexVector3DT<double>;
+extern template class VrexVector3DT<VrexVariable>;

@@ -47,7 +47,7 @@ auto dotProduct(const Vector& a, const Vector& b) {
 template <typename Vector>
 Vector crossProduct(const Vector& a, const Vector& b) {
     return Vector(a.y() * b.z() - b.y() * a.z(), b.x() * a.z() - a.x() * b.z(),
-                  b.y() * a.x() - a.y() * b.x());
+                  b.y() * a.x() - b.x() * a.y());
 }
 
 template <typename Vector>

@@ -114,7 +114,9 @@ T weightedNormOfAll(const Values<T>& v) {
     using std::sqrt;
     T sum = v[0] * v[0];
     for (std::size_t i = 1; i < v.size(); ++i) {
-        const T component = (1.0 + 0.1 * static_cast<double>(i / 3)) * v[i];
+        const std::size_t point = i / 3;
+        const double weight = 1.0 + 0.1 * static_cast<double>(point);
+        const T component = weight * v[i];
         sum += component * component;
     }
     return sqrt(sum);

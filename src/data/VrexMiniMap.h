@@ -94,8 +94,12 @@ public:
     }
     /// `resize` that leaves the new entries raw: the caller writes key and value of each.
     void resizeForOverwrite(std::uint64_t count) {
-        if (count > N || m_size > N) [[unlikely]] {
-            changeBlock(count);
+        if (count > N) [[unlikely]] {
+            if (m_capacity < count) {
+                grow(2 * count);
+            }
+        } else if (m_size > N) [[unlikely]] {
+            returnInline(count);
         }
         m_size = count;
     }
@@ -132,17 +136,11 @@ private:
         m_heap = block;
         m_capacity = count;
     }
-    [[gnu::noinline]] void changeBlock(std::uint64_t count) {
-        if (count > N) {
-            if (m_capacity < count) {
-                grow(2 * count);
-            }
-        } else {
-            copyEntries(m_inline, m_heap, count);
-            release(m_heap);
-            m_heap = nullptr;
-            m_capacity = 0;
-        }
+    [[gnu::noinline]] void returnInline(std::uint64_t count) noexcept {
+        copyEntries(m_inline, m_heap, count);
+        release(m_heap);
+        m_heap = nullptr;
+        m_capacity = 0;
     }
     [[gnu::always_inline]] void copyFresh(const VrexMiniMap& other) {
         if (other.m_size > N) [[unlikely]] {

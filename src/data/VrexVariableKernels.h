@@ -237,16 +237,20 @@ template <typename Update, typename Append>
     }
 }
 
-/// In place: d = update(d, db) for each entry of `store`, db being 0 for a key that `b` lacks; then each key
-/// that only `b` has is appended with appended(db). `b` may be `store`. Nothing has changed when it throws.
-template <typename Update, typename Append>
-inline void combineInto(Store& store, const Store& b, const Update& update, const Append& appended) {
-    const std::uint64_t before = store.size();
-    const std::uint64_t common = commonPrefix(store, b);
-    const std::uint64_t rightCount = b.size() - common;
-    if (rightCount > VrexVariableKeyIndex::MOST) [[unlikely]] {
-        return combineManyInto(store, b, update, appended);
+/// d = update(d, 0) for each entry of a run.
+template <typename Update>
+inline void updateAlone(Store::Entry* entry, const Store::Entry* end, const Update& update) {
+    for (; entry != end; ++entry) {
+        entry->value = update(entry->value, 0.0);
     }
+}
+
+/// `combineInto` for a right store of some entries, at most 64, more than the `common` ones.
+template <typename Update, typename Append>
+inline void combineSomeInto(Store& store, const Store& b, std::uint64_t common, const Update& update,
+                            const Append& appended) {
+    const std::uint64_t before = store.size();
+    const std::uint64_t rightCount = b.size() - common;
     const Store::Entry* right = b.begin();
     const VrexVariableKeyIndex index(right + common, rightCount);
     const std::uint64_t room =
@@ -281,6 +285,53 @@ inline void combineInto(Store& store, const Store& b, const Update& update, cons
         if ((hits >> j & 1) == 0) {
             store.append(right[j].key, appended(right[j].value));
         }
+    }
+}
+
+/// `combineInto` for a right store of one entry more than the `common` ones.
+template <typename Update, typename Append>
+inline void combineOneInto(Store& store, const Store& b, std::uint64_t common, const Update& update,
+                           const Append& appended) {
+    const std::uint64_t before = store.size();
+    const Store::Entry* const right = b.begin();
+    const Store::Entry& one = right[common];
+    std::uint64_t position = common;
+    while (position < before && store.begin()[position].key != one.key) {
+        ++position;
+    }
+    if (position == before) {
+        store.append(one.key, appended(one.value));
+    }
+    Store::Entry* const entries = store.begin();
+    for (std::uint64_t i = 0; i < common; ++i) {
+        entries[i].value = update(entries[i].value, right[i].value);
+    }
+    updateAlone(entries + common, entries + position, update);
+    if (position < before) {
+        entries[position].value = update(entries[position].value, one.value);
+        updateAlone(entries + position + 1, entries + before, update);
+    }
+}
+
+/// In place: d = update(d, db) for each entry of `store`, db being 0 for a key that `b` lacks; then each key
+/// that only `b` has is appended with appended(db). `b` may be `store`. Nothing has changed when it throws.
+template <typename Update, typename Append>
+inline void combineInto(Store& store, const Store& b, const Update& update, const Append& appended) {
+    const std::uint64_t common = commonPrefix(store, b);
+    const std::uint64_t rightCount = b.size() - common;
+    if (rightCount == 0) {
+        Store::Entry* const entries = store.begin();
+        const Store::Entry* const right = b.begin();
+        for (std::uint64_t i = 0; i < common; ++i) {
+            entries[i].value = update(entries[i].value, right[i].value);
+        }
+        updateAlone(entries + common, store.end(), update);
+    } else if (rightCount == 1) {
+        combineOneInto(store, b, common, update, appended);
+    } else if (rightCount <= VrexVariableKeyIndex::MOST) {
+        combineSomeInto(store, b, common, update, appended);
+    } else {
+        combineManyInto(store, b, update, appended);
     }
 }
 

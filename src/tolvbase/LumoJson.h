@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "tolvbase/LumoJsonIteratorImpl.h"
@@ -23,6 +24,11 @@ struct LumoJsonNode;
 /// value. Depth is limited by memory only: copying, writing and releasing need no stack. One thread at a time
 /// writes; any number may read. A moved-from value is null.
 class TOLV_EXPORT LumoJson {
+    /// The integers that index besides `int` and `std::size_t`.
+    template <class Index>
+    static constexpr bool IS_OTHER_INDEX = std::integral<Index> && sizeof(Index) <= sizeof(std::size_t) &&
+                                           !std::same_as<Index, int> && !std::same_as<Index, std::size_t>;
+
 public:
     using value_type = LumoJson;
     using iterator = LumoJsonMutableIterator;
@@ -48,7 +54,9 @@ public:
     }
 
     /// With `deduceType`, a list of two-element arrays whose first element is a string makes an object, where
-    /// the last of equal keys wins; so does an empty list. Everything else makes an array.
+    /// the last of equal keys wins; so does an empty list. Everything else makes an array, and so do braces
+    /// around one value: `LumoJson{json}` is an array with a copy of it (compilers that follow CWG 1467 to
+    /// the letter, as Clang before 18, copy instead: write `LumoJson(json)` or `LumoJson::array({json})`).
     LumoJson(std::initializer_list<LumoJson> elements, bool deduceType = true);
     static LumoJson array(std::initializer_list<LumoJson> elements = {});
 
@@ -112,18 +120,26 @@ public:
 
     /// The member, created as null if missing; a null value becomes an object first. Throws
     /// `std::runtime_error` for every other type. A new member ends the life of references and iterators into
-    /// this object.
-    LumoJson& operator[](std::string_view key);
-    LumoJson& operator[](const char* key);
-    /// The member or element; throws `std::out_of_range` where there is none.
-    const LumoJson& operator[](std::string_view key) const;
-    const LumoJson& operator[](const char* key) const;
-    const LumoJson& operator[](int index) const;
-    const LumoJson& operator[](unsigned int index) const { return (*this)[std::size_t{index}]; }
-    const LumoJson& operator[](std::size_t index) const;
-    LumoJson& operator[](int index);
-    LumoJson& operator[](unsigned int index) { return (*this)[std::size_t{index}]; }
-    LumoJson& operator[](std::size_t index);
+    /// this object, also within one line: `json["new"] = json["old"]` takes the reference to the old member
+    /// first and reads it after the new one has moved it. Write `json["new"] = LumoJson(json["old"])`.
+    LumoJson& operator[](std::string_view key) &;
+    LumoJson& operator[](const char* key) &;
+    /// The member or element; throws `std::out_of_range` where there is none, as for every negative index.
+    const LumoJson& operator[](std::string_view key) const&;
+    const LumoJson& operator[](const char* key) const&;
+    const LumoJson& operator[](int index) const&;
+    const LumoJson& operator[](std::size_t index) const&;
+    template <class Index>
+    requires IS_OTHER_INDEX<Index>
+    const LumoJson& operator[](Index index) const& {
+        return (*this)[static_cast<std::size_t>(index)]; // A negative one lies beyond every array then.
+    }
+    LumoJson& operator[](int index) &;
+    LumoJson& operator[](std::size_t index) &;
+    template <class Index>
+    requires IS_OTHER_INDEX<Index> LumoJson& operator[](Index index) & {
+        return (*this)[static_cast<std::size_t>(index)];
+    }
 
     /// False for a missing key, a null key and for everything that is no object.
     [[nodiscard]] bool contains(std::string_view key) const;
@@ -249,3 +265,18 @@ private:
     alignas(8) Tag m_tag = Tag::Null;
     char m_bytes[15] = {};
 };
+
+/// `LumoJson::toJson`, for calls without the class name.
+template <class Value>
+requires requires(LumoJson& json, Value&& value) { LumoJson::toJson(json, std::forward<Value>(value)); }
+void toJson(LumoJson& json,
+            Value&& value) noexcept(noexcept(LumoJson::toJson(json, std::forward<Value>(value)))) {
+    LumoJson::toJson(json, std::forward<Value>(value));
+}
+
+/// `LumoJson::getValue`, for calls without the class name.
+template <class Json, class Value>
+requires std::same_as<std::remove_cvref_t<Json>, LumoJson> && requires(Json&& json, Value& out) {
+    LumoJson::getValue(std::forward<Json>(json), out);
+}
+void getValue(Json&& json, Value& out) { LumoJson::getValue(std::forward<Json>(json), out); }

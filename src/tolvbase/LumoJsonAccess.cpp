@@ -13,7 +13,7 @@ constexpr const char* NO_ELEMENT = "JSON value has no such element.";
 
 } // namespace
 
-LumoJson& LumoJson::operator[](std::string_view key) {
+LumoJson& LumoJson::operator[](std::string_view key) & {
     if (is_null()) {
         *this = emptyContainer(LumoJsonType::Object);
     }
@@ -23,32 +23,32 @@ LumoJson& LumoJson::operator[](std::string_view key) {
     return ensureNode()->member(key);
 }
 
-LumoJson& LumoJson::operator[](const char* key) {
+LumoJson& LumoJson::operator[](const char* key) & {
     return key == nullptr ? (throwMissing(NO_MEMBER), *this) : (*this)[std::string_view(key)];
 }
 
-const LumoJson& LumoJson::operator[](std::string_view key) const {
+const LumoJson& LumoJson::operator[](std::string_view key) const& {
     const LumoJson* const found = findMember(key);
     return found == nullptr ? (throwMissing(NO_MEMBER), *this) : *found;
 }
 
-const LumoJson& LumoJson::operator[](const char* key) const {
+const LumoJson& LumoJson::operator[](const char* key) const& {
     return key == nullptr ? (throwMissing(NO_MEMBER), *this) : (*this)[std::string_view(key)];
 }
 
-const LumoJson& LumoJson::operator[](int index) const {
+const LumoJson& LumoJson::operator[](int index) const& {
     return index < 0 ? (throwMissing(NO_ELEMENT), *this) : (*this)[static_cast<std::size_t>(index)];
 }
 
-const LumoJson& LumoJson::operator[](std::size_t index) const {
+const LumoJson& LumoJson::operator[](std::size_t index) const& {
     const LumoJson* const found = findElement(index);
     return found == nullptr ? (throwMissing(NO_ELEMENT), *this) : *found;
 }
 
 // A value that may change gives elements that may change.
-LumoJson& LumoJson::operator[](int index) { return const_cast<LumoJson&>(std::as_const(*this)[index]); }
+LumoJson& LumoJson::operator[](int index) & { return const_cast<LumoJson&>(std::as_const(*this)[index]); }
 
-LumoJson& LumoJson::operator[](std::size_t index) {
+LumoJson& LumoJson::operator[](std::size_t index) & {
     return const_cast<LumoJson&>(std::as_const(*this)[index]);
 }
 

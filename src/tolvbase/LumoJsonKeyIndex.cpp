@@ -1,9 +1,10 @@
 #include "tolvbase/LumoJsonKeyIndex.h"
 
-#include <functional>
+#include <algorithm>
 #include <stdexcept>
 
 #include "tolvbase/LumoJson.h"
+#include "tolvbase/LumoJsonKeyHash.h"
 #include "tolvbase/LumoJsonNode.h"
 
 namespace {
@@ -11,8 +12,7 @@ namespace {
 constexpr std::size_t SMALLEST_TABLE = 64;
 
 std::uint32_t hashOf(std::string_view key) {
-    const std::size_t hash = std::hash<std::string_view>{}(key);
-    return static_cast<std::uint32_t>(hash ^ (hash >> 32U));
+    return static_cast<std::uint32_t>(LumoJsonKeyHash::ofProcess()(key));
 }
 
 std::uint32_t memberAt(std::size_t place) {
@@ -68,4 +68,15 @@ void LumoJsonKeyIndex::enter(std::uint32_t hash, std::uint32_t member) {
     }
     m_slots[at] = {hash, member};
     ++m_size;
+}
+
+std::size_t LumoJsonKeyIndex::longestProbe() const {
+    const std::size_t mask = m_slots.size() - 1;
+    std::size_t longest = 0;
+    for (std::size_t at = 0; at <= mask; ++at) {
+        if (m_slots[at].member != 0) {
+            longest = std::max(longest, ((at - m_slots[at].hash) & mask) + 1);
+        }
+    }
+    return longest;
 }

@@ -10,6 +10,7 @@ class LumoJson;
 
 /// Finds the members of a large object by key: open addressing over the places of their values.
 ///
+/// Its hash takes a secret of the process, so a document cannot choose keys that crowd the same slots.
 /// It stores places only; the keys stay in the object's list of keys and values, which every call names.
 class LumoJsonKeyIndex {
 public:
@@ -21,6 +22,9 @@ public:
     [[nodiscard]] std::size_t find(const std::vector<LumoJson>& keysAndValues, std::string_view key) const;
     /// Enters a key that is not there yet, for the value that will stand at `place`.
     void add(const std::vector<LumoJson>& keysAndValues, std::string_view key, std::size_t place);
+
+    /// The most slots that a key stands behind its own, plus one: what the slowest look-up compares.
+    [[nodiscard]] std::size_t longestProbe() const;
 
 private:
     struct Slot {

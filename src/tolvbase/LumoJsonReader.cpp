@@ -192,6 +192,9 @@ private:
 };
 
 LumoJson LumoJsonReader::read() const {
+    if (m_text.starts_with(nsTolvUtf8::BYTE_ORDER_MARK)) { // Some versions of simdjson pass over it.
+        refuse("the text is refused");
+    }
     std::string padded;
     padded.reserve(m_text.size() + simdjson::SIMDJSON_PADDING);
     padded.append(m_text).append(simdjson::SIMDJSON_PADDING, '\0');

@@ -8,6 +8,10 @@
 #include "tolvbase/TolvUtf8.h"
 
 std::optional<LumoJsonScanner::Fault> LumoJsonScanner::findFault() {
+    if (m_text.starts_with(nsTolvUtf8::BYTE_ORDER_MARK)) {
+        fail("the text begins with a byte order mark");
+        return m_fault;
+    }
     do {
         skipBlanks();
     } while (step());

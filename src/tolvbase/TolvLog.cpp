@@ -18,10 +18,12 @@ namespace {
 constexpr std::uint32_t EVERY_LEVEL = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint32_t FAST_CHANNELS = 16;
 
-/// Stands outside the state so that a line logged after its destruction still finds "no sink".
+/// Stands outside the state: a process that never sets a sink never makes one.
 constinit std::atomic<bool> s_hasSink{false};
 constinit thread_local bool t_isInSink = false;
 
+/// Made with the first sink or limit and never destroyed: what static objects of the host log or set while
+/// the process ends still finds it.
 class LogState {
 public:
     LogState() {
@@ -31,11 +33,11 @@ public:
     }
     LogState(const LogState&) = delete;
     LogState& operator=(const LogState&) = delete;
-    ~LogState() { s_hasSink.store(false); }
+    ~LogState() = default;
 
     static LogState& instance() {
-        static LogState state;
-        return state;
+        static LogState* const state = std::make_unique<LogState>().release();
+        return *state;
     }
 
     void setSink(LogSink sink) {

@@ -1,6 +1,5 @@
 #include "data/VrexVariableLog.h"
 
-#include <clocale>
 #include <functional>
 #include <iomanip>
 #include <limits>
@@ -11,6 +10,7 @@
 #include <string>
 #include <utility>
 
+#include "support/GermanLocale.h"
 #include "support/ScalarSamples.h"
 
 using nsScalarSamples::make;
@@ -347,15 +347,13 @@ TEST(VrexVariableLog, MoreDigitsAreNeverPrinted) {
 }
 
 TEST(VrexVariableLog, TextsIgnoreTheProcessLocale) {
-    const std::locale german("de_DE.UTF-8");
-    const std::locale before = std::locale::global(german);
-    ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+    const GermanLocale locale;
+    ASSERT_TRUE(GermanLocale::isSet());
     const VrexVariable a = named("a", 0.5, 0);
     const VrexVariable product = VrexVariable(1234567.5, a) * a;
     const std::string prefix = (a + 1234567.25).convertLogToString();
     const std::string infix = (a + 1234567.25).convertLogToStringInfix();
     const std::string temporary = VrexVariable(1234567.5, a).convertLogToStringInfix();
-    std::locale::global(before);
     EXPECT_EQ(prefix, "[a,1234567.25,+]");
     EXPECT_EQ(infix, "a + 1234567.25");
     EXPECT_EQ(temporary.substr(temporary.find('[')), "[1234567.5]");

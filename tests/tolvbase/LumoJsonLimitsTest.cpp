@@ -1,34 +1,19 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
-#include <pthread.h>
 
+#include "support/SmallStack.h"
 #include "tolvbase/LumoJson.h"
 
 namespace {
 
-constexpr std::size_t SMALL_STACK = 512UL * 1024UL;
 constexpr int DEEP = 1000000;
 constexpr int MANY = 1000000;
-
-/// Runs the work in a thread with a stack of 512 KiB; what recurses once per level of a deep value dies
-/// there.
-void runOnSmallStack(std::function<void()> work) {
-    pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, SMALL_STACK), 0);
-    pthread_t thread{};
-    const auto run = [](void* argument) -> void* {
-        (*static_cast<std::function<void()>*>(argument))();
-        return nullptr;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
-}
 
 LumoJson deepArray() {
     LumoJson value(1);
@@ -107,4 +92,33 @@ TEST(LumoJsonLimits, AMillionKeysAreReadAndFoundInLinearTime) {
         ASSERT_EQ(value, key + 1);
     }
     EXPECT_FALSE(json.contains("k" + std::to_string(MANY)));
+}
+
+TEST(LumoJsonLimits, ManyThreadsReadOneValue) {
+    LumoJson shared;
+    for (int key = 0; key < 100; ++key) {
+        shared[std::to_string(key)] = LumoJson::array({key, 0.5, "a text that lies on the heap"});
+    }
+    const LumoJson& json = shared;
+    const std::string text = json.dump();
+    std::vector<int> sums(4);
+    const auto read = [&](int& sum) {
+        for (int turn = 0; turn < 50; ++turn) {
+            for (int key = 0; key < 100; ++key) {
+                int value = 0;
+                LumoJson::getValue(json[std::to_string(key)][0], value);
+                sum += value;
+            }
+            const LumoJson copy = json;
+            sum += copy.dump() == text ? 1 : 0;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int& sum : sums) {
+        threads.emplace_back(read, std::ref(sum));
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(sums, std::vector<int>(4, 50 * (99 * 100 / 2 + 1)));
 }

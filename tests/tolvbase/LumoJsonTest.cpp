@@ -134,7 +134,17 @@ TEST(LumoJson, EmptyListIsAnObjectUnlessNothingIsDeduced) {
     EXPECT_EQ(LumoJson(nothing, false).dump(), "[]");
 }
 
+#if !defined(__clang__) || __clang_major__ >= 18
+TEST(LumoJson, BracesAroundOneValueMakeAnArray) {
+    const LumoJson json{{"a", 1}};
+    EXPECT_EQ(LumoJson{json}.dump(), R"([{"a":1}])");
+    EXPECT_EQ(LumoJson{LumoJson(1)}.dump(), "[1]");
+    EXPECT_EQ(LumoJson(json).dump(), R"({"a":1})");
+}
+#endif
+
 TEST(LumoJson, ArrayTakesPairsAsTheyAre) {
+    EXPECT_EQ(LumoJson::array({LumoJson::array({1})}).dump(), "[[1]]");
     EXPECT_EQ(LumoJson::array({{"a", 1}}).dump(), R"([["a",1]])");
     EXPECT_EQ(LumoJson::array({}).dump(), "[]");
 }
@@ -201,6 +211,8 @@ TEST(LumoJson, IntegralDoubleReadsAsInteger) {
     EXPECT_EQ(valueOf<unsigned int>(LumoJson(4294967295.0)), 4294967295U);
     EXPECT_EQ(valueOf<unsigned long long>(LumoJson(18446744073709549568.0)), 18446744073709549568ULL);
     EXPECT_EQ(valueOf<unsigned int>(LumoJson(-0.0)), 0U);
+    EXPECT_EQ(valueOf<long long>(LumoJson(-9223372036854775808.0)), std::numeric_limits<long long>::min());
+    EXPECT_EQ(valueOf<long long>(LumoJson(9223372036854774784.0)), 9223372036854774784LL);
 }
 
 TEST(LumoJson, NumberThatTheIntegerCannotHoldIsRefusedAndLeavesTheTarget) {
@@ -224,6 +236,8 @@ TEST(LumoJson, NumberThatTheIntegerCannotHoldIsRefusedAndLeavesTheTarget) {
     EXPECT_TRUE(isRefused(18446744073709551616.0, 5ULL));
     EXPECT_TRUE(isRefused(1e300, 5ULL));
     EXPECT_TRUE(isRefused(9223372036854775808ULL, 5LL));
+    EXPECT_TRUE(isRefused(9223372036854775808.0, 5LL));
+    EXPECT_TRUE(isRefused(-9223372036854777856.0, 5LL)); // The next double below the lowest integer.
 }
 
 TEST(LumoJson, ValueOfAnotherTypeIsNotRead) {
@@ -236,6 +250,56 @@ TEST(LumoJson, ValueOfAnotherTypeIsNotRead) {
     EXPECT_EQ(thrownText([&] { valueOf<bool>(number); }), "JSON value is no boolean.");
     EXPECT_EQ(thrownText([&] { valueOf<std::string>(number); }), "JSON value is no string.");
     EXPECT_EQ(thrownText([&] { valueOf<std::string_view>(LumoJson::array()); }), "JSON value is no string.");
+}
+
+TEST(LumoJson, RefusedReadingLeavesTheTarget) {
+    double number = 5.5;
+    bool flag = true;
+    std::string text = "before";
+    std::string_view view = "before";
+    EXPECT_THROW(LumoJson::getValue(LumoJson("1"), number), std::runtime_error);
+    EXPECT_THROW(LumoJson::getValue(LumoJson(0), flag), std::runtime_error);
+    EXPECT_THROW(LumoJson::getValue(LumoJson(1), text), std::runtime_error);
+    const LumoJson list = LumoJson::array();
+    EXPECT_THROW(LumoJson::getValue(list, view), std::runtime_error);
+    EXPECT_EQ(number, 5.5);
+    EXPECT_TRUE(flag);
+    EXPECT_EQ(text, "before");
+    EXPECT_EQ(view, "before");
+}
+
+namespace {
+
+template <class Json, class Value>
+concept ReadsUnqualified = requires(Json&& json, Value& out) {
+    getValue(std::forward<Json>(json), out);
+};
+
+template <class Value>
+concept StoredUnqualified = requires(LumoJson& json, Value value) {
+    toJson(json, value);
+};
+
+} // namespace
+
+TEST(LumoJson, ValuesAreStoredAndReadWithoutTheClassName) {
+    LumoJson json;
+    toJson(json, 3);
+    int number = 0;
+    getValue(json, number);
+    EXPECT_EQ(number, 3);
+    toJson(json, "text");
+    std::string text;
+    getValue(std::as_const(json), text);
+    EXPECT_EQ(text, "text");
+    const bool flag = true;
+    toJson(json, flag);
+    EXPECT_EQ(json.dump(), "true");
+    EXPECT_THROW(getValue(json, text), std::runtime_error);
+    static_assert(ReadsUnqualified<LumoJson, std::string>);
+    static_assert(!ReadsUnqualified<LumoJson, std::string_view>, "a view of a value that dies");
+    static_assert(!ReadsUnqualified<LumoJson&, const int> && !ReadsUnqualified<std::string&, int>);
+    static_assert(StoredUnqualified<unsigned long long> && !StoredUnqualified<const void*>);
 }
 
 TEST(LumoJson, MutableMemberIsCreatedAsNull) {
@@ -260,6 +324,25 @@ TEST(LumoJson, KeyMayLieInTheObjectThatGrows) {
     }
     EXPECT_EQ(json.size(), 3U);
     EXPECT_EQ(valueOf<int>(json["a text that is longer than fourteen bytes"]), 99);
+}
+
+TEST(LumoJson, MemberIsCopiedToANewOneByItsValue) {
+    LumoJson json;
+    json["0"] = "a text that is longer than fourteen bytes";
+    for (int key = 1; key < 200; ++key) {
+        json[std::to_string(key)] = LumoJson(json[std::to_string(key - 1)]);
+    }
+    EXPECT_EQ(valueOf<std::string>(json["199"]), "a text that is longer than fourteen bytes");
+}
+
+TEST(LumoJson, MissingMemberOfATemporaryIsOutOfRange) {
+    const auto parsed = [] { return LumoJson::parse(R"({"a":[7]})"); };
+    EXPECT_THROW(parsed()["missing"], std::out_of_range);
+    EXPECT_THROW(parsed()[std::string_view("missing")], std::out_of_range);
+    EXPECT_THROW(LumoJson()["missing"], std::out_of_range);
+    EXPECT_EQ(valueOf<int>(parsed()["a"][0]), 7);
+    static_assert(std::is_same_v<decltype(parsed()["a"]), const LumoJson&>);
+    static_assert(std::is_same_v<decltype(parsed()[0]), const LumoJson&>);
 }
 
 TEST(LumoJson, MutableMemberOfANonObjectIsRefused) {
@@ -306,6 +389,38 @@ TEST(LumoJson, ElementOfAMutableArrayIsWrittenInPlace) {
     EXPECT_EQ(list.dump(), R"(["x",[]])");
     EXPECT_THROW(list[2] = 1, std::out_of_range);
     EXPECT_THROW(list[-1] = 1, std::out_of_range);
+}
+
+namespace {
+
+template <class Index>
+void expectIndexes() {
+    LumoJson list = LumoJson::array({10, 20});
+    const LumoJson& constant = list;
+    EXPECT_EQ(valueOf<int>(constant[Index{1}]), 20);
+    list[Index{0}] = 30;
+    EXPECT_EQ(list.dump(), "[30,20]");
+    EXPECT_THROW(constant[Index{2}], std::out_of_range);
+    EXPECT_THROW(list[std::numeric_limits<Index>::max()], std::out_of_range);
+    if constexpr (std::is_signed_v<Index>) {
+        EXPECT_THROW(constant[Index{-1}], std::out_of_range);
+        EXPECT_THROW(list[Index{-1}], std::out_of_range);
+        EXPECT_THROW(list[std::numeric_limits<Index>::min()], std::out_of_range);
+    }
+}
+
+} // namespace
+
+TEST(LumoJson, EveryIntegerIndexes) {
+    expectIndexes<short>();
+    expectIndexes<unsigned short>();
+    expectIndexes<int>();
+    expectIndexes<unsigned int>();
+    expectIndexes<long>();
+    expectIndexes<unsigned long>();
+    expectIndexes<long long>();
+    expectIndexes<unsigned long long>();
+    expectIndexes<std::ptrdiff_t>();
 }
 
 TEST(LumoJson, ContainsAndFindSeeMembersOnly) {

@@ -1,10 +1,12 @@
 #include "tolvbase/TolvFormat.h"
 
-#include <clocale>
 #include <cstdarg>
+#include <cstdio>
 #include <string>
 
 #include <gtest/gtest.h>
+
+#include "support/GermanLocale.h"
 
 namespace {
 
@@ -41,13 +43,19 @@ TEST(TolvFormat, ZeroBytesAreKept) { EXPECT_EQ(Tolv::formatString("a%cb", 0), st
 TEST(TolvFormat, ArgumentListCanBeReadAgain) { EXPECT_EQ(formatTwice("%d-%s", 4, "y"), "4-y|4-y"); }
 
 TEST(TolvFormat, NumbersIgnoreTheProcessLocaleAndLeaveIt) {
-    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) {
-        GTEST_SKIP() << "de_DE.UTF-8 is not installed";
-    }
+    const GermanLocale locale;
+    ASSERT_TRUE(GermanLocale::isSet());
     const std::string text = Tolv::formatString("%.2f %g", 1.5, 1e-8);
     char probe[8];
     std::snprintf(probe, sizeof probe, "%.1f", 1.5);
-    std::setlocale(LC_ALL, "C");
     EXPECT_EQ(text, "1.50 1e-08");
     EXPECT_STREQ(probe, "1,5");
+}
+
+TEST(TolvFormat, TextThatTheCLocaleCannotHoldIsEmpty) {
+    EXPECT_EQ(Tolv::formatString("[%ls]", L"ascii"), "[ascii]");
+    EXPECT_EQ(Tolv::formatString("[%ls]", L"\u20AC"), "");
+    const GermanLocale locale; // UTF-8, which could hold it.
+    EXPECT_EQ(std::snprintf(nullptr, 0, "%ls", L"\u20AC"), 3);
+    EXPECT_EQ(Tolv::formatString("[%ls]", L"\u20AC"), "");
 }

@@ -1,17 +1,34 @@
 #include "tolvbase/TolvLog.h"
 
 #include <atomic>
-#include <cstring>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
 constexpr std::uint32_t EVERY_LEVEL = 0xFFFFFFFF;
+
+// Both sides of a library boundary fill and read it: types and order are fixed.
+static_assert(std::is_same_v<decltype(Tolv::SLogParam::channel), std::uint32_t>);
+static_assert(std::is_same_v<decltype(Tolv::SLogParam::level), std::uint32_t>);
+static_assert(std::is_same_v<decltype(Tolv::SLogParam::fileName), const char*>);
+static_assert(std::is_same_v<decltype(Tolv::SLogParam::fileNameLength), std::int32_t>);
+static_assert(std::is_same_v<decltype(Tolv::SLogParam::line), std::int32_t>);
+static_assert(offsetof(Tolv::SLogParam, channel) == 0);
+static_assert(offsetof(Tolv::SLogParam, level) == sizeof(std::uint32_t));
+static_assert(offsetof(Tolv::SLogParam, fileName) == 2 * sizeof(std::uint32_t));
+static_assert(offsetof(Tolv::SLogParam, fileNameLength) == 2 * sizeof(std::uint32_t) + sizeof(char*));
+static_assert(offsetof(Tolv::SLogParam, line) == 3 * sizeof(std::uint32_t) + sizeof(char*));
 
 struct Line {
     Tolv::SLogParam param;
@@ -40,6 +57,52 @@ protected:
     }
 
     std::vector<Line> m_lines;
+};
+
+/// A static object of a host that takes its sink back while the process ends. The process ends with 3 if the
+/// sink had died before, with 4 if it was not called, with 5 if it outlived its end.
+class LateHost {
+public:
+    LateHost() = default;
+    LateHost(const LateHost&) = delete;
+    LateHost& operator=(const LateHost&) = delete;
+    ~LateHost() {
+        check(!m_sink.expired(), 3);
+        Tolv::SLogParam param{1, 1, "host.cpp", 8, 1};
+        Tolv::Log(param, "%s", "late");
+        check(m_lines == 2, 4);
+        Tolv::setLogSink({});
+        check(m_sink.expired(), 5);
+    }
+
+    void start() {
+        auto lines = std::make_shared<int*>(&m_lines);
+        m_sink = lines;
+        Tolv::setLogSink([lines = std::move(lines)](const Tolv::SLogParam&, std::string_view) { ++**lines; });
+        Tolv::SLogParam param{1, 1, "host.cpp", 8, 1};
+        Tolv::Log(param, "%s", "early");
+    }
+
+private:
+    static void check(bool isGood, int exitCode) {
+        if (!isGood) {
+            _exit(exitCode);
+        }
+    }
+
+    int m_lines = 0;
+    std::weak_ptr<int*> m_sink;
+};
+
+/// What a sink holds; logs when it dies.
+struct LastWord {
+    LastWord() = default;
+    LastWord(const LastWord&) = delete;
+    LastWord& operator=(const LastWord&) = delete;
+    ~LastWord() {
+        Tolv::SLogParam param{1, 1, "sink.cpp", 8, 1};
+        Tolv::Log(param, "%s", "last word");
+    }
 };
 
 } // namespace
@@ -179,4 +242,32 @@ TEST_F(TolvLog, SinkAndLimitMayChangeWhileOthersLog) {
     isDone = true;
     changer.join();
     EXPECT_EQ(received, 2 * LINES);
+}
+
+TEST_F(TolvLog, StaticObjectOfTheHostMayEndTheLogWhileTheProcessEnds) {
+    // Started afresh, so that the log is made after the host, as in a program, and would go before it.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto endWithHost = [] {
+        static LateHost host;
+        host.start();
+        std::exit(0); // NOLINT(concurrency-mt-unsafe): the end is what is tested
+    };
+    EXPECT_EXIT(endWithHost(), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(TolvLog, SinkMayLogWhileItIsDestroyed) {
+    auto lastWord = std::make_shared<LastWord>();
+    Tolv::setLogSink([lastWord = std::move(lastWord)](const Tolv::SLogParam&, std::string_view) {});
+    collect();
+    ASSERT_EQ(m_lines.size(), 1U);
+    EXPECT_EQ(m_lines[0].text, "last word");
+}
+
+TEST_F(TolvLog, SinkThatReplacesItselfMayLogWhileItIsDestroyed) {
+    auto lastWord = std::make_shared<LastWord>();
+    Tolv::setLogSink(
+        [this, lastWord = std::move(lastWord)](const Tolv::SLogParam&, std::string_view) { collect(); });
+    log(1, 1, "first");
+    ASSERT_EQ(m_lines.size(), 1U);
+    EXPECT_EQ(m_lines[0].text, "last word");
 }

@@ -1,7 +1,6 @@
 #include "tolvbase/TolvPerformanceTimer.h"
 
 #include <chrono>
-#include <clocale>
 #include <cstdio>
 #include <functional>
 #include <stdexcept>
@@ -11,6 +10,8 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "support/GermanLocale.h"
 
 namespace {
 
@@ -79,12 +80,10 @@ TEST(TolvPerformanceTimer, CallbackThatThrowsIsPassedOver) {
 }
 
 TEST(TolvPerformanceTimer, TextHasAPointInEveryLocale) {
-    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) {
-        GTEST_SKIP() << "de_DE.UTF-8 is not installed";
-    }
+    const GermanLocale locale;
+    ASSERT_TRUE(GermanLocale::isSet());
     Texts texts;
     { const Tolv::PerformanceTimer timer("x", true, into(texts)); }
-    std::setlocale(LC_ALL, "C");
     ASSERT_EQ(texts.size(), 1U);
     EXPECT_NE(texts[0].find('.'), std::string::npos);
     EXPECT_EQ(texts[0].find(','), std::string::npos);

@@ -213,6 +213,39 @@ inline void combineSmall(Store& result, const Store& a, const Store& b, const Ru
     result.resizeForOverwrite(static_cast<std::uint64_t>(target - first));
 }
 
+/// `combine` of two stores that live inside and hold the same keys in the same order, the usual case; false,
+/// with `result` still empty, for any others. Small enough to stand in the operators themselves.
+template <typename Rule>
+[[gnu::always_inline]] inline bool combineAligned(Store& result, const Store& a, const Store& b,
+                                                  const Rule& rule) {
+    const std::uint64_t count = a.size();
+    if (count != b.size() || count > Store::INLINE_CAPACITY) {
+        return false;
+    }
+    const Store::Entry* left = a.begin();
+    const Store::Entry* right = b.begin();
+    Store::Entry* target = result.begin();
+    for (const Store::Entry* const end = left + count; left != end; ++left, ++right, ++target) {
+        if (left->key != right->key) {
+            return false;
+        }
+        target->key = left->key;
+        target->value = rule(left->value, right->value);
+    }
+    result.resizeForOverwrite(count);
+    return true;
+}
+
+/// `combine` of stores that are not aligned.
+template <typename Rule>
+[[gnu::noinline]] void combineUnaligned(Store& result, const Store& a, const Store& b, Rule rule) {
+    if (a.size() <= Store::INLINE_CAPACITY && b.size() <= Store::INLINE_CAPACITY) [[likely]] {
+        combineSmall(result, a, b, rule);
+    } else {
+        combine(result, a, b, rule);
+    }
+}
+
 /// `combineInto` for a right store of many entries.
 template <typename Update, typename Append>
 [[gnu::noinline, gnu::cold]] void combineManyInto(Store& store, const Store& b, const Update& update,

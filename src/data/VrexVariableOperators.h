@@ -47,11 +47,8 @@ template <typename Rule>
 inline VrexVariable binary(double value, const VrexVariable& a, const VrexVariable& b,
                            VrexLogOperationType operation, const Rule& rule) {
     VrexVariable result(value);
-    if (a.derivatives().size() <= VrexVariable::Derivatives::INLINE_CAPACITY &&
-        b.derivatives().size() <= VrexVariable::Derivatives::INLINE_CAPACITY) [[likely]] {
-        combineSmall(result.derivatives(), a.derivatives(), b.derivatives(), rule);
-    } else {
-        combine(result.derivatives(), a.derivatives(), b.derivatives(), rule);
+    if (!combineAligned(result.derivatives(), a.derivatives(), b.derivatives(), rule)) {
+        combineUnaligned(result.derivatives(), a.derivatives(), b.derivatives(), rule);
     }
     if (a.hasLog()) [[unlikely]] {
         VrexVariableLogging::recordBinary(result, a, b, operation);

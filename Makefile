@@ -24,7 +24,7 @@ test: setup
 bench: setup
 	cmake --preset release
 	cmake --build --preset release --target benchmarks -j $(JOBS)
-	@for program in build/release/benchmarks/bench_*; do "$$program"; done
+	@for program in build/release/benchmarks/bench_*; do "$$program" || exit 1; done
 
 docs: setup
 	cmake --preset release

@@ -21,10 +21,10 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/VrexConfigVersion.cmake C
 install(FILES ${PROJECT_BINARY_DIR}/VrexConfig.cmake ${PROJECT_BINARY_DIR}/VrexConfigVersion.cmake
   DESTINATION ${VREX_PACKAGE_DIR})
 
-# vrex_install_pc(library DESCRIPTION text [REQUIRES other.pc]): the prefix is found from where the .pc file lies, so
+# vrex_install_pc(library DESCRIPTION text [REQUIRES other.pc] [CFLAGS flags]): the prefix is found from where the .pc file lies, so
 # that the installed tree can be moved.
 function(vrex_install_pc library)
-  cmake_parse_arguments(PC "" "DESCRIPTION;REQUIRES" "" ${ARGN})
+  cmake_parse_arguments(PC "" "DESCRIPTION;REQUIRES;CFLAGS" "" ${ARGN})
   set(PC_NAME ${library})
   cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY ${CMAKE_INSTALL_PREFIX} OUTPUT_VARIABLE PC_LIBDIR)
   cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
@@ -33,4 +33,4 @@ function(vrex_install_pc library)
   install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endfunction()
 vrex_install_pc(tolvbase DESCRIPTION "Logging, formatting, timing and JSON values")
-vrex_install_pc(vrex.data3d DESCRIPTION "${PROJECT_DESCRIPTION}" REQUIRES tolvbase)
+vrex_install_pc(vrex.data3d DESCRIPTION "${PROJECT_DESCRIPTION}" REQUIRES tolvbase CFLAGS " -ffp-contract=off")

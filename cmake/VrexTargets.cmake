@@ -5,17 +5,23 @@
 
 find_program(VREX_CCACHE ccache)
 if(VREX_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${VREX_CCACHE})
+  # The sloppiness is what ccache asks for where precompiled headers are used: the names that a header defines are part
+  # of the precompiled file, whose content is compared.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${VREX_CCACHE})
 endif()
 
 add_library(vrex_flags INTERFACE)
 target_compile_features(vrex_flags INTERFACE cxx_std_20)
 # Contraction is off: formulas fix their floating-point order, and a fused multiply-add would round otherwise.
 target_compile_options(vrex_flags INTERFACE
-  -ffp-contract=off -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  -ffp-contract=off -fno-semantic-interposition -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   -Wformat=2 -Wcast-align -Wdouble-promotion -Wimplicit-fallthrough)
 if(VREX_SANITIZE)
-  target_compile_options(vrex_flags INTERFACE -fsanitize=${VREX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(vrex_flags INTERFACE
+    -fsanitize=${VREX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
+    # GCC takes its own instrumentation for a use of what is not set, in the standard headers too.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(vrex_flags INTERFACE -fsanitize=${VREX_SANITIZE})
 endif()
 if(VREX_COVERAGE)

@@ -12,7 +12,7 @@
 /// unchecked.
 class VREX_DATA_EXPORT VrexParameterVector {
 public:
-    static constexpr std::uint32_t INLINE_CAPACITY = 7;
+    static constexpr std::uint32_t INLINE_CAPACITY = 4;
 
     VrexParameterVector() noexcept : m_size(0) {}
     /// `size` zeros.
@@ -42,9 +42,9 @@ private:
     void copyFrom(const VrexParameterVector& other);
     void stealFrom(VrexParameterVector& other) noexcept;
 
+    std::uint32_t m_size;
     union {
         double m_inline[INLINE_CAPACITY];
         double* m_heap;
     };
-    std::uint32_t m_size;
 };

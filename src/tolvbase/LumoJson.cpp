@@ -28,13 +28,6 @@ LumoJson& LumoJson::operator=(const LumoJson& other) {
     return *this;
 }
 
-LumoJson& LumoJson::operator=(LumoJson&& other) noexcept {
-    // `other` may lie inside this value: it leaves before anything is released.
-    LumoJson taken(std::move(other));
-    swap(taken);
-    return *this;
-}
-
 LumoJson::LumoJson(std::initializer_list<LumoJson> elements, bool deduceType) {
     const auto isMember = [](const LumoJson& element) {
         return element.is_array() && element.size() == 2 && element.front().is_string();
@@ -95,11 +88,6 @@ void LumoJson::clear() noexcept {
     }
 }
 
-void LumoJson::swap(LumoJson& other) noexcept {
-    std::swap(m_tag, other.m_tag);
-    std::swap(m_bytes, other.m_bytes);
-}
-
 LumoJson LumoJson::emptyContainer(LumoJsonType type) noexcept {
     LumoJson result;
     result.setPayload<LumoJsonNode*>(nullptr);
@@ -116,23 +104,11 @@ void LumoJson::release() noexcept {
     m_tag = Tag::Null;
 }
 
-LumoJsonNode* LumoJson::node() const noexcept {
-    return m_tag >= Tag::Array ? payload<LumoJsonNode*>() : nullptr;
-}
-
 LumoJsonNode* LumoJson::ensureNode() {
     LumoJsonNode* elements = node();
     if (elements == nullptr) {
         elements = std::make_unique<LumoJsonNode>().release();
         setPayload(elements);
-    }
-    return elements;
-}
-
-LumoJsonNode* LumoJson::detachNode() noexcept {
-    LumoJsonNode* const elements = node();
-    if (elements != nullptr) {
-        setPayload<LumoJsonNode*>(nullptr);
     }
     return elements;
 }

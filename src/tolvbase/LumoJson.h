@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "tolvbase/LumoJsonIteratorImpl.h"
 #include "tolvbase/LumoJsonMutableIterator.h"
@@ -34,7 +35,12 @@ public:
         other.m_tag = Tag::Null;
     }
     LumoJson& operator=(const LumoJson& other);
-    LumoJson& operator=(LumoJson&& other) noexcept;
+    LumoJson& operator=(LumoJson&& other) noexcept {
+        LumoJson taken(
+            std::move(other)); // It may lie inside this value: it leaves before anything is released.
+        swap(taken);
+        return *this;
+    }
     ~LumoJson() {
         if (m_tag >= Tag::LongString) {
             release();
@@ -162,7 +168,10 @@ public:
     /// Empties an array, an object or a string, which keeps its type; every other value becomes null.
     void clear() noexcept;
 
-    void swap(LumoJson& other) noexcept;
+    void swap(LumoJson& other) noexcept {
+        std::swap(m_tag, other.m_tag);
+        std::swap(m_bytes, other.m_bytes);
+    }
 
 private:
     friend struct LumoJsonNode;
@@ -185,17 +194,19 @@ private:
     };
     static constexpr std::size_t SHORT_TEXT = 14;
 
+    // NOLINTBEGIN(bugprone-sizeof-expression): a payload may be a pointer, and its own size is meant.
     template <class Payload>
     [[nodiscard]] Payload payload() const noexcept {
         Payload value;
-        std::memcpy(&value, m_bytes + PAYLOAD_AT, sizeof value);
+        std::memcpy(&value, m_bytes + PAYLOAD_AT, sizeof(Payload));
         return value;
     }
     template <class Payload>
     void setPayload(Payload value) noexcept {
-        static_assert(sizeof value <= sizeof m_bytes - PAYLOAD_AT);
-        std::memcpy(m_bytes + PAYLOAD_AT, &value, sizeof value);
+        static_assert(sizeof(Payload) <= sizeof m_bytes - PAYLOAD_AT);
+        std::memcpy(m_bytes + PAYLOAD_AT, &value, sizeof(Payload));
     }
+    // NOLINTEND(bugprone-sizeof-expression)
     template <class Payload>
     void store(Tag tag, Payload value) noexcept;
 
@@ -205,13 +216,29 @@ private:
     static LumoJson emptyContainer(LumoJsonType type) noexcept;
     void release() noexcept;
     /// The text of a string; the type must have been tested.
-    [[nodiscard]] std::string_view text() const noexcept;
+    [[nodiscard]] std::string_view text() const noexcept {
+        if (m_tag == Tag::ShortString) {
+            return {m_bytes + 1, static_cast<std::size_t>(m_bytes[0])};
+        }
+        const char* const block = payload<const char*>();
+        std::size_t size = 0;
+        std::memcpy(&size, block, sizeof size);
+        return {block + sizeof size, size};
+    }
     /// The elements; null for an empty container that never had any, and for every other type.
-    [[nodiscard]] LumoJsonNode* node() const noexcept;
+    [[nodiscard]] LumoJsonNode* node() const noexcept {
+        return m_tag >= Tag::Array ? payload<LumoJsonNode*>() : nullptr;
+    }
     /// The elements of a container, made if there are none yet.
     LumoJsonNode* ensureNode();
     /// Takes the elements away, for their release by the caller.
-    LumoJsonNode* detachNode() noexcept;
+    LumoJsonNode* detachNode() noexcept {
+        LumoJsonNode* const elements = node();
+        if (elements != nullptr) {
+            setPayload<LumoJsonNode*>(nullptr);
+        }
+        return elements;
+    }
     [[nodiscard]] const LumoJson* findMember(std::string_view key) const;
     [[nodiscard]] const LumoJson* findElement(std::size_t index) const noexcept;
     [[nodiscard]] const LumoJson& atEdge(bool isBack) const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -26,10 +27,25 @@ struct LumoJsonNode {
     [[nodiscard]] LumoJson* findMember(std::string_view key);
     /// The value of the member, which is appended as null if it is missing.
     LumoJson& member(std::string_view key);
+    /// Fills an object that has no members yet with key, value, key, value...; the last of equal keys wins.
+    void adoptMembers(std::span<LumoJson> keysAndValues);
 
     /// A deep copy; the caller owns it.
     [[nodiscard]] static std::unique_ptr<LumoJsonNode, void (*)(LumoJsonNode*)>
     copy(const LumoJsonNode& source);
     /// Releases the node and everything below it, without recursion and without taking memory.
     static void release(LumoJsonNode* node) noexcept;
+
+private:
+    struct CopyStep {
+        const LumoJsonNode* from;
+        LumoJsonNode* to;
+    };
+
+    /// Adds a key that is not there yet; its value is null.
+    LumoJson& append(LumoJson key);
+    /// Copies the values into this empty node; of containers only the shell, with a step for what they hold.
+    void copyValues(const LumoJsonNode& source, std::vector<CopyStep>& open);
+    /// Puts the nodes of all values before `waiting` and returns the first that waits.
+    LumoJsonNode* detachContainers(LumoJsonNode* waiting) noexcept;
 };

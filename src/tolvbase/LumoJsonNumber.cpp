@@ -18,19 +18,31 @@ std::size_t skipDigits(std::string_view text, std::size_t at) {
     return at;
 }
 
-bool stands(std::string_view text, std::size_t at, std::string_view anyOf) {
-    return at < text.size() && anyOf.find(text[at]) != std::string_view::npos;
+bool stands(std::string_view text, std::size_t at, char first, char second) {
+    return at < text.size() && (text[at] == first || text[at] == second);
 }
 
-/// Where the part that begins with one of `marks` and goes on with digits ends; `at` itself if it has no such
-/// part.
-std::size_t skipPart(std::string_view text, std::size_t at, std::string_view marks, std::string_view signs) {
-    if (!stands(text, at, marks)) {
+/// Where the fraction at `at` ends; `at` itself if there is none.
+std::size_t skipFraction(std::string_view text, std::size_t at) {
+    const std::size_t end = stands(text, at, '.', '.') ? skipDigits(text, at + 1) : at;
+    return end == at + 1 ? at : end;
+}
+
+/// Where the exponent at `at` ends; `at` itself if there is none.
+std::size_t skipExponent(std::string_view text, std::size_t at) {
+    if (!stands(text, at, 'e', 'E')) {
         return at;
     }
-    const std::size_t digits = at + (stands(text, at + 1, signs) ? 2 : 1);
+    const std::size_t digits = at + (stands(text, at + 1, '+', '-') ? 2 : 1);
     const std::size_t end = skipDigits(text, digits);
     return end == digits ? at : end;
+}
+
+/// Where the integer part of the number ends; 0 if there is none.
+std::size_t skipInteger(std::string_view text) {
+    const std::size_t first = stands(text, 0, '-', '-') ? 1 : 0;
+    const std::size_t end = stands(text, first, '0', '0') ? first + 1 : skipDigits(text, first);
+    return end == first ? 0 : end;
 }
 
 template <class Number>
@@ -74,19 +86,16 @@ bool readInteger(std::string_view token, LumoJson& out) {
 } // namespace
 
 std::size_t length(std::string_view text) noexcept {
-    const std::size_t first = stands(text, 0, "-") ? 1 : 0;
-    const std::size_t whole = stands(text, first, "0") ? first + 1 : skipDigits(text, first);
-    if (whole == first) {
-        return 0;
-    }
-    return skipPart(text, skipPart(text, whole, ".", ""), "eE", "+-");
+    const std::size_t integer = skipInteger(text);
+    return integer == 0 ? 0 : skipExponent(text, skipFraction(text, integer));
 }
 
 Result read(std::string_view token, LumoJson& out) noexcept {
-    if (token.empty() || length(token) != token.size()) {
+    const std::size_t integer = skipInteger(token);
+    if (integer == 0 || skipExponent(token, skipFraction(token, integer)) != token.size()) {
         return Result::Malformed;
     }
-    if (token.find_first_of(".eE") == std::string_view::npos && readInteger(token, out)) {
+    if (integer == token.size() && readInteger(token, out)) {
         return Result::Read;
     }
     double value = 0;

@@ -1,8 +1,11 @@
 #include "tolvbase/LumoJsonReader.h"
 
-#include <cstring>
+#include <iterator>
+#include <new>
+#include <span>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <simdjson.h>
@@ -15,13 +18,19 @@
 /// Builds the value while simdjson walks the text: structure and strings come from there, words and numbers
 /// are read from their tokens here, which keeps 64-bit integers, larger ones and the last bit of doubles.
 /// Every operation returns false for a text that is refused; nobody may go on after that.
+///
+/// The values of all open containers wait on one stack; a container takes its own when it closes, and their
+/// number is known then.
 class LumoJsonTreeBuilder {
 public:
-    bool build(simdjson::ondemand::document& document, LumoJson& root, const char* textEnd) {
-        if (!take(document, root)) {
+    /// `hasUnicodeEscapes` tells whether "\\u" stands anywhere in the text.
+    explicit LumoJsonTreeBuilder(bool hasUnicodeEscapes) : m_hasUnicodeEscapes(hasUnicodeEscapes) {}
+
+    bool build(simdjson::ondemand::document& document, const char* textEnd) {
+        if (!take(document)) {
             return false;
         }
-        if (!root.is_array() && !root.is_object() && !root.is_string()) {
+        if (m_open.empty() && !root().is_string()) {
             return m_tokenEnd == textEnd;
         }
         while (!m_open.empty()) {
@@ -32,11 +41,14 @@ public:
         return document.current_location().error() == simdjson::OUT_OF_BOUNDS; // Nothing follows the value.
     }
 
+    /// What `build` has built.
+    LumoJson& root() { return m_values.front(); }
+
 private:
     /// A container that is being read. Only the iterator of its kind is in use.
     struct Level {
-        LumoJsonNode* node;
-        bool isObject;
+        bool isObject = false;
+        std::size_t firstValue = 0;
         simdjson::ondemand::array_iterator elements;
         simdjson::ondemand::object_iterator members;
 
@@ -54,7 +66,7 @@ private:
     bool advance() {
         const std::size_t depth = m_open.size();
         if (!m_open.back().isOpen()) {
-            m_open.pop_back();
+            close();
         } else if (!(m_open.back().isObject ? takeMember() : takeElement())) {
             return false;
         }
@@ -65,85 +77,93 @@ private:
     }
 
     bool takeElement() {
-        Level& level = m_open.back();
         simdjson::ondemand::value value;
-        return (*level.elements).get(value) == simdjson::SUCCESS &&
-               take(value, level.node->values.emplace_back());
+        return (*m_open.back().elements).get(value) == simdjson::SUCCESS && take(value);
     }
 
     bool takeMember() {
-        Level& level = m_open.back();
         simdjson::ondemand::field field;
         std::string_view key;
-        if ((*level.members).get(field) != simdjson::SUCCESS ||
+        if ((*m_open.back().members).get(field) != simdjson::SUCCESS ||
             field.unescaped_key().get(key) != simdjson::SUCCESS || !isText(key)) {
             return false;
         }
-        return take(field.value(), level.node->member(key));
+        m_values.emplace_back(key);
+        return take(field.value());
     }
 
-    /// Stores a scalar in `slot`, or makes it a container and opens that.
+    /// Adds a scalar to the waiting values, or opens a container.
     template <class Source>
-    bool take(Source&& source, LumoJson& slot) {
+    bool take(Source&& source) {
         simdjson::ondemand::json_type type{};
         if (source.type().get(type) != simdjson::SUCCESS) {
             return false;
         }
         switch (type) {
         case simdjson::ondemand::json_type::array:
-            return openArray(source, slot);
+            return openArray(source);
         case simdjson::ondemand::json_type::object:
-            return openObject(source, slot);
+            return openObject(source);
         case simdjson::ondemand::json_type::string:
-            return takeString(source, slot);
+            return takeString(source);
         default:
-            return takeToken(source, slot);
+            return takeToken(source);
         }
     }
 
     template <class Source>
-    bool openArray(Source& source, LumoJson& slot) {
+    bool openArray(Source& source) {
         simdjson::ondemand::array array;
-        Level level{};
-        if (m_open.size() == LumoJsonScanner::DEEPEST || source.get_array().get(array) != simdjson::SUCCESS ||
-            array.begin().get(level.elements) != simdjson::SUCCESS) {
-            return false;
-        }
-        return open(level, LumoJsonType::Array, slot);
+        Level level;
+        return m_open.size() < LumoJsonScanner::DEEPEST &&
+               source.get_array().get(array) == simdjson::SUCCESS &&
+               array.begin().get(level.elements) == simdjson::SUCCESS && open(level);
     }
 
     template <class Source>
-    bool openObject(Source& source, LumoJson& slot) {
+    bool openObject(Source& source) {
         simdjson::ondemand::object object;
-        Level level{};
-        if (m_open.size() == LumoJsonScanner::DEEPEST ||
-            source.get_object().get(object) != simdjson::SUCCESS ||
-            object.begin().get(level.members) != simdjson::SUCCESS) {
-            return false;
-        }
-        return open(level, LumoJsonType::Object, slot);
+        Level level;
+        level.isObject = true;
+        return m_open.size() < LumoJsonScanner::DEEPEST &&
+               source.get_object().get(object) == simdjson::SUCCESS &&
+               object.begin().get(level.members) == simdjson::SUCCESS && open(level);
     }
 
-    bool open(Level& level, LumoJsonType type, LumoJson& slot) {
-        slot = LumoJson::emptyContainer(type);
-        level.node = slot.ensureNode();
-        level.isObject = type == LumoJsonType::Object;
+    bool open(Level& level) {
+        level.firstValue = m_values.size();
         m_open.push_back(level);
         return true;
     }
 
+    void close() {
+        const bool isObject = m_open.back().isObject;
+        const auto first = static_cast<std::ptrdiff_t>(m_open.back().firstValue);
+        m_open.pop_back();
+        const std::span<LumoJson> own(m_values.begin() + first, m_values.end());
+        LumoJson container = LumoJson::emptyContainer(isObject ? LumoJsonType::Object : LumoJsonType::Array);
+        if (isObject && !own.empty()) {
+            container.ensureNode()->adoptMembers(own);
+        } else if (!own.empty()) {
+            container.ensureNode()->values.assign(std::move_iterator(own.begin()),
+                                                  std::move_iterator(own.end()));
+        }
+        m_values.erase(m_values.begin() + first, m_values.end());
+        m_values.push_back(std::move(container));
+    }
+
     template <class Source>
-    bool takeString(Source& source, LumoJson& slot) {
+    bool takeString(Source& source) {
         std::string_view text;
         if (source.get_string().get(text) != simdjson::SUCCESS || !isText(text)) {
             return false;
         }
-        LumoJson::toJson(slot, text);
+        m_values.emplace_back(text);
         return true;
     }
 
     template <class Source>
-    bool takeToken(Source& source, LumoJson& slot) {
+    bool takeToken(Source& source) {
         std::string_view token;
         if (simdjson::simdjson_result<std::string_view>(source.raw_json_token()).get(token) !=
             simdjson::SUCCESS) {
@@ -151,25 +171,22 @@ private:
         }
         m_tokenEnd = token.data() + token.size();
         token = token.substr(0, token.find_last_not_of(" \t\n\r") + 1);
-        if (token == "null") {
-            slot = LumoJson();
-        } else if (token == "true" || token == "false") {
-            LumoJson::toJson(slot, token.size() == 4);
-        } else {
-            return nsLumoJsonNumber::read(token, slot) == nsLumoJsonNumber::Result::Read;
+        LumoJson& value = m_values.emplace_back();
+        if (token == "true" || token == "false") {
+            LumoJson::toJson(value, token.size() == 4);
+            return true;
         }
-        return true;
+        return token == "null" || nsLumoJsonNumber::read(token, value) == nsLumoJsonNumber::Result::Read;
     }
 
-    /// The text is valid as bytes, but an escape may have left half of a surrogate pair: those bytes begin
-    /// so.
-    static bool isText(std::string_view text) {
-        constexpr int SURROGATE_LEAD = 0xED;
-        return std::memchr(text.data(), SURROGATE_LEAD, text.size()) == nullptr ||
-               nsTolvUtf8::findInvalid(text) == std::string_view::npos;
+    /// The bytes of the document are valid, but an escape may have left half of a surrogate pair.
+    [[nodiscard]] bool isText(std::string_view text) const {
+        return !m_hasUnicodeEscapes || nsTolvUtf8::findInvalid(text) == std::string_view::npos;
     }
 
+    bool m_hasUnicodeEscapes;
     std::vector<Level> m_open;
+    std::vector<LumoJson> m_values;
     /// Where the last word or number ended, with the blanks that follow it.
     const char* m_tokenEnd = nullptr;
 };
@@ -185,12 +202,11 @@ LumoJson LumoJsonReader::read() const {
     if (error == simdjson::MEMALLOC) {
         throw std::bad_alloc();
     }
-    LumoJson root;
-    if (error != simdjson::SUCCESS ||
-        !LumoJsonTreeBuilder().build(document, root, padded.data() + m_text.size())) {
+    LumoJsonTreeBuilder builder(m_text.find("\\u") != std::string_view::npos);
+    if (error != simdjson::SUCCESS || !builder.build(document, padded.data() + m_text.size())) {
         refuse(error == simdjson::CAPACITY ? "the text is too long" : "the text is refused");
     }
-    return root;
+    return std::move(builder.root());
 }
 
 void LumoJsonReader::refuse(const char* otherwise) const {

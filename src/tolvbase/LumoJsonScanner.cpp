@@ -100,21 +100,9 @@ bool LumoJsonScanner::scanSeparator(char byte) {
 bool LumoJsonScanner::scanString() {
     const std::size_t start = m_at++;
     while (m_at < m_text.size() && m_text[m_at] != '"') {
-        const auto byte = static_cast<unsigned char>(m_text[m_at]);
-        if (byte < 0x20) {
-            return fail("a control character in a string must be escaped");
+        if (!scanCharacter()) {
+            return false;
         }
-        if (byte == '\\') {
-            if (!scanEscape()) {
-                return false;
-            }
-            continue;
-        }
-        const std::size_t length = nsTolvUtf8::characterLength(m_text.substr(m_at));
-        if (length == 0) {
-            return fail("the string is not valid UTF-8");
-        }
-        m_at += length;
     }
     if (m_at == m_text.size()) {
         m_at = start;
@@ -122,6 +110,19 @@ bool LumoJsonScanner::scanString() {
     }
     ++m_at;
     return true;
+}
+
+bool LumoJsonScanner::scanCharacter() {
+    constexpr unsigned char FIRST_PRINTABLE = 0x20;
+    if (m_text[m_at] == '\\') {
+        return scanEscape();
+    }
+    if (static_cast<unsigned char>(m_text[m_at]) < FIRST_PRINTABLE) {
+        return fail("a control character in a string must be escaped");
+    }
+    const std::size_t length = nsTolvUtf8::characterLength(m_text.substr(m_at));
+    m_at += length;
+    return length != 0 || fail("the string is not valid UTF-8");
 }
 
 bool LumoJsonScanner::scanEscape() {

@@ -34,6 +34,7 @@ private:
     bool scanKey();
     bool scanSeparator(char byte);
     bool scanString();
+    bool scanCharacter();
     bool scanEscape();
     bool scanUnicodeEscape();
     bool scanNumber();

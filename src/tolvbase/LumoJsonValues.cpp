@@ -32,16 +32,6 @@ void LumoJson::toJson(LumoJson& json, std::string_view value) {
     json.swap(stored);
 }
 
-std::string_view LumoJson::text() const noexcept {
-    if (m_tag == Tag::ShortString) {
-        return {m_bytes + 1, static_cast<std::size_t>(m_bytes[0])};
-    }
-    const char* const block = payload<char*>();
-    std::size_t size = 0;
-    std::memcpy(&size, block, sizeof size);
-    return {block + sizeof size, size};
-}
-
 void LumoJson::toJson(LumoJson& json, const std::string& value) { toJson(json, std::string_view(value)); }
 
 void LumoJson::toJson(LumoJson& json, const char* value) {

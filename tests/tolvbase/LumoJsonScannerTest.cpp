@@ -19,6 +19,27 @@ bool isRead(const std::string& text) {
     }
 }
 
+/// Changes, adds or drops one to three bytes of the text.
+std::string damage(std::string text, std::mt19937& random) {
+    const std::string bytes = "{}[],:\"\\ \n019-+.eEtfnul\xC3\xED\x80" + std::string(1, '\0');
+    const auto below = [&random](std::size_t limit) { return random() % limit; };
+    for (std::size_t change = below(3) + 1; change > 0; --change) {
+        const char byte = bytes[below(bytes.size())];
+        const std::size_t at = below(text.size());
+        switch (below(3)) {
+        case 0:
+            text[at] = byte;
+            break;
+        case 1:
+            text.insert(at, 1, byte);
+            break;
+        default:
+            text.erase(at, 1);
+        }
+    }
+    return text;
+}
+
 } // namespace
 
 TEST(LumoJsonScanner, FindsNoFaultInAGoodText) {
@@ -34,26 +55,10 @@ TEST(LumoJsonScanner, ColumnsCountCharactersOfTheLine) {
 TEST(LumoJsonScanner, AgreesWithTheReaderOnDamagedTexts) {
     const std::string good =
         R"({"a":[1,-2.5e3,"\ud83d\ude00é"],"b" : {"c":[true,false,null,[[]],{}]},"d":0.1})";
-    const std::string bytes = "{}[],:\"\\ \n019-+.eEtfnul\xC3\xED\x80" + std::string(1, '\0');
     std::mt19937 random(11);
-    const auto below = [&random](std::size_t limit) { return random() % limit; };
     int refused = 0;
     for (int turn = 0; turn < 100000; ++turn) {
-        std::string text = good;
-        for (std::size_t change = below(3) + 1; change > 0; --change) {
-            const char byte = bytes[below(bytes.size())];
-            const std::size_t at = below(text.size());
-            switch (below(3)) {
-            case 0:
-                text[at] = byte;
-                break;
-            case 1:
-                text.insert(at, 1, byte);
-                break;
-            default:
-                text.erase(at, 1);
-            }
-        }
+        const std::string text = damage(good, random);
         const bool isGood = isRead(text);
         ASSERT_EQ(isGood, !LumoJsonScanner(text).findFault()) << text;
         refused += isGood ? 0 : 1;

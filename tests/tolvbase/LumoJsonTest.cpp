@@ -7,12 +7,9 @@
 #include <type_traits>
 #include <utility>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
-
-using testing::ElementsAre;
 
 template <class T>
 T valueOf(const LumoJson& json) {
@@ -346,12 +343,12 @@ TEST(LumoJson, MakeArrayChangesNullOnly) {
     EXPECT_EQ(json.dump(), "[1]");
     for (const TypeRow& row : TYPE_ROWS) {
         LumoJson other = row.value;
-        if (row.type != 0 && row.type != 2) {
-            EXPECT_EQ(thrownText([&] { other.makeArray(); }),
-                      "JSON value is no array and cannot become one.");
-            EXPECT_THROW(other.push_back(1), std::runtime_error);
-            EXPECT_EQ(other.dump(), row.value.dump());
+        if (row.type == 0 || row.type == 2) {
+            continue;
         }
+        EXPECT_EQ(thrownText([&] { other.makeArray(); }), "JSON value is no array and cannot become one.");
+        EXPECT_EQ(thrownText([&] { other.push_back(1); }), "JSON value is no array and cannot become one.");
+        EXPECT_EQ(other.dump(), row.value.dump());
     }
 }
 

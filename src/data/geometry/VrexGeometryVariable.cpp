@@ -24,6 +24,4 @@ bool VrexGeometryVariable::checkChanged(double tolerance, double) const {
     return backup != nullptr && std::fabs(getValue() - backup->getValue()) > tolerance;
 }
 
-double VrexGeometryVariable::getValue() const { return getParameter(V); }
-
 void VrexGeometryVariable::setValue(double value) { setParameter(V, value); }

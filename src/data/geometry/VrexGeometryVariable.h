@@ -22,7 +22,7 @@ public:
     /// snapshot. `second` has no meaning for a variable.
     bool checkChanged(double tolerance, double second) const override;
 
-    double getValue() const;
+    double getValue() const { return getParameter(V); }
     void setValue(double value); ///< Leaves the dirty flag alone.
 
 private:

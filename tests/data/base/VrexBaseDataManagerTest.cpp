@@ -168,7 +168,7 @@ TEST(VrexBaseDataManager, StoresConstraintsToo) {
 
 TEST(VrexIDHash, NeighboursStayNeighbours) {
     const VrexIDHash hash;
-    for (const std::uint64_t id : {0ULL, 1ULL, 65534ULL, 70000ULL, 1ULL << 40U}) {
+    for (const std::uint64_t id : {0ULL, 1ULL, 65535ULL, 70000ULL, 1ULL << 40U}) {
         EXPECT_EQ(hash(id + 1), hash(id) + 1);
     }
 }
@@ -183,7 +183,8 @@ TEST(VrexIDHash, IdsAtTheStrideOfABucketCountSpreadOut) {
     for (std::uint64_t i = 1; i <= 100'000; ++i) {
         heaviest = std::max(heaviest, ++load[hash(i * buckets) % buckets]);
     }
-    EXPECT_LT(heaviest, 10);
+    // Twelve multiples share 24 bits and so a bucket; the groups of twelve fall at random.
+    EXPECT_LT(heaviest, 50);
 }
 
 } // namespace

@@ -16,10 +16,6 @@ std::vector<std::shared_ptr<VrexGeometry3D>> VrexGeometry3D::geometries() const 
     return keepOnly<VrexGeometry3D>(VrexGeometry::geometries());
 }
 
-VrexVector3DT<double> VrexGeometry3D::getVectorParameter(int firstSlot) const {
-    return {getParameter(firstSlot), getParameter(firstSlot + 1), getParameter(firstSlot + 2)};
-}
-
 void VrexGeometry3D::setVectorParameter(int firstSlot, const VrexVector3DT<double>& vector) {
     setParameter(firstSlot, vector.x());
     setParameter(firstSlot + 1, vector.y());

@@ -40,7 +40,9 @@ protected:
     VrexGeometry3D& operator=(VrexGeometry3D&&) = default;
 
     /// The three slots from `firstSlot` on as a vector.
-    VrexVector3DT<double> getVectorParameter(int firstSlot) const;
+    VrexVector3DT<double> getVectorParameter(int firstSlot) const {
+        return {getParameter(firstSlot), getParameter(firstSlot + 1), getParameter(firstSlot + 2)};
+    }
     void setVectorParameter(int firstSlot, const VrexVector3DT<double>& vector);
     /// The two slots from `polarSlot` on, polar and azimuthal angle, as a unit vector.
     VrexVector3DT<double> getDirectionParameter(int polarSlot) const;

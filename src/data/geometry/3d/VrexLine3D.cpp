@@ -35,8 +35,6 @@ bool VrexLine3D::checkChanged(double linear, double) const {
     return std::fabs(direction.crossProduct(shift).magnitude()) > linear;
 }
 
-VrexVector3DT<double> VrexLine3D::getOrigin() const { return getVectorParameter(X); }
-
 void VrexLine3D::setOrigin(const VrexVector3DT<double>& origin) { setVectorParameter(X, origin); }
 
 VrexVector3DT<double> VrexLine3D::getDirection() const { return getDirectionParameter(POLAR); }

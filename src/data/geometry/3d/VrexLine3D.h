@@ -28,7 +28,7 @@ public:
     /// line is no change. False without a snapshot. `second` has no meaning for a line.
     bool checkChanged(double linear, double second) const override;
 
-    VrexVector3DT<double> getOrigin() const;
+    VrexVector3DT<double> getOrigin() const { return getVectorParameter(X); }
     void setOrigin(const VrexVector3DT<double>& origin);
     /// Of unit length.
     VrexVector3DT<double> getDirection() const;

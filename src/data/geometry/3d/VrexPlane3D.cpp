@@ -35,8 +35,6 @@ bool VrexPlane3D::checkChanged(double linear, double) const {
     return std::fabs(normal.dotProduct(shift)) > linear;
 }
 
-VrexVector3DT<double> VrexPlane3D::getOrigin() const { return m_origin; }
-
 void VrexPlane3D::setOrigin(const VrexVector3DT<double>& origin) {
     m_origin = origin;
     updateDistance();

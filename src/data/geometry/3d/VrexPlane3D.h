@@ -31,7 +31,7 @@ public:
     bool checkChanged(double linear, double second) const override;
 
     /// The point last given, whatever DIST says.
-    VrexVector3DT<double> getOrigin() const;
+    const VrexVector3DT<double>& getOrigin() const { return m_origin; }
     /// Sets DIST to the normal times `origin`.
     void setOrigin(const VrexVector3DT<double>& origin);
     /// Of unit length.

@@ -26,8 +26,6 @@ bool VrexPoint3D::checkChanged(double linear, double) const {
     return (getPosition() - backup->getPosition()).magnitudeSquared() >= linear * linear;
 }
 
-VrexVector3DT<double> VrexPoint3D::getPosition() const { return getVectorParameter(X); }
-
 void VrexPoint3D::setPosition(const VrexVector3DT<double>& position) { setVectorParameter(X, position); }
 
 void VrexPoint3D::assign(double x, double y, double z) { setPosition({x, y, z}); }

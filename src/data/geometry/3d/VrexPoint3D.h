@@ -24,7 +24,7 @@ public:
     /// `second` has no meaning for a point.
     bool checkChanged(double linear, double second) const override;
 
-    VrexVector3DT<double> getPosition() const;
+    VrexVector3DT<double> getPosition() const { return getVectorParameter(X); }
     void
     setPosition(const VrexVector3DT<double>& position); ///< No setter of an entity touches the dirty flag.
     void assign(double x, double y, double z);

@@ -29,10 +29,6 @@ bool VrexSphere3D::checkChanged(double linear, double) const {
            std::fabs(getRadius() - backup->getRadius()) > linear;
 }
 
-VrexVector3DT<double> VrexSphere3D::getCenter() const { return getVectorParameter(X); }
-
 void VrexSphere3D::setCenter(const VrexVector3DT<double>& center) { setVectorParameter(X, center); }
-
-double VrexSphere3D::getRadius() const { return getParameter(RADIUS); }
 
 void VrexSphere3D::setRadius(double radius) { setParameter(RADIUS, radius); }

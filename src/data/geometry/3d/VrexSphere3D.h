@@ -27,9 +27,9 @@ public:
     /// false without one. `second` has no meaning for a sphere.
     bool checkChanged(double linear, double second) const override;
 
-    VrexVector3DT<double> getCenter() const;
+    VrexVector3DT<double> getCenter() const { return getVectorParameter(X); }
     void setCenter(const VrexVector3DT<double>& center);
-    double getRadius() const;
+    double getRadius() const { return getParameter(RADIUS); }
     void setRadius(double radius);
     /// Whether the solver may turn the radius negative; empty when the application left it open.
     const std::optional<bool>& getAllowRadiusSignChange() const { return m_allowRadiusSignChange; }

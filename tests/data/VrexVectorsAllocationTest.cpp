@@ -13,7 +13,7 @@ namespace {
 VrexVariable tenfold(double value) {
     VrexVariable variable(value);
     for (std::uint64_t key = 0; key < 10; ++key) {
-        variable.derivatives()[(key * 7) % 10] = value + static_cast<double>(key);
+        variable.derivatives().set((key * 7) % 10, value + static_cast<double>(key));
     }
     return variable;
 }

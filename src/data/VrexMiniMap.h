@@ -25,7 +25,7 @@ public:
     VrexMiniMap() noexcept {} // NOLINT(modernize-use-equals-default)
     /// Allocates for more than `N` entries only, and then twice the size.
     VrexMiniMap(const VrexMiniMap& other) { copyFresh(other); }
-    /// Kept: a copy; solvers read the derivatives of a variable whose value was moved on.
+    /// Kept: a copy; the source keeps its entries.
     VrexMiniMap(VrexMiniMap&& other) noexcept(false) { copyFresh(other); }
     [[gnu::always_inline]] ~VrexMiniMap() {
         if (m_heap != nullptr) [[unlikely]] {
@@ -71,10 +71,14 @@ public:
         const const_iterator entry = find(key);
         return entry != end() ? entry->value : V{};
     }
-    /// The value of `key`, which is appended with the value zero when absent. Valid until the next growth.
-    V& operator[](const K& key) {
+    /// Writes the value of `key`, which is appended when absent.
+    void set(const K& key, V value) {
         const iterator entry = find(key);
-        return entry != end() ? entry->value : append(key, V{}).value;
+        if (entry != end()) {
+            entry->value = value;
+        } else {
+            append(key, value);
+        }
     }
 
     /// Moves the entries to a heap block of exactly `count` when that is more than `N` and than the capacity.
@@ -92,7 +96,8 @@ public:
             begin()[i] = Entry{};
         }
     }
-    /// `resize` that leaves the new entries raw: the caller writes key and value of each.
+    /// For the arithmetic only: `resize` that leaves the new entries raw, so that the caller must write key
+    /// and value of each.
     void resizeForOverwrite(std::uint64_t count) {
         if (count > N) [[unlikely]] {
             if (m_capacity < count) {
@@ -110,7 +115,8 @@ public:
         entry = Entry{key, value};
         return entry;
     }
-    /// Gives the store, in one step, the capacity that it would have after `count` calls of `append`.
+    /// For the arithmetic only: gives the store, in one step, the capacity that it would have after `count`
+    /// calls of `append`.
     void reserveForAppending(std::uint64_t count) {
         const std::uint64_t target = m_size + count;
         std::uint64_t capacity = m_capacity > N ? m_capacity : N;

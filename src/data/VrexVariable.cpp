@@ -49,16 +49,24 @@ std::string VrexVariable::convertLogToStringInfix() const {
 
 void VrexVariable::initializeDerivatives(std::vector<VrexVariable>& vars) {
     for (std::size_t i = 0; i < vars.size(); ++i) {
-        vars[i].derivatives()[i] = 1.0;
+        vars[i].derivatives().set(i, 1.0);
     }
 }
 
-void VrexVariable::copyLog(const VrexVariable& other) {
-    if (other.m_log != nullptr) {
-        setLog(*other.m_log);
-    } else {
-        m_log.reset();
+void VrexVariable::copyLog(const VrexVariable& other) { setLog(*other.m_log); }
+
+VrexVariable& VrexVariable::assignWithLog(const VrexVariable& other) {
+    if (this == &other) {
+        return *this;
     }
+    std::unique_ptr<VrexVariableLog, LogDeleter> log;
+    if (other.m_log != nullptr) {
+        log.reset(new VrexVariableLog(*other.m_log));
+    }
+    m_derivatives = other.m_derivatives;
+    m_value = other.m_value;
+    m_log = std::move(log);
+    return *this;
 }
 
 void VrexVariable::setLog(VrexVariableLog log) { m_log.reset(new VrexVariableLog(std::move(log))); }

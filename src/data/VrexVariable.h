@@ -46,12 +46,13 @@ public:
           m_log(std::move(other.m_log)) {}
     // Always inline: two tests for null, of which an expression makes one pair for each of its temporaries.
     [[gnu::always_inline]] ~VrexVariable() {}
+    /// Nothing has changed when it runs out of memory.
     VrexVariable& operator=(const VrexVariable& other) {
+        if (m_log != nullptr || other.m_log != nullptr) [[unlikely]] {
+            return assignWithLog(other);
+        }
         m_derivatives = other.m_derivatives;
         m_value = other.m_value;
-        if ((m_log != nullptr || other.m_log != nullptr) && this != &other) [[unlikely]] {
-            copyLog(other);
-        }
         return *this;
     }
     VrexVariable& operator=(VrexVariable&& other) noexcept(false) {
@@ -71,6 +72,7 @@ public:
 
     /// In place. A key of the right side that this store lacks is appended. With a log on both sides the log
     /// of this variable grows; with a log on this side only it stays, and no longer describes the value.
+    /// Nothing has changed when the right side's log cannot be printed or memory runs out.
     VrexVariable& operator+=(const VrexVariable& right);
     VrexVariable& operator-=(const VrexVariable& right);
     VrexVariable& operator*=(const VrexVariable& right);
@@ -107,6 +109,7 @@ private:
     };
 
     void copyLog(const VrexVariable& other);
+    VrexVariable& assignWithLog(const VrexVariable& other);
     void setLog(VrexVariableLog log);
     static void countTemporary() noexcept;
     /// Counts a temporary and starts a log under its name.

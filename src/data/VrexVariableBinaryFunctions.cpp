@@ -102,8 +102,7 @@ VrexVariable hypot(const VrexVariable& a, const VrexVariable& b) {
 
 namespace {
 
-// Kept: this factor and the dividend's value on db are what solvers were tuned with, not the true
-// derivatives.
+// Kept: this factor, a mere sign, and the dividend's value on db are not the true derivatives.
 double remainderFactor(double dividend, double divisor) {
     if (!(std::fabs(dividend) > std::fabs(divisor))) {
         return 0.0;

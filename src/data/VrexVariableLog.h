@@ -44,6 +44,10 @@ public:
     /// of its last entry. Throws `std::bad_variant_access` when that is no operation, and what the texts
     /// throw.
     void collapse(const VrexVariableLog& source);
+    /// Makes room for `count` more entries, so that `appendAll` of as many does not throw.
+    void reserveMore(std::size_t count);
+    /// Appends the entries of `source`, for which there is room.
+    void appendAll(VrexVariableLog&& source) noexcept;
     [[nodiscard]] std::size_t size() const noexcept { return m_entries.size(); }
 
     /// The entries in order, joined by ",", without brackets. Throws `std::runtime_error`

@@ -24,6 +24,20 @@ VrexVariableLog constantLog(double value) {
     return log;
 }
 
+/// A variable has no log while this lives.
+template <typename Pointer>
+class SuspendedLog {
+public:
+    explicit SuspendedLog(Pointer& log) : m_place(log), m_log(std::move(log)) {}
+    SuspendedLog(const SuspendedLog&) = delete;
+    SuspendedLog& operator=(const SuspendedLog&) = delete;
+    ~SuspendedLog() { m_place = std::move(m_log); }
+
+private:
+    Pointer& m_place;
+    Pointer m_log;
+};
+
 } // namespace
 
 void VrexVariableLogging::recordUnary(VrexVariable& result, const VrexVariable& a,
@@ -68,15 +82,25 @@ void VrexVariableLogging::recordChoice(VrexVariable& result, const VrexVariable&
     result.setLog(combined(*a.m_log, *b.m_log, operation));
 }
 
-void VrexVariableLogging::recordCompound(VrexVariable& target, const VrexVariable& right,
-                                         VrexLogOperationType operation) {
-    if (right.hasLog()) {
-        target.m_log->collapse(*right.m_log);
-        target.m_log->appendOperation(operation, 2);
-    }
+void VrexVariableLogging::recordCompound(VrexVariable& target, double right, VrexLogOperationType operation) {
+    VrexVariableLog more = constantLog(right);
+    more.appendOperation(operation, 2);
+    target.m_log->reserveMore(more.size());
+    target.m_log->appendAll(std::move(more));
 }
 
-void VrexVariableLogging::recordCompound(VrexVariable& target, double right, VrexLogOperationType operation) {
-    target.m_log->appendConstant(right);
-    target.m_log->appendOperation(operation, 2);
+void VrexVariableLogging::applyCompound(VrexVariable& target, const VrexVariable& right,
+                                        VrexLogOperationType operation,
+                                        VrexVariable& (VrexVariable::*apply)(const VrexVariable&)) {
+    VrexVariableLog more;
+    if (right.hasLog()) {
+        more.collapse(*right.m_log);
+        more.appendOperation(operation, 2);
+        target.m_log->reserveMore(more.size());
+    }
+    {
+        const SuspendedLog suspended(target.m_log);
+        (target.*apply)(right);
+    }
+    target.m_log->appendAll(std::move(more));
 }

@@ -26,8 +26,10 @@ public:
     /// Replaces the log of a copied operand where both log: no temporary is drawn.
     static void recordChoice(VrexVariable& result, const VrexVariable& a, const VrexVariable& b,
                              VrexLogOperationType operation);
-    /// Extends the log of `target`, which logs; does nothing when `right` has none.
-    static void recordCompound(VrexVariable& target, const VrexVariable& right,
-                               VrexLogOperationType operation);
+    /// Extends the log of `target`, which logs. Nothing has changed when it throws.
     static void recordCompound(VrexVariable& target, double right, VrexLogOperationType operation);
+    /// Applies the compound form `apply` to `target`, which logs, and extends its log, or leaves that when
+    /// `right` has none. `apply` runs without the log of `target`. Nothing has changed when it throws.
+    static void applyCompound(VrexVariable& target, const VrexVariable& right, VrexLogOperationType operation,
+                              VrexVariable& (VrexVariable::*apply)(const VrexVariable&));
 };

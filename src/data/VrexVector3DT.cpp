@@ -74,7 +74,7 @@ VrexVector3DT<T> VrexVector3DT<T>::sphericalAnglesToCartesianPolarDerivative(con
     return {p.cosine * a.cosine, p.cosine * a.sine, -p.sine};
 }
 
-// Kept: cos p, where the strict derivative of sphericalAnglesToCartesian has sin p; callers depend on it.
+// Kept: cos p, where the strict derivative of sphericalAnglesToCartesian has sin p.
 template <typename T>
 VrexVector3DT<T> VrexVector3DT<T>::sphericalAnglesToCartesianAzimuthalDerivative(const T& polar,
                                                                                  const T& azimuthal) {

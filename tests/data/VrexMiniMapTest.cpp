@@ -189,16 +189,16 @@ TEST(VrexMiniMap, FindGivesTheEntryOrTheEnd) {
 }
 
 TEST(VrexMiniMap, AnAbsentKeyReadsAsZero) {
-    const Map map = filled(3);
+    Map map = filled(3);
     EXPECT_EQ(map[98], 1.0);
     EXPECT_EQ(map[1], 0.0);
     EXPECT_EQ(map.size(), 3U);
 }
 
-TEST(VrexMiniMap, WritingAnAbsentKeyAppendsIt) {
+TEST(VrexMiniMap, SettingAnAbsentKeyAppendsItAndSettingAnotherOverwrites) {
     Map map = filled(3);
-    map[7] = 2.5;
-    map[100] = -1.0;
+    map.set(7, 2.5);
+    map.set(100, -1.0);
     ASSERT_EQ(map.size(), 4U);
     EXPECT_EQ(map.begin()[3].key, 7U);
     EXPECT_EQ(map.begin()[3].value, 2.5);

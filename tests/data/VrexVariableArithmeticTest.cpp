@@ -137,14 +137,37 @@ std::vector<std::size_t> sizesTo40() {
     return sizes;
 }
 
+/// Around the sizes at which the search for keys changes its ways.
+std::vector<std::size_t> longSizes() { return {63, 64, 65, 66, 128, 130, 200}; }
+
+std::vector<std::pair<double, double>> valuesOfLongStores() {
+    const double inf = std::numeric_limits<double>::infinity();
+    return {{1.75, -0.5}, {-2.5, 3.0}, {0.0, 0.3}, {3.0, -0.0}, {inf, 0.75}, {0.3, inf}};
+}
+
 } // namespace
 
 TEST(VrexVariableArithmetic, BinaryFormsFollowTheirRuleBitForBit) {
     const std::vector<StorePair> pairs = storePairs(sizesTo40());
     for (const BinaryRow& row : binaryRows()) {
         for (std::size_t i = 0; i < pairs.size(); ++i) {
-            for (const double a : values()) {
-                const double b = values()[(i + std::size_t(&a - values().data()) * 2) % values().size()];
+            for (const auto& [a, b] : valuePairs()) {
+                const VrexVariable result = row.general(make(a, pairs[i].a), make(b, pairs[i].b));
+                const Entries expected = expectedEntries(row, pairs[i], a, b);
+                ASSERT_TRUE(sameResult(result, row.value(a, b), expected))
+                    << row.name << " of " << a << " and " << b << ", pair " << i;
+                ASSERT_EQ(result.derivatives().capacity(), expectedCapacity(row, pairs[i], expected.size()))
+                    << row.name << ", pair " << i;
+            }
+        }
+    }
+}
+
+TEST(VrexVariableArithmetic, BinaryFormsOfLongStoresFollowTheirRuleBitForBit) {
+    const std::vector<StorePair> pairs = storePairs(longSizes());
+    for (const BinaryRow& row : binaryRows()) {
+        for (std::size_t i = 0; i < pairs.size(); ++i) {
+            for (const auto& [a, b] : valuesOfLongStores()) {
                 const VrexVariable result = row.general(make(a, pairs[i].a), make(b, pairs[i].b));
                 const Entries expected = expectedEntries(row, pairs[i], a, b);
                 ASSERT_TRUE(sameResult(result, row.value(a, b), expected))
@@ -160,8 +183,7 @@ TEST(VrexVariableArithmetic, FormsWithANumberFollowTheirRuleBitForBit) {
     for (const BinaryRow& row : binaryRows()) {
         for (const std::size_t n : sizesTo40()) {
             const Entries entries = run(n, 3, 1, n);
-            for (const double a : values()) {
-                const double c = values()[(n + std::size_t(&a - values().data()) * 2) % values().size()];
+            for (const auto& [a, c] : valuePairs()) {
                 const VrexVariable right = row.rightNumber(make(a, entries), c);
                 const VrexVariable left = row.leftNumber(c, make(a, entries));
                 const auto ruleRight = [&](double d) { return row.rightNumberEntry(a, c, d, 0.0); };
@@ -290,8 +312,7 @@ TEST(VrexVariableArithmetic, CompoundFormsFollowTheirRuleBitForBit) {
     const std::vector<StorePair> pairs = storePairs(sizesTo40());
     for (const CompoundRow& row : compoundRows()) {
         for (std::size_t i = 0; i < pairs.size(); ++i) {
-            for (const double a : values()) {
-                const double b = values()[(i + std::size_t(&a - values().data()) * 2) % values().size()];
+            for (const auto& [a, b] : valuePairs()) {
                 VrexVariable result = make(a, pairs[i].a);
                 row.apply(result, make(b, pairs[i].b));
                 const Entries expected = compoundByRule(row, pairs[i], a, b);
@@ -304,25 +325,70 @@ TEST(VrexVariableArithmetic, CompoundFormsFollowTheirRuleBitForBit) {
     }
 }
 
-TEST(VrexVariableArithmetic, CompoundFormsWithANumberFollowTheirRuleBitForBit) {
+TEST(VrexVariableArithmetic, CompoundFormsOfLongStoresFollowTheirRuleBitForBit) {
+    const std::vector<StorePair> pairs = storePairs(longSizes());
     for (const CompoundRow& row : compoundRows()) {
-        for (const std::size_t n : sizesTo40()) {
-            const Entries entries = run(n, 3, 1, n);
-            for (const double a : values()) {
-                const double c = values()[(n + std::size_t(&a - values().data()) * 2) % values().size()];
-                VrexVariable result = make(a, entries);
-                row.applyNumber(result, c);
-                const auto rule = [&](double d) { return row.numberEntry(d, c); };
-                ASSERT_TRUE(sameResult(result, row.value(a, c), eachByRule(entries, rule)))
-                    << a << " " << row.name << " " << c;
+        for (std::size_t i = 0; i < pairs.size(); ++i) {
+            for (const auto& [a, b] : valuesOfLongStores()) {
+                VrexVariable result = make(a, pairs[i].a);
+                row.apply(result, make(b, pairs[i].b));
+                const Entries expected = compoundByRule(row, pairs[i], a, b);
+                ASSERT_TRUE(sameResult(result, row.value(a, b), expected))
+                    << a << " " << row.name << " " << b << ", pair " << i;
+                ASSERT_EQ(result.derivatives().capacity(), make(a, expected).derivatives().capacity())
+                    << "as by appending: " << row.name << ", pair " << i;
             }
         }
     }
 }
 
+TEST(VrexVariableArithmetic, ACompoundFormUpdatesTheKeysThatTheRightSideLacks) {
+    for (const std::size_t n : longSizes()) {
+        const Entries left{{1, 2.0}, {2, -8.0}};
+        VrexVariable product = make(2.0, left);
+        product *= make(4.0, run(n, 100, 1, n));
+        VrexVariable quotient = make(2.0, left);
+        quotient /= make(4.0, run(n, 100, 1, n));
+        ASSERT_EQ(product.derivatives().size(), n + 2);
+        ASSERT_EQ(quotient.derivatives().size(), n + 2);
+        EXPECT_EQ(entriesOf(product)[0].second, 8.0);
+        EXPECT_EQ(entriesOf(product)[1].second, -32.0);
+        EXPECT_EQ(entriesOf(quotient)[0].second, 0.5);
+        EXPECT_EQ(entriesOf(quotient)[1].second, -2.0);
+    }
+}
+
+TEST(VrexVariableArithmetic, CompoundFormsWithANumberFollowTheirRuleBitForBit) {
+    for (const CompoundRow& row : compoundRows()) {
+        for (const std::size_t n : sizesTo40()) {
+            const Entries entries = run(n, 3, 1, n);
+            for (const auto& [a, c] : valuePairs()) {
+                VrexVariable result = make(a, entries);
+                row.applyNumber(result, c);
+                const auto rule = [&](double d) { return row.numberEntry(d, c); };
+                ASSERT_TRUE(sameResult(result, row.value(a, c), eachByRule(entries, rule)))
+                    << a << " " << row.name << " " << c;
+                ASSERT_EQ(result.derivatives().capacity(), make(a, entries).derivatives().capacity())
+                    << row.name << ", size " << n;
+            }
+        }
+    }
+}
+
+TEST(VrexVariableArithmetic, CompoundFormsWithANumberKeepAReservedBlock) {
+    for (const CompoundRow& row : compoundRows()) {
+        VrexVariable result = make(1.75, run(12, 0, 3, 0));
+        result.derivatives().reserve(37);
+        const auto* const block = result.derivatives().begin();
+        row.applyNumber(result, 0.5);
+        EXPECT_EQ(result.derivatives().capacity(), 37U) << row.name;
+        EXPECT_EQ(result.derivatives().begin(), block) << row.name;
+    }
+}
+
 TEST(VrexVariableArithmetic, CompoundFormsTakeTheirOwnLeftSide) {
     for (const CompoundRow& row : compoundRows()) {
-        for (const std::size_t n : {0U, 1U, 7U, 10U, 11U, 23U}) {
+        for (const std::size_t n : {0U, 1U, 7U, 10U, 11U, 23U, 64U, 65U, 130U}) {
             const Entries entries = run(n, 0, 3, n);
             VrexVariable result = make(1.75, entries);
             row.apply(result, result);

@@ -94,3 +94,17 @@ TEST(VrexVariableFusion, TellsWhetherAnOperandLogs) {
     a.enableLog("a");
     EXPECT_TRUE(nsVariableFusion::anyLog(b, a));
 }
+
+TEST(VrexVariableFusion, AFactorThatIsNotFiniteLeavesTheKeysAloneThatItsOperandLacks) {
+    const double inf = std::numeric_limits<double>::infinity();
+    for (const std::size_t n : {3U, 8U, 40U, 300U}) {
+        const VrexVariable a = make(1.0, ordinary(n, 0, 1));
+        const VrexVariable b = make(1.0, ordinary(n, 1000, 1));
+        const VrexVariable sum = linearCombination(0.0, {{a, 1.0}, {b, inf}});
+        Entries expected = ordinary(n, 0, 1);
+        for (const auto& entry : ordinary(n, 1000, 1)) {
+            expected.emplace_back(entry.first, inf);
+        }
+        EXPECT_TRUE(sameResult(sum, 0.0, expected)) << "size " << n;
+    }
+}

@@ -172,6 +172,58 @@ TEST(VrexVariableLog, AnOperandWithAnEmptyStoreEntersAsAConstantAlthoughItLogs) 
     EXPECT_EQ(hypot(constant, a).logSize(), 3U);
 }
 
+TEST(VrexVariableLog, AChoiceRecordsTheOwnLogOfAnOperandWithAnEmptyStore) {
+    VrexVariable k(4.0);
+    k.enableLog("k");
+    const VrexVariable a = named("a", 0.5, 0);
+    EXPECT_EQ(fmin(a, k).convertLogToString(), "[a,k,min]");
+    EXPECT_EQ(fmax(a, k).convertLogToString(), "[a,k,max]");
+    EXPECT_EQ(fmin(a, k * 2.0).convertLogToString(), "[a,k,2,*,min]");
+    EXPECT_EQ(fmax(k * 2.0, a).convertLogToString(), "[k,2,*,a,max]");
+    EXPECT_EQ(fmax(a, k * 2.0).logSize(), 3U);
+}
+
+TEST(VrexVariableLog, FormsOfOneOperandRecordItsOwnLogAlthoughItsStoreIsEmpty) {
+    VrexVariable k(4.0);
+    k.enableLog("k");
+    const VrexVariable twice = k * 2.0;
+    struct Row {
+        VrexVariable single, collapsed;
+        std::string prefix;
+    };
+    for (const Row& row : {Row{floor(k), floor(twice), "floor]"},
+                           {ceil(k), ceil(twice), "ceil]"},
+                           {trunc(k), trunc(twice), "trunc]"},
+                           {sin(k), sin(twice), "sin]"},
+                           {-k, -twice, "negate]"},
+                           {k + 1.0, twice + 1.0, "1,+]"}}) {
+        EXPECT_EQ(row.single.convertLogToString(), "[k," + row.prefix);
+        EXPECT_EQ(row.collapsed.convertLogToString(), "[k,2,*," + row.prefix);
+        EXPECT_EQ(row.single.logSize(), row.collapsed.logSize());
+    }
+}
+
+TEST(VrexVariableLog, ACompoundFormRecordsTheOwnLogOfARightSideWithAnEmptyStore) {
+    VrexVariable k(4.0);
+    k.enableLog("k");
+    struct Row {
+        VrexVariable& (VrexVariable::*apply)(const VrexVariable&);
+        std::string name;
+    };
+    for (const Row& row : {Row{&VrexVariable::operator+=, "+=]"},
+                           {&VrexVariable::operator-=, "-=]"},
+                           {&VrexVariable::operator*=, "*=]"},
+                           {&VrexVariable::operator/=, "/=]"}}) {
+        VrexVariable a = named("a", 0.5, 0);
+        (a.*row.apply)(k);
+        EXPECT_EQ(a.convertLogToString(), "[a,k," + row.name);
+        VrexVariable b = named("b", 0.5, 0);
+        (b.*row.apply)(floor(k + 1.0));
+        EXPECT_EQ(b.convertLogToString(), "[b,k,1,+,floor," + row.name);
+        EXPECT_EQ(b.logSize(), 3U);
+    }
+}
+
 TEST(VrexVariableLog, StepFunctionsLogAlthoughTheirStoreIsEmpty) {
     const VrexVariable a = named("a", 1.5, 0);
     const VrexVariable step = floor(a + 1.0);
@@ -351,11 +403,9 @@ TEST(VrexVariableLog, TextsIgnoreTheProcessLocale) {
     ASSERT_TRUE(GermanLocale::isSet());
     const VrexVariable a = named("a", 0.5, 0);
     const VrexVariable product = VrexVariable(1234567.5, a) * a;
-    const std::string prefix = (a + 1234567.25).convertLogToString();
-    const std::string infix = (a + 1234567.25).convertLogToStringInfix();
     const std::string temporary = VrexVariable(1234567.5, a).convertLogToStringInfix();
-    EXPECT_EQ(prefix, "[a,1234567.25,+]");
-    EXPECT_EQ(infix, "a + 1234567.25");
+    EXPECT_EQ((a + 1234567.25).convertLogToString(), "[a,1234567.25,+]");
+    EXPECT_EQ((a + 1234567.25).convertLogToStringInfix(), "a + 1234567.25");
     EXPECT_EQ(temporary.substr(temporary.find('[')), "[1234567.5]");
     EXPECT_EQ(temporary.find_first_of(".,"), temporary.find(".5"));
     EXPECT_EQ(product.convertLogToString(), "[1234567.5,a,*]");
@@ -399,8 +449,30 @@ TEST(VrexVariableLog, AFailedCompoundFormChangesNothing) {
     const Inputs v;
     VrexVariable sum = v.a;
     EXPECT_THROW(sum += erfc(v.b), std::runtime_error);
+    EXPECT_THROW(sum -= erfc(v.b), std::runtime_error);
+    EXPECT_THROW(sum *= erfc(v.b), std::runtime_error);
+    EXPECT_THROW(sum /= erfc(v.b), std::runtime_error);
     EXPECT_TRUE(nsScalarSamples::sameResult(sum, 0.5, {{0, 1.0}}));
     EXPECT_EQ(sum.convertLogToString(), "[a]");
+}
+
+TEST(VrexVariableLog, TheTemporaryIsDrawnBeforeACollapseThatFails) {
+    const Inputs v;
+    const VrexVariable unprintable = erfc(v.a);
+    struct Row {
+        std::function<void()> run;
+        int drawn;
+    };
+    const std::vector<Row> rows{
+        {[&] { (void)sin(unprintable); }, 1},    {[&] { (void)floor(unprintable); }, 1},
+        {[&] { (void)(unprintable + 1.0); }, 1}, {[&] { (void)(1.0 - unprintable); }, 1},
+        {[&] { (void)(unprintable + v.b); }, 1}, {[&] { (void)(v.b + unprintable); }, 1},
+        {[&] { (void)(unprintable * 2.0); }, 0}, {[&] { (void)fmin(v.b, unprintable); }, 0}};
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const int before = nextTemporary(v.a);
+        EXPECT_THROW(rows[i].run(), std::runtime_error) << "row " << i;
+        EXPECT_EQ(nextTemporary(v.a) - before - 1, rows[i].drawn) << "row " << i;
+    }
 }
 
 TEST(VrexVariableLog, HypotAndErfcWorkWhileLoggingIsOff) {

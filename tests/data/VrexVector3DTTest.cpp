@@ -307,7 +307,7 @@ TEST(VrexVector3DT, EqualityIgnoresDerivatives) {
 
 TEST(VrexVector3DT, ClampedCosineHasNoDerivatives) {
     VrexVariable above(1.0 + 1e-15);
-    above.derivatives()[3] = 2.0;
+    above.derivatives().set(3, 2.0);
     for (const double sign : {1.0, -1.0}) {
         const VrexVariable clamped = nsVectorFormulas::clampToUnitRange(above * sign);
         EXPECT_EQ(clamped.value(), sign);
@@ -320,7 +320,7 @@ TEST(VrexVector3DT, ClampedCosineHasNoDerivatives) {
 TEST(VrexVector3DT, ClampKeepsTheDerivativesOfABoundAndOfNaN) {
     for (const double value : {1.0, -1.0, 0.25}) {
         VrexVariable bound(value);
-        bound.derivatives()[3] = 2.0;
+        bound.derivatives().set(3, 2.0);
         const VrexVariable clamped = nsVectorFormulas::clampToUnitRange(bound);
         EXPECT_EQ(clamped.value(), value);
         EXPECT_EQ(clamped.derivatives()[3], 2.0);

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace {
@@ -11,8 +12,18 @@ std::atomic<std::size_t>& allocations() {
     return count;
 }
 
+constexpr std::size_t UNLIMITED = std::numeric_limits<std::size_t>::max();
+
+/// The count of allocations from which on they fail.
+std::atomic<std::size_t>& limit() {
+    static std::atomic<std::size_t> count{UNLIMITED};
+    return count;
+}
+
 void* allocate(std::size_t size) {
-    ++allocations();
+    if (++allocations() > limit()) {
+        throw std::bad_alloc();
+    }
     if (void* block = std::malloc(size > 0 ? size : 1)) {
         return block;
     }
@@ -31,3 +42,7 @@ void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
 AllocationCounter::AllocationCounter() : m_before(allocations()) {}
 
 std::size_t AllocationCounter::count() const { return allocations() - m_before; }
+
+AllocationLimit::AllocationLimit(std::size_t allowed) { limit() = allocations() + allowed; }
+
+AllocationLimit::~AllocationLimit() { limit() = UNLIMITED; }

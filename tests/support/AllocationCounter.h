@@ -12,3 +12,12 @@ public:
 private:
     std::size_t m_before;
 };
+
+/// Lets `operator new` fail while this lives, from the call on that follows `allowed` ones. As above.
+class AllocationLimit {
+public:
+    explicit AllocationLimit(std::size_t allowed);
+    AllocationLimit(const AllocationLimit&) = delete;
+    AllocationLimit& operator=(const AllocationLimit&) = delete;
+    ~AllocationLimit();
+};

@@ -84,6 +84,20 @@ inline const std::vector<double>& values() {
     return list;
 }
 
+/// Each value with each.
+inline const std::vector<std::pair<double, double>>& valuePairs() {
+    static const std::vector<std::pair<double, double>> list = [] {
+        std::vector<std::pair<double, double>> pairs;
+        for (const double a : values()) {
+            for (const double b : values()) {
+                pairs.emplace_back(a, b);
+            }
+        }
+        return pairs;
+    }();
+    return list;
+}
+
 /// Entries with the keys first, first + step, ..., their values drawn from ordinary and special ones.
 inline Entries run(std::size_t count, std::uint64_t first, std::uint64_t step, std::size_t seed) {
     static const std::vector<double> special{1.5,
@@ -106,6 +120,17 @@ inline Entries run(std::size_t count, std::uint64_t first, std::uint64_t step, s
 
 inline Entries reversed(Entries entries) { return {entries.rbegin(), entries.rend()}; }
 
+/// The entries at even places, then those at odd ones.
+inline Entries unfolded(const Entries& entries) {
+    Entries result;
+    for (const std::size_t first : {0U, 1U}) {
+        for (std::size_t i = first; i < entries.size(); i += 2) {
+            result.push_back(entries[i]);
+        }
+    }
+    return result;
+}
+
 /// Two stores that meet in one of the ways that the combining code tells apart.
 struct StorePair {
     Entries a, b;
@@ -117,6 +142,7 @@ inline std::vector<StorePair> storePairs(const std::vector<std::size_t>& sizes) 
         const Entries a = run(n, 5, 1, n);
         pairs.push_back({a, run(n, 5, 1, n + 3)});                  // same keys, same order
         pairs.push_back({a, reversed(run(n, 5, 1, n + 1))});        // same keys, turned round
+        pairs.push_back({a, unfolded(run(n, 5, 1, n + 2))});        // same keys, in another order
         pairs.push_back({a, run(n, 1000, 1, n + 4)});               // nothing in common
         pairs.push_back({a, run(n, 5 + 64 * 100, 1, n)});           // nothing in common but the low bits
         pairs.push_back({a, run(n, 5 + n / 2, 1, n + 2)});          // half in common

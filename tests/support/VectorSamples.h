@@ -29,7 +29,7 @@ template <typename T>
 T number(double value, std::size_t key) {
     T result(value);
     if constexpr (std::is_same_v<T, VrexVariable>) {
-        result.derivatives()[key] = 1.0;
+        result.derivatives().set(key, 1.0);
     }
     return result;
 }

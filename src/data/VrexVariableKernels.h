@@ -236,10 +236,43 @@ template <typename Rule>
     return true;
 }
 
+/// `combine` of two stores that fit inside together: with so few keys every pair is compared.
+template <typename Rule>
+inline void combineTiny(Store& result, const Store& a, const Store& b, const Rule& rule) {
+    const Store::Entry* const right = b.begin();
+    const Store::Entry* const rightEnd = right + b.size();
+    Store::Entry* target = result.begin();
+    Store::Entry* const first = target;
+    std::uint64_t met = 0; // A bit for each entry of b that a has too.
+    for (const Store::Entry *left = a.begin(), *end = left + a.size(); left != end; ++left, ++target) {
+        double other = 0.0;
+        std::uint64_t bit = 1;
+        for (const Store::Entry* entry = right; entry != rightEnd; ++entry, bit <<= 1U) {
+            if (entry->key == left->key) {
+                other = entry->value;
+                met |= bit;
+                break;
+            }
+        }
+        target->key = left->key;
+        target->value = rule(left->value, other);
+    }
+    for (const Store::Entry* entry = right; entry != rightEnd; ++entry, met >>= 1U) {
+        if ((met & 1U) == 0) {
+            target->key = entry->key;
+            target->value = rule(0.0, entry->value);
+            ++target;
+        }
+    }
+    result.resizeForOverwrite(static_cast<std::uint64_t>(target - first));
+}
+
 /// `combine` of stores that are not aligned.
 template <typename Rule>
 [[gnu::noinline]] void combineUnaligned(Store& result, const Store& a, const Store& b, Rule rule) {
-    if (a.size() <= Store::INLINE_CAPACITY && b.size() <= Store::INLINE_CAPACITY) [[likely]] {
+    if (a.size() + b.size() <= Store::INLINE_CAPACITY) [[likely]] {
+        combineTiny(result, a, b, rule);
+    } else if (a.size() <= Store::INLINE_CAPACITY && b.size() <= Store::INLINE_CAPACITY) {
         combineSmall(result, a, b, rule);
     } else {
         combine(result, a, b, rule);

@@ -60,8 +60,7 @@ Rows differentiateRotation(const VectorValues& v, const QuaternionValues& q) {
 }
 
 /// Of r / n from those of r, with n = s² + u.u, where `rotated` is that quotient.
-void divideByNorm(Rows& rows, const QuaternionValues& q, const VectorValues& rotated) {
-    const double n = q.normSquared();
+void divideByNorm(Rows& rows, const QuaternionValues& q, double n, const VectorValues& rotated) {
     const std::array<double, 7> byOperand{
         2.0 * q.scalar(), 2.0 * q.i(), 2.0 * q.j(), 2.0 * q.k(), 0.0, 0.0, 0.0};
     for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -79,12 +78,13 @@ Vector Quaternion::rotate(const Vector& v, const Quaternion& q, bool useReciproc
     const VectorValues vector = toValues(v);
     const QuaternionValues turn = toValues(q);
     const VectorValues value = QuaternionValues::rotate(vector, turn, useReciprocal);
-    if (hasLog(v) || hasLog(q) || !isFinite(value)) [[unlikely]] {
+    const double norm = turn.normSquared(); // infinite with a finite result too, where the reciprocal is 0
+    if (hasLog(v) || hasLog(q) || !isFinite(value) || !std::isfinite(norm)) [[unlikely]] {
         return nsVectorFormulas::rotate(v, q, useReciprocal);
     }
     Rows rows = differentiateRotation(vector, turn);
     if (useReciprocal) {
-        divideByNorm(rows, turn, value);
+        divideByNorm(rows, turn, norm, value);
     }
     const std::array<const Variable*, 7> operands{&q.scalar(), &q.i(), &q.j(), &q.k(),
                                                   &v.x(),      &v.y(), &v.z()};

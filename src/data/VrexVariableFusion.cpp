@@ -161,18 +161,25 @@ void sumThroughBuffer(Store& result, std::span<const Term> terms) {
     std::copy_n(sums.data(), accumulator.count(), result.begin());
 }
 
-void sumThroughTable(Store& result, std::span<const Term> terms) {
-    boost::unordered_flat_map<std::uint64_t, std::uint64_t> positions;
-    for (const Term& term : terms) {
-        for (const Entry& entry : term.operand.derivatives()) {
-            const double part = term.factor * entry.value;
-            const auto [place, isNew] = positions.try_emplace(entry.key, result.size());
-            if (isNew) {
-                result.append(entry.key, part);
-            } else {
-                result.begin()[place->second].value += part;
-            }
+/// Positions in the result by key.
+using Positions = boost::unordered_flat_map<std::uint64_t, std::uint64_t>;
+
+void addThroughTable(Store& result, Positions& positions, const Term& term) {
+    for (const Entry& entry : term.operand.derivatives()) {
+        const double part = term.factor * entry.value;
+        const auto [place, isNew] = positions.try_emplace(entry.key, result.size());
+        if (isNew) {
+            result.append(entry.key, part);
+        } else {
+            result.begin()[place->second].value += part;
         }
+    }
+}
+
+void sumThroughTable(Store& result, std::span<const Term> terms) {
+    Positions positions;
+    for (const Term& term : terms) {
+        addThroughTable(result, positions, term);
     }
 }
 

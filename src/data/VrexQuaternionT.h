@@ -28,6 +28,8 @@ public:
     /// shorter than `eps`. Opposite directions are reached by a half turn about `hint` when `hint` is
     /// orthogonal to `from` within `eps`, else about `from` x OY or, when that is shorter than `eps`,
     /// `from` x OZ.
+    ///
+    /// Between equal or opposite directions the derivatives are NaN: the angle comes from the root of zero.
     static VrexQuaternionT makeRotation(const Vector& from, const Vector& to, double eps, const Vector& hint);
     /// The rotation that takes `a1` to `b1` and, as far as that leaves it free, `a2` to `b2`.
     static VrexQuaternionT makeRotationOfInitialCoordinateSystem(const Vector& a1, const Vector& a2,
@@ -73,12 +75,16 @@ public:
     /// The angle of the rotation, in [0, 2 pi]; the scalar counts as within [-1, 1].
     T rotationalAngle() const;
     /// The unit axis of the rotation; the X axis when the vector is not longer than `eps`.
+    /// Kept: the unit vector, or zero in place of a vector too short, is tested against `eps` once more. So
+    /// every `eps` above 1 gives the X axis, and an `eps` of 0 the zero vector for no rotation.
     Vector rotationalAxis(double eps) const;
 
 private:
+    struct PerPart {};
+
     /// The parts built in place: `makeScalar()`, and `makeComponent(0)` to `makeComponent(2)`.
     template <typename F, typename G>
-    VrexQuaternionT(F makeScalar, G makeComponent)
+    VrexQuaternionT(PerPart /*tag*/, F makeScalar, G makeComponent)
         : m_scalar(makeScalar()), m_vector(typename Vector::PerIndex(), makeComponent) {}
     VrexQuaternionT(const T& scalar, const Vector& vector) : m_scalar(scalar), m_vector(vector) {}
 

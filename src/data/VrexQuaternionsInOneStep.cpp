@@ -127,7 +127,7 @@ Quaternion Quaternion::operator*(const Quaternion& o) const {
                                                      {otherLeft, -otherRight.value()},
                                                      {otherRight, -otherLeft.value()}});
     };
-    return Quaternion(makeScalar, makeComponent);
+    return Quaternion(PerPart(), makeScalar, makeComponent);
 }
 
 template <>

@@ -16,8 +16,8 @@ public:
 
     VrexTransformation3DT();
     VrexTransformation3DT(const Vector& translation, const Quaternion& rotation);
-    /// Rotates by `angle` about `axis`, which need not be a unit vector; one shorter than 1e-6 counts as
-    /// zero.
+    /// Rotates by `angle` about `axis`, which need not be a unit vector; one of magnitude 1e-6 or
+    /// less counts as zero.
     VrexTransformation3DT(const Vector& translation, const T& angle, const Vector& axis);
     VrexTransformation3DT(const T& angle, const Vector& axis);
     /// Rotates by the quaternion w + x i + y j + z k, taken as it is.
@@ -29,8 +29,8 @@ public:
     void setTranslation(const Vector& translation) { m_translation = translation; }
     const Quaternion& getRotation() const { return m_rotation; }
     void setRotation(const Quaternion& rotation) { m_rotation = rotation; }
-    /// The rotation by `angle` about `axis`, which need not be a unit vector; one shorter than 1e-6 counts as
-    /// zero.
+    /// The rotation by `angle` about `axis`, which need not be a unit vector; one of magnitude 1e-6 or
+    /// less counts as zero.
     void setRotation(const T& angle, const Vector& axis);
     /// The angle of the rotation, in [0, 2 pi].
     T getAngle() const;

@@ -9,12 +9,14 @@ VrexVector2DT<T> VrexVector2DT<T>::fromAngle(const T& angle) {
 
 template <typename T>
 VrexVector2DT<T> VrexVector2DT<T>::cwiseMax(const VrexVector2DT& a, const VrexVector2DT& b) {
-    return {b.m_x > a.m_x ? b.m_x : a.m_x, b.m_y > a.m_y ? b.m_y : a.m_y};
+    const auto greater = [](const T& p, const T& q) -> const T& { return valueOf(q) > valueOf(p) ? q : p; };
+    return {greater(a.m_x, b.m_x), greater(a.m_y, b.m_y)};
 }
 
 template <typename T>
 VrexVector2DT<T> VrexVector2DT<T>::cwiseMin(const VrexVector2DT& a, const VrexVector2DT& b) {
-    return {b.m_x < a.m_x ? b.m_x : a.m_x, b.m_y < a.m_y ? b.m_y : a.m_y};
+    const auto smaller = [](const T& p, const T& q) -> const T& { return valueOf(q) < valueOf(p) ? q : p; };
+    return {smaller(a.m_x, b.m_x), smaller(a.m_y, b.m_y)};
 }
 
 template <typename T>
@@ -27,12 +29,6 @@ template <typename T>
 T VrexVector2DT<T>::signedAngleToDirection(const VrexVector2DT& o) const {
     using std::atan2;
     return atan2(extProduct(o), dotProduct(o));
-}
-
-template <typename T>
-VrexVector2DT<T> VrexVector2DT<T>::makeNormalized(double eps, const VrexVector2DT& fallback) const {
-    const T length = magnitude();
-    return valueOf(length) > eps ? *this / length : fallback;
 }
 
 template <typename T>

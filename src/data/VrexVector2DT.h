@@ -24,9 +24,11 @@ public:
     static VrexVector2DT Zero() { return {}; }
     /// The unit vector at `angle` radians from the X axis.
     static VrexVector2DT fromAngle(const T& angle);
-    /// Per component the greater one, or that of `a` when neither is greater.
+    /// Per component a copy of the greater one, derivatives and all; that of `a` when neither is greater,
+    /// as when either is NaN.
     static VrexVector2DT cwiseMax(const VrexVector2DT& a, const VrexVector2DT& b);
-    /// Per component the smaller one, or that of `a` when neither is smaller.
+    /// Per component a copy of the smaller one, derivatives and all; that of `a` when neither is smaller,
+    /// as when either is NaN.
     static VrexVector2DT cwiseMin(const VrexVector2DT& a, const VrexVector2DT& b);
 
     const T& x() const { return m_x; }
@@ -77,7 +79,9 @@ public:
     /// The counter-clockwise angle from this direction to `o`, in (-pi, pi].
     T signedAngleToDirection(const VrexVector2DT& o) const;
     /// The vector divided by its magnitude when that is greater than `eps`, else `fallback`.
-    VrexVector2DT makeNormalized(double eps, const VrexVector2DT& fallback) const;
+    VrexVector2DT makeNormalized(double eps, const VrexVector2DT& fallback) const {
+        return nsVectorFormulas::makeNormalized(*this, eps, fallback);
+    }
     /// The vector turned counter-clockwise by a right angle.
     VrexVector2DT makeOrthogonal() const { return {-m_y, m_x}; }
     /// The vector turned counter-clockwise by `angle` radians.
@@ -88,8 +92,10 @@ public:
 private:
     struct PerComponent {};
 
-    template <typename F, typename... Vectors>
-    VrexVector2DT(PerComponent /*tag*/, F f, const Vectors&... v) : m_x(f(v.m_x...)), m_y(f(v.m_y...)) {}
+    /// The first vector is named by its type, so that no list of numbers fits here.
+    template <typename F, typename... Others>
+    VrexVector2DT(PerComponent /*tag*/, F f, const VrexVector2DT& v, const Others&... others)
+        : m_x(f(v.m_x, others.m_x...)), m_y(f(v.m_y, others.m_y...)) {}
 
     static double valueOf(const T& number) { return nsVariableUtils::toValue(number); }
 

@@ -128,9 +128,10 @@ private:
         T cosine;
     };
 
-    template <typename F, typename... Vectors>
-    VrexVector3DT(PerComponent /*tag*/, F f, const Vectors&... v)
-        : m_x(f(v.m_x...)), m_y(f(v.m_y...)), m_z(f(v.m_z...)) {}
+    /// The first vector is named by its type, so that no list of numbers fits here.
+    template <typename F, typename... Others>
+    VrexVector3DT(PerComponent /*tag*/, F f, const VrexVector3DT& v, const Others&... others)
+        : m_x(f(v.m_x, others.m_x...)), m_y(f(v.m_y, others.m_y...)), m_z(f(v.m_z, others.m_z...)) {}
 
     /// Component i is `make(i)`, built in place.
     template <typename F>

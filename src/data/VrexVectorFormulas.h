@@ -13,7 +13,8 @@ concept VrexScaleFactor = std::is_arithmetic_v<S> || std::derived_from<S, T>;
 
 /// The formulas of the vectors and quaternions, by plain operators of the scalar and in the order that fixes
 /// the rounding. The classes call them; for `VrexVariable` the same value, keys and derivatives come in one
-/// step where no operand keeps a log (VrexVariableComposites.cpp), else from here.
+/// step where no operand keeps a log and the result is finite (VrexVectorsInOneStep.cpp,
+/// VrexQuaternionsInOneStep.cpp), else from here.
 namespace nsVectorFormulas {
 
 /// The factor as the scalar's operators take it: a built-in number as a double, anything else as it is.
@@ -68,7 +69,7 @@ auto distance(const Vector& a, const Vector& b) {
 
 template <typename Vector>
 Vector makeNormalized(const Vector& v, double eps, const Vector& fallback) {
-    const auto length = magnitude(v);
+    const auto length = v.magnitude();
     return nsVariableUtils::toValue(length) > eps ? v / length : fallback;
 }
 

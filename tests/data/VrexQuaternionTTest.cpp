@@ -20,16 +20,6 @@ static_assert(std::is_trivially_copyable_v<VrexQuaternionT<double>>);
 static_assert(sizeof(VrexQuaternionT<double>) == 4 * sizeof(double));
 static_assert(!std::is_constructible_v<VrexQuaternionT<double>, double, VrexVector3DT<double>>);
 
-/// The rotation of `v` about a unit axis by Rodrigues' formula.
-Values3 rodrigues(const Values3& v, const Values3& n, double angle) {
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
-    const double along = (n[0] * v[0] + n[1] * v[1] + n[2] * v[2]) * (1.0 - c);
-    return {v[0] * c + (n[1] * v[2] - n[2] * v[1]) * s + n[0] * along,
-            v[1] * c + (n[2] * v[0] - n[0] * v[2]) * s + n[1] * along,
-            v[2] * c + (n[0] * v[1] - n[1] * v[0]) * s + n[2] * along};
-}
-
 template <typename T>
 VrexVector3DT<T> direction(const Values3& v, std::size_t firstKey = 0) {
     return vector3<T>(v[0], v[1], v[2], firstKey);
@@ -71,6 +61,15 @@ TYPED_TEST(VrexQuaternionTTest, AngleAndAxisGiveHalfTheAngle) {
                                                                  vector3<TypeParam>(4.0, 6.0, 12.0), EPS);
     const double s = std::sin(0.4);
     expectNear(valuesOf(q), {std::cos(0.4), s * 2.0 / 7.0, s * 3.0 / 7.0, s * 6.0 / 7.0}, ROUNDING);
+}
+
+TYPED_TEST(VrexQuaternionTTest, AngleAndAxisKeepTheOrderOfTheirFormula) {
+    const Values3 n{0.3, -0.7, 1.9};
+    const auto q = TestFixture::Quaternion::makeFromAngleAndAxis(number<TypeParam>(1.7, 9),
+                                                                 direction<TypeParam>(n), EPS);
+    const double m = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
+    const double s = std::sin(1.7 * 0.5);
+    EXPECT_EQ(valuesOf(q), (Values4{std::cos(1.7 * 0.5), n[0] / m * s, n[1] / m * s, n[2] / m * s}));
 }
 
 TYPED_TEST(VrexQuaternionTTest, AnAxisOfAtMostTheToleranceCountsAsZero) {
@@ -215,16 +214,38 @@ TYPED_TEST(VrexQuaternionTTest, RotationBetweenNearlyEqualDirectionsKeepsTheTiny
 }
 
 TYPED_TEST(VrexQuaternionTTest, RotationIsByTheHalvedCrossProductBelowTheTolerance) {
-    // Magnitude of the cross product 0.01: divided by its own length at a tolerance of 0.01, by twice the
-    // cosine of half the angle above it. Both are the half sine, up to rounding.
+    // The cross product, of magnitude 0.01, would count as zero if it were made an axis at this tolerance.
     const double angle = std::asin(0.01);
-    const auto from = vector3<TypeParam>(1.0, 0.0, 0.0);
-    const auto to = vector3<TypeParam>(std::cos(angle), std::sin(angle), 0.0, 10);
-    const auto far = TestFixture::Quaternion::makeRotation(from, to, 0.0099, TestFixture::Vector::OX());
-    const auto near = TestFixture::Quaternion::makeRotation(from, to, 0.0101, TestFixture::Vector::OX());
-    const Values4 expected{std::cos(angle / 2.0), 0.0, 0.0, std::sin(angle / 2.0)};
-    expectNear(valuesOf(far), expected, ROUNDING);
-    expectNear(valuesOf(near), expected, ROUNDING);
+    const auto q = TestFixture::Quaternion::makeRotation(
+        vector3<TypeParam>(1.0, 0.0, 0.0), vector3<TypeParam>(std::cos(angle), std::sin(angle), 0.0, 10),
+        0.0101, TestFixture::Vector::OX());
+    expectNear(valuesOf(q), {std::cos(angle / 2.0), 0.0, 0.0, std::sin(angle / 2.0)}, ROUNDING);
+}
+
+TYPED_TEST(VrexQuaternionTTest, RotationMakesAnAxisOfACrossProductAsLongAsTheTolerance) {
+    // The axis, of magnitude 1, is then not longer than the tolerance and counts as zero.
+    const auto q = TestFixture::Quaternion::makeRotation(vector3<TypeParam>(2.0, 0.0, 0.0),
+                                                         vector3<TypeParam>(0.0, 2.0, 0.0, 10), 1.0,
+                                                         TestFixture::Vector::OX());
+    expectNear(valuesOf(q), {std::cos(PI / 4.0), 0.0, 0.0, 0.0}, ROUNDING);
+}
+
+TYPED_TEST(VrexQuaternionTTest, OrthogonalDirectionsBelowTheToleranceCountAsOpposite) {
+    // The half turn about the hint (0, 1, 0), then -90 degrees about Z.
+    const auto q = TestFixture::Quaternion::makeRotation(vector3<TypeParam>(2.0, 0.0, 0.0),
+                                                         vector3<TypeParam>(0.0, 2.0, 0.0, 10), 1.5,
+                                                         vector3<TypeParam>(0.0, 3.0, 0.0, 20));
+    expectNear(valuesOf(q), {0.0, std::sqrt(0.5), std::sqrt(0.5), 0.0}, ROUNDING);
+}
+
+TYPED_TEST(VrexQuaternionTTest, RotationOfADirectionAsLongAsTheToleranceIsNotTheIdentity) {
+    // The first direction passes as long enough and is then normalised to zero. So is the axis of the half
+    // turn; the turn before it is by atan2(0, -0) = pi, and each brings the cosine of a right angle.
+    const auto q = TestFixture::Quaternion::makeRotation(vector3<TypeParam>(1.0, 0.0, 0.0),
+                                                         vector3<TypeParam>(0.0, 2.0, 0.0, 10), 1.0,
+                                                         TestFixture::Vector::OX());
+    const double cosine = std::cos(PI / 2.0);
+    EXPECT_EQ(valuesOf(q), (Values4{cosine * cosine, 0.0, 0.0, 0.0}));
 }
 
 TYPED_TEST(VrexQuaternionTTest, HalfTurnIsAboutAHintOrthogonalToFrom) {
@@ -254,7 +275,7 @@ TYPED_TEST(VrexQuaternionTTest, HalfTurnOfTheYAxisIsAboutFromCrossZ) {
 }
 
 TYPED_TEST(VrexQuaternionTTest, HalfTurnTestsTheHintAgainstFromAsGiven) {
-    // from . hint is 0.6e-10 for the short vector and 0.6 for its direction: the hint wins for the short one.
+    // from . hint is 0.9e-10 for the short vector and 0.6 for its direction: the hint wins for the short one.
     const auto hint = vector3<TypeParam>(0.6, 0.0, 0.8, 20);
     const double eps = 1e-10;
     const auto q = TestFixture::Quaternion::makeRotation(
@@ -265,13 +286,29 @@ TYPED_TEST(VrexQuaternionTTest, HalfTurnTestsTheHintAgainstFromAsGiven) {
     expectNear(valuesOf(unit), {0.0, 0.0, 0.0, 1.0}, ROUNDING);
 }
 
+TYPED_TEST(VrexQuaternionTTest, HalfTurnIsNotAboutAHintAsFarFromOrthogonalAsTheTolerance) {
+    const auto q = TestFixture::Quaternion::makeRotation(vector3<TypeParam>(1.0, 0.0, 0.0),
+                                                         vector3<TypeParam>(-1.0, 0.0, 0.0, 10), 0.5,
+                                                         vector3<TypeParam>(0.5, 0.0, 1.0, 20));
+    expectNear(valuesOf(q), {0.0, 0.0, 0.0, 1.0}, ROUNDING);
+}
+
+TYPED_TEST(VrexQuaternionTTest, HalfTurnCrossesFromAsGivenWithTheAxes) {
+    // from x OY is 0.5e-10 long as given, and so too short, but 0.24 long by direction.
+    const auto q = TestFixture::Quaternion::makeRotation(vector3<TypeParam>(0.5e-10, 2e-10, 0.0),
+                                                         vector3<TypeParam>(-0.5e-10, -2e-10, 0.0, 10), 1e-10,
+                                                         vector3<TypeParam>(1e10, 4e10, 0.0, 20));
+    expectNear(valuesOf(q), {0.0, 4.0 / std::sqrt(17.0), -1.0 / std::sqrt(17.0), 0.0}, ROUNDING);
+}
+
 TYPED_TEST(VrexQuaternionTTest, NearlyOppositeDirectionsAreReachedBeyondTheHalfTurn) {
-    const double tilt = 1e-12;
-    const Values3 to{-1.0, tilt, 0.0};
-    const auto q = TestFixture::Quaternion::makeRotation(
-        vector3<TypeParam>(1.0, 0.0, 0.0), direction<TypeParam>(to, 10), EPS, TestFixture::Vector::OZ());
-    const auto image = TestFixture::Quaternion::rotate(vector3<TypeParam>(1.0, 0.0, 0.0), q, false);
-    expectNear(valuesOf(image), to, 1e-15);
+    const Values3 to{-1.0, 1e-12, 0.0};
+    const auto from = vector3<TypeParam>(1.0, 0.0, 0.0);
+    // The half turn about Y flips the rest if it came first; the one about Z does not.
+    for (const auto& hint : {TestFixture::Vector::OY(), TestFixture::Vector::OZ()}) {
+        const auto q = TestFixture::Quaternion::makeRotation(from, direction<TypeParam>(to, 10), EPS, hint);
+        expectNear(valuesOf(TestFixture::Quaternion::rotate(from, q, false)), to, 1e-15);
+    }
 }
 
 TYPED_TEST(VrexQuaternionTTest, RotationOfATooShortDirectionIsTheIdentity) {
@@ -325,6 +362,17 @@ TYPED_TEST(VrexQuaternionTTest, CoordinateSystemRotationTurnsAnOppositeSecondAxi
     expectNear(valuesOf(q), {0.0, 1.0, 0.0, 0.0}, ROUNDING);
 }
 
+TYPED_TEST(VrexQuaternionTTest, CoordinateSystemRotationTurnsAnOppositeFirstAxisAboutX) {
+    // Without X as the hint, the axis would be a1 x OY, and for two of these -X.
+    const Values3 rows[] = {{0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}, {0.0, 0.6, 0.8}};
+    for (const Values3& a1 : rows) {
+        const auto q = TestFixture::Quaternion::makeRotationOfInitialCoordinateSystem(
+            direction<TypeParam>(a1), TestFixture::Vector::OX(), -direction<TypeParam>(a1, 10),
+            TestFixture::Vector::OX(), EPS);
+        expectNear(valuesOf(q), {0.0, 1.0, 0.0, 0.0}, ROUNDING);
+    }
+}
+
 TYPED_TEST(VrexQuaternionTTest, AngleAndAxisComeBack) {
     for (const double angle : {0.1, 1.0, PI, 4.0, 6.2}) {
         const auto q = TestFixture::Quaternion::makeFromAngleAndAxis(number<TypeParam>(angle, 9),
@@ -346,9 +394,23 @@ TYPED_TEST(VrexQuaternionTTest, AxisOfTheIdentityIsX) {
               (Values3{1.0, 0.0, 0.0}));
 }
 
+TYPED_TEST(VrexQuaternionTTest, AxisIsTestedAgainstTheToleranceAgainAsAUnitVector) {
+    const auto q = quaternion<TypeParam>(0.0, 0.0, 3.0, 0.0);
+    EXPECT_EQ(valuesOf(q.rotationalAxis(1.0)), (Values3{0.0, 1.0, 0.0}));
+    EXPECT_EQ(valuesOf(q.rotationalAxis(2.0)), (Values3{1.0, 0.0, 0.0}));
+    EXPECT_EQ(valuesOf(TestFixture::Quaternion::ONE().rotationalAxis(0.0)), (Values3{0.0, 0.0, 0.0}));
+}
+
 TEST(VrexQuaternionT, ClampedAngleHasNoDerivatives) {
     EXPECT_EQ(quaternion<VrexVariable>(1.5, 0.0, 0.0, 0.0).rotationalAngle().derivatives().size(), 0U);
     EXPECT_EQ(quaternion<VrexVariable>(1.0, 0.0, 0.0, 0.0).rotationalAngle().derivatives().size(), 1U);
+}
+
+TEST(VrexQuaternionT, RotationBetweenEqualDirectionsHasUndefinedDerivatives) {
+    const auto v = vector3<VrexVariable>(1.0, 2.0, 3.0);
+    const auto q = VrexQuaternionT<VrexVariable>::makeRotation(v, v, EPS, VrexVector3DT<VrexVariable>::OX());
+    EXPECT_EQ(valuesOf(q), (Values4{1.0, 0.0, 0.0, 0.0}));
+    EXPECT_TRUE(std::isnan(q.scalar().derivatives()[0]));
 }
 
 TEST(VrexQuaternionT, DerivativesMatchCentralDifferences) {

@@ -179,6 +179,14 @@ TEST(VrexTransformMatrix3D, EqualDiagonalsTakeTheLastBranchThatTheyReach) {
     EXPECT_EQ(m.toQuaternion().j(), 2.0 * std::sqrt(-0.25 + 1.0 + 0.25 + 1.0 / 3.0) / 4.0);
 }
 
+TEST(VrexTransformMatrix3D, ATraceOfZeroTakesTheBranchOfTheLargestDiagonal) {
+    // By the trace the same block would give (0.5, 0.25, 0, 0).
+    VrexTransformMatrix3D m;
+    m[0][0] = m[1][1] = m[2][2] = 0.0;
+    m[2][1] = 0.5;
+    EXPECT_EQ(valuesOf(m.toQuaternion()), (Values4{0.0, 0.0, 0.25, 0.5}));
+}
+
 TEST(VrexTransformMatrix3D, InverseUndoesARigidMotion) {
     const VrexTransformMatrix3D m = VrexTransformMatrix3D::translate({1.0, -2.0, 3.0}) *
                                     VrexTransformMatrix3D::makeFromQuaternion(turn(1.1, {2.0, 3.0, 6.0}));

@@ -20,6 +20,13 @@ VrexVector3DT<T> move(const VrexTransformation3DT<T>& t, const VrexVector3DT<T>&
     return VrexQuaternionT<T>::rotate(point, t.getRotation(), true) + t.getTranslation();
 }
 
+Values4 product(const Values4& a, const Values4& b) {
+    return {a[0] * b[0] - (a[1] * b[1] + a[2] * b[2] + a[3] * b[3]),
+            b[1] * a[0] + a[1] * b[0] + (a[2] * b[3] - b[2] * a[3]),
+            b[2] * a[0] + a[2] * b[0] + (b[1] * a[3] - a[1] * b[3]),
+            b[3] * a[0] + a[3] * b[0] + (b[2] * a[1] - b[1] * a[2])};
+}
+
 } // namespace
 
 template <typename T>
@@ -76,9 +83,11 @@ TYPED_TEST(VrexTransformation3DTTest, TakesAngleAndAxis) {
     expectNear(valuesOf(set.getAxis()), {2.0 / 7.0, 3.0 / 7.0, 6.0 / 7.0}, ROUNDING);
 }
 
-TYPED_TEST(VrexTransformation3DTTest, AGivenAxisShorterThanAMillionthCountsAsZero) {
-    const typename TestFixture::Transformation t(TypeParam(0.8), vector3<TypeParam>(0.0, 0.0, 0.9e-6));
-    EXPECT_EQ(valuesOf(t.getRotation()), (Values4{std::cos(0.4), 0.0, 0.0, 0.0}));
+TYPED_TEST(VrexTransformation3DTTest, AGivenAxisOfAMillionthOrLessCountsAsZero) {
+    for (const double length : {0.9e-6, 1e-6}) {
+        const typename TestFixture::Transformation t(TypeParam(0.8), vector3<TypeParam>(0.0, 0.0, length));
+        EXPECT_EQ(valuesOf(t.getRotation()), (Values4{std::cos(0.4), 0.0, 0.0, 0.0}));
+    }
     const typename TestFixture::Transformation u(TypeParam(0.8), vector3<TypeParam>(0.0, 0.0, 1.1e-6));
     expectNear(valuesOf(u.getRotation()), {std::cos(0.4), 0.0, 0.0, std::sin(0.4)}, ROUNDING);
 }
@@ -133,6 +142,24 @@ TYPED_TEST(VrexTransformation3DTTest, ProductMovesByTheRightOperandFirst) {
                                                  vector3<TypeParam>(1.0, 1.0, -1.0, 24));
     const auto point = vector3<TypeParam>(0.5, 4.0, -1.0, 10);
     expectNear(valuesOf(move(a * b, point)), valuesOf(move(a, move(b, point))), 8.0 * ROUNDING);
+}
+
+TYPED_TEST(VrexTransformation3DTTest, ProductKeepsTheOrderOfItsFormula) {
+    const Values4 a{0.3, -0.7, 0.11, 1.9};
+    const Values4 b{-0.2, 0.45, 2.3, 0.77};
+    const auto result =
+        typename TestFixture::Transformation(vector3<TypeParam>(0.1, 0.7, -1.3, 20),
+                                             quaternion<TypeParam>(a[0], a[1], a[2], a[3])) *
+        typename TestFixture::Transformation(vector3<TypeParam>(-3.1, 0.6, 2.2, 30),
+                                             quaternion<TypeParam>(b[0], b[1], b[2], b[3], 10));
+    const Values4 q = product(a, b);
+    const double norm = std::sqrt(q[0] * q[0] + (q[1] * q[1] + q[2] * q[2] + q[3] * q[3]));
+    EXPECT_EQ(valuesOf(result.getRotation()), (Values4{q[0] / norm, q[1] / norm, q[2] / norm, q[3] / norm}));
+    const double by = 1.0 / (a[0] * a[0] + (a[1] * a[1] + a[2] * a[2] + a[3] * a[3]));
+    const Values4 back{a[0] * by, -a[1] * by, -a[2] * by, -a[3] * by};
+    const Values4 turned = product(product(a, {0.0, -3.1, 0.6, 2.2}), back);
+    EXPECT_EQ(valuesOf(result.getTranslation()),
+              (Values3{turned[1] + 0.1, turned[2] + 0.7, turned[3] + -1.3}));
 }
 
 TYPED_TEST(VrexTransformation3DTTest, ProductHasAUnitRotationUnlessItsNormIsTiny) {

@@ -133,19 +133,64 @@ TYPED_TEST(VrexVector2DTTest, RotationAndOrthogonal) {
                4.0 * ROUNDING);
 }
 
-TYPED_TEST(VrexVector2DTTest, ComponentWiseExtremesTakeTheFirstWhenNeitherIsGreater) {
+TYPED_TEST(VrexVector2DTTest, RotationKeepsTheOrderOfItsFormula) {
+    for (const double angle : {0.6, 1.1, -2.3}) {
+        const double c = std::cos(angle);
+        const double s = std::sin(angle);
+        const auto turned = vector2<TypeParam>(0.3, -0.7).makeRotated(number<TypeParam>(angle, 5));
+        EXPECT_EQ(valuesOf(turned), (Values2{c * 0.3 - s * -0.7, s * 0.3 + c * -0.7}));
+    }
+}
+
+TYPED_TEST(VrexVector2DTTest, ComponentWiseExtremesSelectByValue) {
     using Vector = VrexVector2DT<TypeParam>;
     const auto a = vector2<TypeParam>(1.0, 5.0, 0);
     const auto b = vector2<TypeParam>(2.0, 4.0, 10);
     EXPECT_EQ(valuesOf(Vector::cwiseMax(a, b)), (Values2{2.0, 5.0}));
     EXPECT_EQ(valuesOf(Vector::cwiseMin(a, b)), (Values2{1.0, 4.0}));
-    const auto zero = Vector::cwiseMax(vector2<TypeParam>(0.0, NOT_A_NUMBER), vector2<TypeParam>(-0.0, 1.0));
-    EXPECT_FALSE(std::signbit(valueOf(zero.x())));
-    EXPECT_TRUE(std::isnan(valueOf(zero.y())));
-    if constexpr (std::is_same_v<TypeParam, VrexVariable>) {
-        EXPECT_EQ(Vector::cwiseMax(a, b).x().derivatives()[10], 1.0);
-        EXPECT_EQ(Vector::cwiseMin(a, b).y().derivatives()[11], 1.0);
+}
+
+TYPED_TEST(VrexVector2DTTest, ComponentWiseExtremesTakeTheFirstWhenNeitherIsGreater) {
+    using Vector = VrexVector2DT<TypeParam>;
+    const auto zero = vector2<TypeParam>(0.0, 0.0);
+    const auto negative = vector2<TypeParam>(-0.0, -0.0, 10);
+    const auto number = vector2<TypeParam>(1.0, 1.0);
+    const auto none = vector2<TypeParam>(NOT_A_NUMBER, NOT_A_NUMBER, 10);
+    for (const auto extreme : {&Vector::cwiseMax, &Vector::cwiseMin}) {
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_FALSE(std::signbit(valueOf(extreme(zero, negative)[i])));
+            EXPECT_TRUE(std::signbit(valueOf(extreme(negative, zero)[i])));
+            EXPECT_EQ(valueOf(extreme(number, none)[i]), 1.0);
+            EXPECT_TRUE(std::isnan(valueOf(extreme(none, number)[i])));
+        }
     }
+}
+
+TEST(VrexVector2DT, ComponentWiseExtremesAreCopiesWithTheDerivativesOfTheWinnerAlone) {
+    using Vector = VrexVector2DT<VrexVariable>;
+    const auto a = vector2<VrexVariable>(1.0, 5.0, 0);
+    const auto b = vector2<VrexVariable>(2.0, 5.0, 10);
+    const auto expectKey = [](const VrexVariable& component, std::uint64_t key) {
+        EXPECT_EQ(component.derivatives().size(), 1U);
+        EXPECT_EQ(component.derivatives()[key], 1.0) << key;
+    };
+    expectKey(Vector::cwiseMax(a, b).x(), 10);
+    expectKey(Vector::cwiseMin(a, b).x(), 0);
+    expectKey(Vector::cwiseMax(a, b).y(), 1);
+    expectKey(Vector::cwiseMin(a, b).y(), 1);
+}
+
+TEST(VrexVector2DT, FallbackOfNormalisingKeepsItsOwnDerivatives) {
+    const auto v = vector2<VrexVariable>(0.3, 0.4, 0);
+    const auto result = v.makeNormalized(0.6, vector2<VrexVariable>(7.0, 8.0, 10));
+    EXPECT_EQ(result.x().derivatives().size(), 1U);
+    EXPECT_EQ(result.x().derivatives()[10], 1.0);
+    EXPECT_EQ(result.y().derivatives()[11], 1.0);
+}
+
+TEST(VrexVector2DT, BracesAreTheFirstComponentOutsideTheClass) {
+    const VrexVector2DT<VrexVariable> v({}, 1.0);
+    EXPECT_EQ(valuesOf(v), (Values2{0.0, 1.0}));
 }
 
 TYPED_TEST(VrexVector2DTTest, NormalisesOnlyAboveTheTolerance) {

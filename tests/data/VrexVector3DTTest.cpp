@@ -26,16 +26,6 @@ const std::vector<std::pair<double, double>>& anglePairs() {
     return pairs;
 }
 
-/// The rotation of `v` about a unit axis by Rodrigues' formula.
-Values3 rodrigues(const Values3& v, const Values3& n, double angle) {
-    const double c = std::cos(angle);
-    const double s = std::sin(angle);
-    const double along = (n[0] * v[0] + n[1] * v[1] + n[2] * v[2]) * (1.0 - c);
-    return {v[0] * c + (n[1] * v[2] - n[2] * v[1]) * s + n[0] * along,
-            v[1] * c + (n[2] * v[0] - n[0] * v[2]) * s + n[1] * along,
-            v[2] * c + (n[0] * v[1] - n[1] * v[0]) * s + n[2] * along};
-}
-
 } // namespace
 
 template <typename T>
@@ -165,6 +155,15 @@ TYPED_TEST(VrexVector3DTTest, AzimuthalDerivativeHasTheCosineOfThePolarAngle) {
     }
 }
 
+TYPED_TEST(VrexVector3DTTest, PolarAngleKeepsTheOrderOfItsFormula) {
+    for (const double x : {0.1, 0.7, 1.3}) {
+        for (const double y : {0.3, -1.9, 2.3}) {
+            const TypeParam polar = vector3<TypeParam>(x, y, 0.77).polarAngle();
+            EXPECT_EQ(valueOf(polar), std::atan2(std::sqrt(x * x + y * y), 0.77));
+        }
+    }
+}
+
 TYPED_TEST(VrexVector3DTTest, CosineIsClampedAndZeroForATooShortVector) {
     const auto a = vector3<TypeParam>(1.0, 2.0, 2.0);
     EXPECT_NEAR(valueOf(a.cos(vector3<TypeParam>(4.0, 0.0, -3.0, 10), 1e-9)), -2.0 / 15.0, ROUNDING);
@@ -206,6 +205,29 @@ TYPED_TEST(VrexVector3DTTest, ProjectionOnAPlaneDropsTheNormalPart) {
     expectNear(valuesOf(v.projectOnPlaneAtOrigin(vector3<TypeParam>(1.0, 1.0, 1.0, 10), 1e-9)),
                {-1.0, 0.0, 1.0}, 4.0 * ROUNDING);
     EXPECT_EQ(valuesOf(v.projectOnPlaneAtOrigin(v * 2.0, 1e-9)), (Values3{0.0, 0.0, 0.0}));
+}
+
+TYPED_TEST(VrexVector3DTTest, ProjectionIsZeroForACrossProductOfAtMostTheTolerance) {
+    // (normal x v) x normal = (1e-10, 2e-10, 0): it scales with the square of the normal.
+    const auto v = vector3<TypeParam>(1.0, 2.0, 3.0);
+    const auto normal = vector3<TypeParam>(0.0, 0.0, 1e-5, 10);
+    EXPECT_EQ(valuesOf(v.projectOnPlaneAtOrigin(normal, 1e-9)), (Values3{0.0, 0.0, 0.0}));
+    expectNear(valuesOf(v.projectOnPlaneAtOrigin(normal, 1e-10)), {1.0, 2.0, 0.0}, 4.0 * ROUNDING);
+}
+
+TYPED_TEST(VrexVector3DTTest, ProjectionKeepsTheOrderOfItsFormula) {
+    const auto cross = [](const Values3& a, const Values3& b) {
+        return Values3{a[1] * b[2] - b[1] * a[2], b[0] * a[2] - a[0] * b[2], b[1] * a[0] - b[0] * a[1]};
+    };
+    const Values3 v{0.3, -0.7, 1.9};
+    const Values3 n{0.11, 2.3, -0.45};
+    const Values3 c = cross(cross(n, v), n);
+    const double m = std::sqrt(c[0] * c[0] + c[1] * c[1] + c[2] * c[2]);
+    const Values3 d{c[0] / m, c[1] / m, c[2] / m};
+    const double along = v[0] * d[0] + v[1] * d[1] + v[2] * d[2];
+    const auto projection = vector3<TypeParam>(v[0], v[1], v[2])
+                                .projectOnPlaneAtOrigin(vector3<TypeParam>(n[0], n[1], n[2], 10), 1e-9);
+    EXPECT_EQ(valuesOf(projection), (Values3{d[0] * along, d[1] * along, d[2] * along}));
 }
 
 TYPED_TEST(VrexVector3DTTest, EqualityIsStrictSoNeverWithToleranceZero) {
@@ -269,6 +291,18 @@ TYPED_TEST(VrexVector3DTTest, RotationMatrixAroundAnAxisComesInColumns) {
     expectNear(valuesOf(image), rodrigues({1.0, -2.0, 0.5}, n, 0.8), 4.0 * ROUNDING);
 }
 
+TYPED_TEST(VrexVector3DTTest, RotationMatrixKeepsTheOrderOfItsFormula) {
+    const double x = 0.3, y = -0.7, z = 1.9;
+    const double c = std::cos(0.8);
+    const double s = std::sin(0.8);
+    const double t = 1.0 - c;
+    const auto [e0, e1, e2] = VrexVector3DT<TypeParam>::getRotationMatrixAroundAxis(
+        vector3<TypeParam>(x, y, z), number<TypeParam>(0.8, 3));
+    EXPECT_EQ(valuesOf(e0), (Values3{x * x * t + c, z * s + y * x * t, x * z * t - y * s}));
+    EXPECT_EQ(valuesOf(e1), (Values3{y * x * t - z * s, y * y * t + c, x * s + y * z * t}));
+    EXPECT_EQ(valuesOf(e2), (Values3{y * s + x * z * t, y * z * t - x * s, z * z * t + c}));
+}
+
 TYPED_TEST(VrexVector3DTTest, RotationMatrixTakesTheAxisAsItIs) {
     const double c = std::cos(0.8);
     const double s = std::sin(0.8);
@@ -298,6 +332,20 @@ TEST(VrexVector3DT, MagnitudeOfZeroHasUndefinedDerivatives) {
     EXPECT_EQ(magnitude.value(), 0.0);
     EXPECT_EQ(magnitude.derivatives().size(), 3U);
     EXPECT_TRUE(std::isnan(magnitude.derivatives()[0]));
+}
+
+TEST(VrexVector3DT, FallbackOfNormalisingKeepsItsOwnDerivatives) {
+    const auto v = vector3<VrexVariable>(0.0, 0.3, 0.4, 0);
+    const auto result = v.makeNormalized(0.6, vector3<VrexVariable>(7.0, 8.0, 9.0, 10));
+    EXPECT_EQ(result.x().derivatives().size(), 1U);
+    EXPECT_EQ(result.x().derivatives()[10], 1.0);
+    EXPECT_EQ(result.y().derivatives()[11], 1.0);
+    EXPECT_EQ(result.z().derivatives()[12], 1.0);
+}
+
+TEST(VrexVector3DT, BracesAreTheFirstComponentOutsideTheClass) {
+    const VrexVector3DT<VrexVariable> v({}, 1.0, 2.0);
+    EXPECT_EQ(valuesOf(v), (Values3{0.0, 1.0, 2.0}));
 }
 
 TEST(VrexVector3DT, EqualityIgnoresDerivatives) {

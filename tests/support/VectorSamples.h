@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <limits>
 #include <type_traits>
@@ -76,6 +77,16 @@ void expectNear(const std::array<double, N>& actual, const std::array<double, N>
     for (std::size_t i = 0; i < N; ++i) {
         EXPECT_NEAR(actual[i], expected[i], tolerance) << "component " << i;
     }
+}
+
+/// The rotation of `v` about a unit axis by Rodrigues' formula.
+inline Values3 rodrigues(const Values3& v, const Values3& n, double angle) {
+    const double c = std::cos(angle);
+    const double s = std::sin(angle);
+    const double along = (n[0] * v[0] + n[1] * v[1] + n[2] * v[2]) * (1.0 - c);
+    return {v[0] * c + (n[1] * v[2] - n[2] * v[1]) * s + n[0] * along,
+            v[1] * c + (n[2] * v[0] - n[0] * v[2]) * s + n[1] * along,
+            v[2] * c + (n[0] * v[1] - n[1] * v[0]) * s + n[2] * along};
 }
 
 } // namespace nsVectorSamples

@@ -29,7 +29,8 @@ public:
     /// orthogonal to `from` within `eps`, else about `from` x OY or, when that is shorter than `eps`,
     /// `from` x OZ.
     ///
-    /// Between equal or opposite directions the derivatives are NaN: the angle comes from the root of zero.
+    /// Between exactly equal or opposite directions the derivatives by the keys of either are NaN: the root
+    /// of zero has none.
     static VrexQuaternionT makeRotation(const Vector& from, const Vector& to, double eps, const Vector& hint);
     /// The rotation that takes `a1` to `b1` and, as far as that leaves it free, `a2` to `b2`.
     static VrexQuaternionT makeRotationOfInitialCoordinateSystem(const Vector& a1, const Vector& a2,

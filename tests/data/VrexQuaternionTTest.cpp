@@ -246,6 +246,11 @@ TYPED_TEST(VrexQuaternionTTest, RotationOfADirectionAsLongAsTheToleranceIsNotThe
                                                          TestFixture::Vector::OX());
     const double cosine = std::cos(PI / 2.0);
     EXPECT_EQ(valuesOf(q), (Values4{cosine * cosine, 0.0, 0.0, 0.0}));
+    // Likewise for the second direction, but with an axis long enough: (0, 0, 2).
+    const auto to = TestFixture::Quaternion::makeRotation(vector3<TypeParam>(2.0, 0.0, 0.0),
+                                                          vector3<TypeParam>(0.0, 1.0, 0.0, 10), 1.0,
+                                                          TestFixture::Vector::OX());
+    EXPECT_EQ(valuesOf(to), (Values4{cosine * cosine, 0.0, 0.0, cosine}));
 }
 
 TYPED_TEST(VrexQuaternionTTest, HalfTurnIsAboutAHintOrthogonalToFrom) {
@@ -406,11 +411,14 @@ TEST(VrexQuaternionT, ClampedAngleHasNoDerivatives) {
     EXPECT_EQ(quaternion<VrexVariable>(1.0, 0.0, 0.0, 0.0).rotationalAngle().derivatives().size(), 1U);
 }
 
-TEST(VrexQuaternionT, RotationBetweenEqualDirectionsHasUndefinedDerivatives) {
+TEST(VrexQuaternionT, RotationBetweenEqualOrOppositeDirectionsHasUndefinedDerivatives) {
     const auto v = vector3<VrexVariable>(1.0, 2.0, 3.0);
-    const auto q = VrexQuaternionT<VrexVariable>::makeRotation(v, v, EPS, VrexVector3DT<VrexVariable>::OX());
-    EXPECT_EQ(valuesOf(q), (Values4{1.0, 0.0, 0.0, 0.0}));
-    EXPECT_TRUE(std::isnan(q.scalar().derivatives()[0]));
+    for (const auto& to : {v, -v}) {
+        const auto q =
+            VrexQuaternionT<VrexVariable>::makeRotation(v, to, EPS, VrexVector3DT<VrexVariable>::OX());
+        EXPECT_NEAR(q.norm().value(), 1.0, ROUNDING);
+        EXPECT_TRUE(std::isnan(q.scalar().derivatives()[0]));
+    }
 }
 
 TEST(VrexQuaternionT, DerivativesMatchCentralDifferences) {

@@ -156,8 +156,8 @@ TYPED_TEST(VrexVector3DTTest, AzimuthalDerivativeHasTheCosineOfThePolarAngle) {
 }
 
 TYPED_TEST(VrexVector3DTTest, PolarAngleKeepsTheOrderOfItsFormula) {
-    for (const double x : {0.1, 0.7, 1.3}) {
-        for (const double y : {0.3, -1.9, 2.3}) {
+    for (const double x : {0.1, 0.7, 2.18}) {
+        for (const double y : {0.3, -1.9, -0.39}) {
             const TypeParam polar = vector3<TypeParam>(x, y, 0.77).polarAngle();
             EXPECT_EQ(valueOf(polar), std::atan2(std::sqrt(x * x + y * y), 0.77));
         }
@@ -292,15 +292,21 @@ TYPED_TEST(VrexVector3DTTest, RotationMatrixAroundAnAxisComesInColumns) {
 }
 
 TYPED_TEST(VrexVector3DTTest, RotationMatrixKeepsTheOrderOfItsFormula) {
-    const double x = 0.3, y = -0.7, z = 1.9;
-    const double c = std::cos(0.8);
-    const double s = std::sin(0.8);
-    const double t = 1.0 - c;
-    const auto [e0, e1, e2] = VrexVector3DT<TypeParam>::getRotationMatrixAroundAxis(
-        vector3<TypeParam>(x, y, z), number<TypeParam>(0.8, 3));
-    EXPECT_EQ(valuesOf(e0), (Values3{x * x * t + c, z * s + y * x * t, x * z * t - y * s}));
-    EXPECT_EQ(valuesOf(e1), (Values3{y * x * t - z * s, y * y * t + c, x * s + y * z * t}));
-    EXPECT_EQ(valuesOf(e2), (Values3{y * s + x * z * t, y * z * t - x * s, z * z * t + c}));
+    // Several axes, since another order often rounds alike.
+    const Values4 rows[] = {{0.3, -0.7, 1.9, 0.8},
+                            {0.11, 2.3, -0.45, 1.7},
+                            {-1.3, 0.77, 0.6, -2.9},
+                            {-1.75, -0.62, -1.96, -2.37}};
+    for (const auto& [x, y, z, angle] : rows) {
+        const double c = std::cos(angle);
+        const double s = std::sin(angle);
+        const double t = 1.0 - c;
+        const auto [e0, e1, e2] = VrexVector3DT<TypeParam>::getRotationMatrixAroundAxis(
+            vector3<TypeParam>(x, y, z), number<TypeParam>(angle, 3));
+        EXPECT_EQ(valuesOf(e0), (Values3{x * x * t + c, z * s + y * x * t, x * z * t - y * s}));
+        EXPECT_EQ(valuesOf(e1), (Values3{y * x * t - z * s, y * y * t + c, x * s + y * z * t}));
+        EXPECT_EQ(valuesOf(e2), (Values3{y * s + x * z * t, y * z * t - x * s, z * z * t + c}));
+    }
 }
 
 TYPED_TEST(VrexVector3DTTest, RotationMatrixTakesTheAxisAsItIs) {

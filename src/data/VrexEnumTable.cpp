@@ -3,12 +3,16 @@
 #include <stdexcept>
 #include <string>
 
+#include "data/VrexLog.h"
+
 void nsEnum::raiseNoText(const char* enumName, std::int64_t value) {
-    throw std::out_of_range("Failed to convert " + std::string(enumName) + "(" + std::to_string(value) +
-                            ") to string.");
+    std::string message = "Failed to convert ";
+    message += enumName;
+    VREX_RAISE(std::out_of_range, message + "(" + std::to_string(value) + ") to string.");
 }
 
 void nsEnum::raiseNoValue(const char* enumName, std::string_view text) {
-    throw std::out_of_range("Failed to convert the string \"" + std::string(text) + "\" to " + enumName +
-                            ".");
+    std::string message = "Failed to convert the string \"";
+    message += text;
+    VREX_RAISE(std::out_of_range, message + "\" to " + enumName + ".");
 }

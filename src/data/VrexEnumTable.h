@@ -15,8 +15,8 @@ struct VrexEnumRow {
     const char* shortName = "";
 };
 
-/// The text table of an enumeration, specialised beside it: `NAME`, the enumeration's own name for messages,
-/// and `ROWS`, rising by one from the lowest value.
+/// The text table of an enumeration, specialised beside it: `NAME`, how messages call the enumeration ("enum
+/// E"), and `ROWS`, rising by one from the lowest value.
 template <class E>
 struct VrexEnumTable;
 
@@ -67,6 +67,7 @@ const char* toShortText(E value) {
 /// `Failed to convert the string "..." to enum E.` where there is none.
 template <class E>
 E fromText(std::string_view text) {
+    static_assert(risesWithoutHoles<E>(), "the rows of an enumeration rise by one");
     for (const VrexEnumRow<E>& row : VrexEnumTable<E>::ROWS) {
         if (text == row.name) {
             return row.value;

@@ -41,7 +41,7 @@ std::string nsLog::qualifiedName(const char* signature) {
     std::size_t start = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
-        if (c == '<' || (c == '(' && i == start)) { // "(anonymous namespace)" opens a name
+        if (c == '<' || (c == '(' && (depth > 0 || i == start))) { // "(anonymous namespace)" opens a name
             ++depth;
         } else if (depth > 0 && (c == '>' || c == ')')) {
             --depth;

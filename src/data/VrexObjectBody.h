@@ -32,6 +32,7 @@ struct VrexObjectRow;
         return VrexObjectAccess::make<CLASS>(std::as_const(*this));                                          \
     }                                                                                                        \
     void CLASS::restoreFromCopy(const VrexBaseObject& copy) {                                                \
+        static_assert(noexcept(*this = std::move(*this)), "a half assigned object would be lost");           \
         CLASS temporary(dynamic_cast<const CLASS&>(copy));                                                   \
         *this = std::move(temporary);                                                                        \
     }

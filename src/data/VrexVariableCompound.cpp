@@ -1,5 +1,5 @@
 #include "data/VrexVariable.h"
-#include "data/VrexVariableKernels.h"
+#include "data/VrexVariableInPlaceKernels.h"
 #include "data/VrexVariableLogging.h"
 
 // What may fail comes first, so that a failure has changed nothing: making the log's entries and its room,

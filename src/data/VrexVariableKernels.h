@@ -41,18 +41,6 @@ inline void scaledCopy(Store& result, const Store& a, double c) {
     }
 }
 
-/// Length of the longest common run of keys at the front of both stores.
-inline std::uint64_t commonPrefix(const Store& a, const Store& b) {
-    const std::uint64_t count = a.size() < b.size() ? a.size() : b.size();
-    const Store::Entry* left = a.begin();
-    const Store::Entry* right = b.begin();
-    std::uint64_t i = 0;
-    while (i < count && left[i].key == right[i].key) {
-        ++i;
-    }
-    return i;
-}
-
 /// The rest of `combine` where each store has at most 64 entries from `common` on. All of `a` is written as
 /// if `b` had none of its keys, then `b` is laid over it: the loops hardly branch on what the keys are.
 template <typename Rule>
@@ -245,17 +233,14 @@ inline void combineTiny(Store& result, const Store& a, const Store& b, const Rul
     Store::Entry* const first = target;
     std::uint64_t met = 0; // A bit for each entry of b that a has too.
     for (const Store::Entry *left = a.begin(), *end = left + a.size(); left != end; ++left, ++target) {
-        double other = 0.0;
-        std::uint64_t bit = 1;
-        for (const Store::Entry* entry = right; entry != rightEnd; ++entry, bit <<= 1U) {
-            if (entry->key == left->key) {
-                other = entry->value;
-                met |= bit;
-                break;
-            }
+        const Store::Entry* other = right;
+        while (other != rightEnd && other->key != left->key) {
+            ++other;
         }
+        const bool isShared = other != rightEnd;
+        met |= std::uint64_t{isShared} << (other - right);
         target->key = left->key;
-        target->value = rule(left->value, other);
+        target->value = rule(left->value, isShared ? other->value : 0.0);
     }
     for (const Store::Entry* entry = right; entry != rightEnd; ++entry, met >>= 1U) {
         if ((met & 1U) == 0) {
@@ -276,128 +261,6 @@ template <typename Rule>
         combineSmall(result, a, b, rule);
     } else {
         combine(result, a, b, rule);
-    }
-}
-
-/// `combineInto` for a right store of many entries.
-template <typename Update, typename Append>
-[[gnu::noinline, gnu::cold]] void combineManyInto(Store& store, const Store& b, const Update& update,
-                                                  const Append& appended) {
-    const std::uint64_t common = commonPrefix(store, b);
-    const std::uint64_t before = store.size();
-    const Store::Entry* right = b.begin();
-    const VrexVariableKeyMatch match(store.begin() + common, before - common, right + common,
-                                     b.size() - common);
-    store.reserveForAppending(match.rest().size());
-    Store::Entry* target = store.begin();
-    for (std::uint64_t i = 0; i < common; ++i) {
-        target[i].value = update(target[i].value, right[i].value);
-    }
-    right += common;
-    for (std::uint64_t i = common; i < before; ++i) {
-        const std::size_t j = match.position(i - common);
-        target[i].value = update(target[i].value, j != VrexVariableKeyMatch::NOWHERE ? right[j].value : 0.0);
-    }
-    for (const std::size_t j : match.rest()) {
-        store.append(right[j].key, appended(right[j].value));
-    }
-}
-
-/// d = update(d, 0) for each entry of a run.
-template <typename Update>
-inline void updateAlone(Store::Entry* entry, const Store::Entry* end, const Update& update) {
-    for (; entry != end; ++entry) {
-        entry->value = update(entry->value, 0.0);
-    }
-}
-
-/// `combineInto` for a right store of some entries, at most 64, more than the `common` ones.
-template <typename Update, typename Append>
-inline void combineSomeInto(Store& store, const Store& b, std::uint64_t common, const Update& update,
-                            const Append& appended) {
-    const std::uint64_t before = store.size();
-    const std::uint64_t rightCount = b.size() - common;
-    const Store::Entry* right = b.begin();
-    const VrexVariableKeyIndex index(right + common, rightCount);
-    const std::uint64_t room =
-        store.capacity() > Store::INLINE_CAPACITY ? store.capacity() : Store::INLINE_CAPACITY;
-    if (before + rightCount > room) {
-        std::uint64_t rest = rightCount;
-        for (std::uint64_t i = common; i < before; ++i) {
-            rest -= index.find(store.begin()[i].key) != VrexVariableKeyIndex::NOWHERE ? 1 : 0;
-        }
-        store.reserveForAppending(rest);
-    }
-    Store::Entry* target = store.begin();
-    for (std::uint64_t i = 0; i < common; ++i) {
-        target[i].value = update(target[i].value, right[i].value);
-    }
-    right += common;
-    std::uint64_t hits = 0;
-    for (Store::Entry *entry = target + common, *end = target + before; entry != end; ++entry) {
-        if (!index.mayHold(entry->key)) [[likely]] {
-            entry->value = update(entry->value, 0.0);
-            continue;
-        }
-        const std::size_t j = index.find(entry->key);
-        if (j == VrexVariableKeyIndex::NOWHERE) {
-            entry->value = update(entry->value, 0.0);
-        } else {
-            hits |= std::uint64_t{1} << j;
-            entry->value = update(entry->value, right[j].value);
-        }
-    }
-    for (std::uint64_t j = 0; j < rightCount; ++j) {
-        if ((hits >> j & 1) == 0) {
-            store.append(right[j].key, appended(right[j].value));
-        }
-    }
-}
-
-/// `combineInto` for a right store of one entry more than the `common` ones.
-template <typename Update, typename Append>
-inline void combineOneInto(Store& store, const Store& b, std::uint64_t common, const Update& update,
-                           const Append& appended) {
-    const std::uint64_t before = store.size();
-    const Store::Entry* const right = b.begin();
-    const Store::Entry& one = right[common];
-    std::uint64_t position = common;
-    while (position < before && store.begin()[position].key != one.key) {
-        ++position;
-    }
-    if (position == before) {
-        store.append(one.key, appended(one.value));
-    }
-    Store::Entry* const entries = store.begin();
-    for (std::uint64_t i = 0; i < common; ++i) {
-        entries[i].value = update(entries[i].value, right[i].value);
-    }
-    updateAlone(entries + common, entries + position, update);
-    if (position < before) {
-        entries[position].value = update(entries[position].value, one.value);
-        updateAlone(entries + position + 1, entries + before, update);
-    }
-}
-
-/// In place: d = update(d, db) for each entry of `store`, db being 0 for a key that `b` lacks; then each key
-/// that only `b` has is appended with appended(db). `b` may be `store`. Nothing has changed when it throws.
-template <typename Update, typename Append>
-inline void combineInto(Store& store, const Store& b, const Update& update, const Append& appended) {
-    const std::uint64_t common = commonPrefix(store, b);
-    const std::uint64_t rightCount = b.size() - common;
-    if (rightCount == 0) {
-        Store::Entry* const entries = store.begin();
-        const Store::Entry* const right = b.begin();
-        for (std::uint64_t i = 0; i < common; ++i) {
-            entries[i].value = update(entries[i].value, right[i].value);
-        }
-        updateAlone(entries + common, store.end(), update);
-    } else if (rightCount == 1) {
-        combineOneInto(store, b, common, update, appended);
-    } else if (rightCount <= VrexVariableKeyIndex::MOST) {
-        combineSomeInto(store, b, common, update, appended);
-    } else {
-        combineManyInto(store, b, update, appended);
     }
 }
 

@@ -15,15 +15,13 @@
 /// nothing: a visitor that must miss no class overrides `visitBaseObject` to throw.
 class VREX_DATA_EXPORT VrexVisitor3D {
 public:
+    VrexVisitor3D() = default;
+    VrexVisitor3D(const VrexVisitor3D&) = default;
+    VrexVisitor3D& operator=(const VrexVisitor3D&) = default;
     virtual ~VrexVisitor3D();
 
 #define VREX_OBJECT_ROOT(CLASS, VISIT) virtual void VISIT(CLASS& object);
 #define VREX_OBJECT(CLASS, VISIT, BASE, BASE_VISIT) virtual void VISIT(CLASS& object);
 #define VREX_OBJECT_RESERVED(CLASS, VISIT, BASE, BASE_VISIT) virtual void VISIT(CLASS& object);
 #include "data/VrexObjects.def"
-
-protected:
-    VrexVisitor3D() = default;
-    VrexVisitor3D(const VrexVisitor3D&) = default;
-    VrexVisitor3D& operator=(const VrexVisitor3D&) = default;
 };

@@ -23,6 +23,7 @@
 #include "data/geometry/3d/VrexGeometry3DType.h"
 #include "data/geometry/3d/VrexPattern3DType.h"
 #include "data/geometry/VrexGeometryComponentType.h"
+#include "support/LogCapture.h"
 
 namespace {
 
@@ -309,5 +310,14 @@ TEST(VrexEnumTable, ShortNamesAreNeverParsed) {
 }
 
 TEST(VrexEnumTable, TypesCountHasNoText) { expectNoText<VrexGeometry3DType>("enum VrexGeometry3DType", 20); }
+
+TEST(VrexEnumTable, FailureIsLoggedWithItsText) {
+    const LogCapture log;
+    expectNoValue<VrexPattern3DType>("enum VrexPattern3DType", "linear");
+    ASSERT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(log.lines()[0].level, 1U);
+    EXPECT_EQ(log.lines()[0].text,
+              "nsEnum::raiseNoValue(): Failed to convert the string \"linear\" to enum VrexPattern3DType.");
+}
 
 } // namespace

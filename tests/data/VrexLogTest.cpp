@@ -62,6 +62,7 @@ TEST(VrexLog, QualifiedNameIsCutOutOfTheSignature) {
         {"const char* VrexA::text()", "VrexA::text"},
         {"VrexA::VrexA(std::map<int, int>)", "VrexA::VrexA"},
         {"void {anonymous}::f()", "{anonymous}::f"},
+        {"void VrexA<std::function<void()> >::f()", "VrexA<std::function<void()> >::f"},
         {"void (anonymous namespace)::f()", "(anonymous namespace)::f"},
     };
     for (const auto& [signature, name] : rows) {

@@ -6,9 +6,9 @@ namespace {
 
 using NameMap = std::unordered_map<VrexErrorCode, const char*>;
 
-/// Insertion keeps the first name of a value.
+/// Insertion keeps the first name of a value. Never destroyed: static objects may still record at the end.
 const NameMap& nameMap() {
-    static const NameMap names{
+    static const NameMap& names = *new NameMap{
         {VrexErrorCode::VREX_NO_ERROR, "VREX_NO_ERROR"},
 #define VREX_ERROR_CODE(NAME, DOMAIN, INDEX, CATEGORY) {VrexErrorCode::NAME, #NAME},
 #include "data/base/VrexErrorCodes.def"

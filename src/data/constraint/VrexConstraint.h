@@ -17,6 +17,8 @@ class VrexGeometry;
 /// the geometries, also by copies of the constraint; the parent is held weakly.
 class VREX_DATA_EXPORT VrexConstraint : public VrexBaseConstraint {
 public:
+    ~VrexConstraint() override;
+
     const char* getNamePrefix() const override;
     void accept(VrexVisitor3D& visitor) override;
     const std::vector<std::shared_ptr<VrexBaseGeometry>>& getGeometries() const override;
@@ -50,7 +52,6 @@ protected:
     VrexConstraint(VrexConstraint&&) = default;
     VrexConstraint& operator=(const VrexConstraint&) = default;
     VrexConstraint& operator=(VrexConstraint&&) = default;
-    ~VrexConstraint() override;
 
     /// Keeps the geometries besides identifier and label: an update never binds a constraint to others.
     void doUpdateFrom(const VrexBaseObject& other) override;
@@ -61,7 +62,8 @@ protected:
     std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries() { return m_geometries; }
     /// Reserves room for `capacity` geometries.
     void initGeometry(std::uint64_t capacity);
-    /// Set by every change of the geometries and by every update; nothing in this library clears or reads it.
+    /// Set by `addGeometry`, by `eraseGeometry` and by every update; nothing in this library clears or reads
+    /// it.
     bool areGeometriesChanged() const { return m_geometriesChanged; }
 
 private:

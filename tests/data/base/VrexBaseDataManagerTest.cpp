@@ -104,6 +104,14 @@ TEST(VrexBaseDataManager, UpdateGoesIntoTheStoredObject) {
     EXPECT_EQ(manager.findData(3), stored);
 }
 
+TEST(VrexBaseDataManager, UpdateGoesThroughTheListInOrder) {
+    GeometryManager manager;
+    const auto stored = variable(3, 1.0);
+    manager.addData(stored);
+    manager.updateData({variable(3, 2.0), variable(3, 4.0)});
+    EXPECT_EQ(stored->getValue(), 4.0);
+}
+
 TEST(VrexBaseDataManager, UpdateOfAnUnknownIdAddsNothing) {
     GeometryManager manager;
     manager.updateData({variable(3, 2.0), nullptr});

@@ -165,7 +165,7 @@ TEST(VrexErrorCode, EveryRowHasItsValueAndText) {
 TEST(VrexErrorCode, ValuesAreDistinctBesideTheOneSharedName) {
     std::set<std::uint32_t> values;
     for (const Row& row : ROWS) {
-        EXPECT_TRUE(values.insert(row.value).second) << row.name;
+        EXPECT_TRUE(values.insert(static_cast<std::uint32_t>(row.code)).second) << row.name;
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include "data/geometry/VrexGeometry.h"
 #include "support/ProbeConstraint.h"
+#include "support/RecordingVisitor.h"
 #include "support/Samples.h"
 
 namespace {
@@ -101,6 +102,29 @@ TEST(VrexConstraint, UpdateKeepsTheGeometriesAndSetsTheFlag) {
     EXPECT_EQ(constraint->status(), VrexConstraintStatus::Regular);
     EXPECT_EQ(constraint->satisfiedStatus(), VrexConstraintSatisfiedStatus::Satisfied);
     EXPECT_EQ(constraint->solveMethodStatus(), VrexSolveMethodStatus::Analytical);
+}
+
+TEST(VrexConstraint, UpdateTakesTheParentAndKeepsIdentifierAndLabel) {
+    const auto parent = std::make_shared<ProbeConstraint>();
+    const auto other = std::make_shared<ProbeConstraint>();
+    other->setParent(parent);
+    const auto constraint = std::make_shared<ProbeConstraint>();
+    constraint->setID(4);
+    constraint->label() = "four";
+    constraint->updateFrom(other);
+    EXPECT_EQ(constraint->getParent(), parent);
+    EXPECT_EQ(constraint->getID(), 4U);
+    EXPECT_EQ(constraint->label(), "four");
+    constraint->updateFrom(constraint);
+    EXPECT_EQ(constraint->getID(), 4U);
+    EXPECT_EQ(constraint->label(), "four");
+}
+
+TEST(VrexConstraint, BaseLevelAcceptsAsItself) {
+    ProbeConstraint constraint;
+    RecordingVisitor visitor;
+    constraint.VrexBaseConstraint::accept(visitor);
+    EXPECT_THAT(visitor.visits, ElementsAre("visitBaseConstraint", "visitBaseObject"));
 }
 
 TEST(VrexConstraint, FailedUpdateKeepsTheGeometriesAndTheFlag) {

@@ -22,7 +22,8 @@ bool VrexPoint3D::checkChanged(double linear, double) const {
     if (backup == nullptr) {
         return false;
     }
-    // Kept: not strict, as against the other entities, so a tolerance of 0 makes every point changed.
+    // Kept: not strict, as against the distances of the other entities, so a tolerance of 0 makes every point
+    // changed.
     return (getPosition() - backup->getPosition()).magnitudeSquared() >= linear * linear;
 }
 

@@ -7,6 +7,7 @@
 
 #include "data/VrexVariableDescriptor.h"
 #include "data/geometry/VrexGeometryVariable.h"
+#include "support/RecordingVisitor.h"
 #include "support/Samples.h"
 
 namespace {
@@ -91,6 +92,36 @@ TEST(VrexGeometry3D, ParameterCountsAreThoseOfTheClass) {
     expectCount(makeSample<VrexPlane3D>(), VrexPlane3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexSphere3D>(), VrexSphere3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexGeometryVariable>(), VrexGeometryVariable::PARAMETERS_AMOUNT);
+}
+
+TEST(VrexGeometry3D, EachLevelAcceptsAsItself) {
+    Compound compound({});
+    RecordingVisitor visitor;
+    compound.accept(visitor);
+    compound.VrexGeometry::accept(visitor);
+    compound.VrexBaseGeometry::accept(visitor);
+    EXPECT_THAT(visitor.visits, ElementsAre("visitGeometry3D", "visitGeometry", "visitBaseGeometry",
+                                            "visitBaseObject", "visitGeometry", "visitBaseGeometry",
+                                            "visitBaseObject", "visitBaseGeometry", "visitBaseObject"));
+}
+
+TEST(VrexGeometry3D, SettersLeaveTheDirtyFlagAlone) {
+    const auto line = makeSample<VrexLine3D>();
+    line->setDirty(false);
+    line->setOrigin({1.0, 1.0, 1.0});
+    line->setDirection({1.0, 1.0, 1.0});
+    EXPECT_FALSE(line->isDirty());
+    const auto plane = makeSample<VrexPlane3D>();
+    plane->setDirty(false);
+    plane->setOrigin({1.0, 1.0, 1.0});
+    plane->setNormal({1.0, 1.0, 1.0});
+    EXPECT_FALSE(plane->isDirty());
+    const auto sphere = makeSample<VrexSphere3D>();
+    sphere->setDirty(false);
+    sphere->setCenter({1.0, 1.0, 1.0});
+    sphere->setRadius(1.0);
+    sphere->setAllowRadiusSignChange(false);
+    EXPECT_FALSE(sphere->isDirty());
 }
 
 } // namespace

@@ -66,6 +66,13 @@ TEST(VrexLine3D, HalfTurnGoesAboutTheXAxis) {
     EXPECT_NEAR(std::fabs(rotation.i()), 1.0, ROUNDING);
 }
 
+TEST(VrexLine3D, NearlyHalfATurnIsStillAboutTheAxisOfTheTilt) {
+    // The tilt of 1e-7 is far above the tolerance of the rotation, which so turns about the Y axis.
+    const auto rotation = VrexLine3D::create({0.0, 0.0, 0.0}, {1e-7, 0.0, -1.0})->getRotation();
+    EXPECT_NEAR(rotation.j(), std::cos(5e-8), ROUNDING);
+    EXPECT_NEAR(rotation.scalar(), std::sin(5e-8), ROUNDING);
+}
+
 TEST(VrexLine3D, WithoutBackupItIsNeverChanged) {
     const auto line = VrexLine3D::create({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0});
     EXPECT_FALSE(line->checkChanged(0.0, 0.0));

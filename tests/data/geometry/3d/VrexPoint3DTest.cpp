@@ -56,6 +56,14 @@ TEST(VrexPoint3D, ToleranceZeroMakesEveryPointChanged) {
     EXPECT_FALSE(point->checkChanged(1e-8, 0.0));
 }
 
+TEST(VrexPoint3D, SquaresAreCompared) {
+    const auto point = VrexPoint3D::create(0.0, 0.0, 0.0);
+    point->backup();
+    EXPECT_TRUE(point->checkChanged(1e-200, 0.0)) << "its square is zero";
+    point->setX(3.0);
+    EXPECT_FALSE(point->checkChanged(-5.0, 0.0));
+}
+
 TEST(VrexPoint3D, NotANumberIsStoredAsGiven) {
     const auto point = VrexPoint3D::create(std::numeric_limits<double>::quiet_NaN(), 0.0, 0.0);
     EXPECT_NE(point->getPosition().x(), point->getPosition().x());

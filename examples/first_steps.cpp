@@ -1,8 +1,8 @@
 // First steps: build entities, have bad input refused, differentiate a distance, back up and restore.
 
 #include <cstdio>
+#include <initializer_list>
 #include <memory>
-#include <string_view>
 #include <vector>
 
 #include "data/VrexBaseGeometry.h"
@@ -66,8 +66,8 @@ int main() {
         store(manager, geometry, recorder);
     }
     manager.setLabel(tip->getID(), "tip");
-    std::printf("%-28s %zu, %s has label \"%s\"\n", "stored geometries", manager.getDataMap().size(), "2",
-                manager.getLabel(2).c_str());
+    std::printf("%-28s %zu, the second is labelled \"%s\"\n", "stored geometries",
+                manager.getDataMap().size(), manager.getLabel(tip->getID()).c_str());
 
     const auto intruder = VrexPoint3D::create(9.0, 9.0, 9.0);
     intruder->setID(tip->getID());

@@ -20,7 +20,7 @@ public:
     /// that is no code is kept, and reads "Invalid Error code!". With code 0 it becomes the log message,
     /// "sid: 3, text", and an earlier error stays. A null format is an empty text.
     void recordMessage(VrexErrorCode code, const char* format, ...) __attribute__((format(printf, 3, 4)));
-    /// Kept: appends to the error message, despite the name; callers rely on reading both parts there.
+    /// Kept: appends to the error message, despite the name; the log message stays.
     void appendLogMessage(const std::string& text);
 
     VrexErrorCode getErrorCode() const { return m_errorCode; }

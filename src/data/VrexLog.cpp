@@ -2,6 +2,7 @@
 
 #include <cstdarg>
 #include <cstring>
+#include <exception>
 #include <string_view>
 
 #include "tolvbase/TolvFormat.h"
@@ -23,16 +24,20 @@ Tolv::SLogParam logParam(std::uint32_t level, nsLog::Place place) {
 
 bool nsLog::isWritten(std::uint32_t level) { return Tolv::IsWriteLog(CHANNEL, level); }
 
-void nsLog::write(std::uint32_t level, Place place, const char* format, ...) {
+void nsLog::write(std::uint32_t level, Place place, const char* format, ...) noexcept {
     if (!isWritten(level)) {
         return;
     }
     va_list arguments;
     va_start(arguments, format);
-    const std::string text = Tolv::formatStringV(format, arguments);
+    try {
+        const std::string text = Tolv::formatStringV(format, arguments);
+        Tolv::SLogParam param = logParam(level, place);
+        Tolv::Log(param, "%s", text.c_str());
+    } catch (const std::exception&) {
+        // Without memory for the line there is no line; what it tells of happens all the same.
+    }
     va_end(arguments);
-    Tolv::SLogParam param = logParam(level, place);
-    Tolv::Log(param, "%s", text.c_str());
 }
 
 std::string nsLog::qualifiedName(const char* signature) {

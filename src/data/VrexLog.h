@@ -23,7 +23,8 @@ struct Place {
 bool isWritten(std::uint32_t level);
 
 /// Writes one line if the sink takes the level; the file is named without its directories.
-void write(std::uint32_t level, Place place, const char* format, ...) __attribute__((format(printf, 3, 4)));
+void write(std::uint32_t level, Place place, const char* format, ...) noexcept
+    __attribute__((format(printf, 3, 4)));
 
 /// "Class::operation" out of the compiler's signature of a function, `__PRETTY_FUNCTION__`.
 std::string qualifiedName(const char* signature);

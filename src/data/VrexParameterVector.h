@@ -7,8 +7,8 @@
 
 /// The real parameters of one object, addressed by a 32-bit index.
 ///
-/// Up to `INLINE_CAPACITY` numbers live inside, which covers most entities, so that making or copying an
-/// object allocates once; longer vectors live in one heap block of exactly their length. Indices are
+/// Up to `INLINE_CAPACITY` numbers live inside, enough for points, planes and spheres, so that making or
+/// copying one allocates once; longer vectors live in one heap block of exactly their length. Indices are
 /// unchecked.
 class VREX_DATA_EXPORT VrexParameterVector {
 public:

@@ -16,7 +16,7 @@ class VrexBaseGeometry;
 /// `VrexBaseGeometry` or `VrexBaseConstraint`. It shares its objects with whoever else holds them, and its
 /// copies share them too.
 ///
-/// Nothing is reported here: a miss is null, an empty text or false.
+/// No refusal is recorded here: a miss is null, an empty text or false.
 template <class T>
 class VREX_DATA_EXPORT VrexBaseDataManager {
 public:

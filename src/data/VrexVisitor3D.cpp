@@ -5,9 +5,15 @@
 
 #include "data/VrexLog.h"
 #include "data/constraint/VrexConstraint.h"
+#include "data/geometry/3d/VrexArrayPattern3D.h"
+#include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexGeometrySet3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexPattern3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
+#include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 

@@ -30,7 +30,7 @@ class Listed:
     def __init__(self, name, header, base):
         self.name, self.header = name, header
         self.slots = list(base.slots) if base else []
-        self.pure = dict(base.pure) if base else {}
+        self.pure = list(base.pure) if base else []
         self.abstract = False
 
     def add(self, text):
@@ -38,7 +38,7 @@ class Listed:
         name = re.search(r"(~|\w+)\s*(?:\(|$)", signature).group(1)
         self.slots.append(name)
         if signature != text:
-            self.pure[name] = signature
+            self.pure.append(signature)
 
 
 def read_table(text):
@@ -70,7 +70,7 @@ def translation_unit(classes):
     for number, listed in enumerate(classes):
         lines.append(f"static_assert(sizeof({listed.name}) > 0);")
         if listed.abstract:
-            overrides = " ".join(f"{signature} override;" for signature in listed.pure.values())
+            overrides = " ".join(f"{signature} override;" for signature in listed.pure)
             lines.append(f"struct {probe_name(number)} : {listed.name} {{ {overrides} }};")
     return "\n".join(lines) + "\n"
 

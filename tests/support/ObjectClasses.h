@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "data/VrexVisitor3D.h"
-#include "data/constraint/VrexConstraint.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/geometry/3d/VrexParametricCurve3D.h"
+#include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "support/Samples.h"
 
 /// The name of an object class, and its visit by name.

@@ -1,0 +1,41 @@
+#include "data/geometry/3d/VrexParametricCurveCalculator3D.h"
+
+#include <stdexcept>
+
+#include "data/VrexLog.h"
+#include "data/geometry/3d/VrexCalculatorVisit.h"
+#include "data/geometry/3d/VrexParametricCurve3D.h"
+#include "data/geometry/3d/VrexZeroDerivatives.h"
+
+namespace {
+
+/// Makes the calculator of the visited curve.
+class VrexCurveCalculatorVisitor : public VrexVisitor3D {
+public:
+    std::shared_ptr<VrexParametricCurveCalculator3D> takeResult() { return std::move(m_result); }
+
+    void visitParametricCurve3D(VrexParametricCurve3D& /*curve*/) override {
+        VREX_RAISE(std::runtime_error, "This curve type is unsupported");
+    }
+
+private:
+    std::shared_ptr<VrexParametricCurveCalculator3D> m_result;
+};
+
+} // namespace
+
+VrexParametricCurveCalculator3D::~VrexParametricCurveCalculator3D() = default;
+
+std::shared_ptr<VrexParametricCurveCalculator3D>
+VrexParametricCurveCalculator3D::create(const VrexParametricCurve3D& curve) {
+    VrexCurveCalculatorVisitor visitor;
+    nsCalculator::visit(curve, visitor);
+    auto calculator = visitor.takeResult();
+    calculator->m_owner = curve.weak_from_this().lock();
+    return calculator;
+}
+
+void VrexParametricCurveCalculator3D::addZeroDerivatives(const std::vector<VrexVariable>& parameters,
+                                                         std::vector<VrexVector3DT<VrexVariable>>& result) {
+    nsCalculator::addZeroDerivatives(parameters, result);
+}

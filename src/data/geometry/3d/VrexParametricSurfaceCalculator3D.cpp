@@ -1,0 +1,57 @@
+#include "data/geometry/3d/VrexParametricSurfaceCalculator3D.h"
+
+#include <stdexcept>
+
+#include "data/VrexLog.h"
+#include "data/geometry/3d/VrexCalculatorVisit.h"
+#include "data/geometry/3d/VrexParametricSurface3D.h"
+#include "data/geometry/3d/VrexZeroDerivatives.h"
+
+namespace {
+
+/// Makes the calculator of the visited surface.
+class VrexSurfaceCalculatorVisitor : public VrexVisitor3D {
+public:
+    std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() { return std::move(m_result); }
+
+    void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override {
+        VREX_RAISE(std::runtime_error, "This surface type is unsupported");
+    }
+
+private:
+    std::shared_ptr<VrexParametricSurfaceCalculator3D> m_result;
+};
+
+template <typename T>
+VrexVector3DT<T> crossTangents(const VrexSurfaceSample<VrexVector3DT<T>>& sample) {
+    using Sample = VrexSurfaceSample<VrexVector3DT<T>>;
+    return sample[Sample::index(1, 0)].crossProduct(sample[Sample::index(0, 1)]);
+}
+
+} // namespace
+
+VrexParametricSurfaceCalculator3D::~VrexParametricSurfaceCalculator3D() = default;
+
+std::shared_ptr<VrexParametricSurfaceCalculator3D>
+VrexParametricSurfaceCalculator3D::create(const VrexParametricSurface3D& surface) {
+    VrexSurfaceCalculatorVisitor visitor;
+    nsCalculator::visit(surface, visitor);
+    auto calculator = visitor.takeResult();
+    calculator->m_owner = surface.weak_from_this().lock();
+    return calculator;
+}
+
+VrexVector3DT<VrexVariable>
+VrexParametricSurfaceCalculator3D::calculateNormal(const std::vector<VrexVariable>& parameters,
+                                                   const VrexVariable& u, const VrexVariable& v) {
+    return crossTangents(calculate(parameters, u, v, 1));
+}
+
+VrexVector3DT<double> VrexParametricSurfaceCalculator3D::calculateNormal(double u, double v) {
+    return crossTangents(calculate(u, v, 1));
+}
+
+void VrexParametricSurfaceCalculator3D::addZeroDerivatives(
+    const std::vector<VrexVariable>& parameters, VrexSurfaceSample<VrexVector3DT<VrexVariable>>& result) {
+    nsCalculator::addZeroDerivatives(parameters, result);
+}

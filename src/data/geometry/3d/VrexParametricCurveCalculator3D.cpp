@@ -19,6 +19,11 @@ public:
     }
 
 private:
+    template <class Calculator, class Curve>
+    void make(const Curve& curve) {
+        m_result = std::make_shared<Calculator>(curve);
+    }
+
     std::shared_ptr<VrexParametricCurveCalculator3D> m_result;
 };
 

@@ -19,6 +19,11 @@ public:
     }
 
 private:
+    template <class Calculator, class Surface>
+    void make(const Surface& surface) {
+        m_result = std::make_shared<Calculator>(surface);
+    }
+
     std::shared_ptr<VrexParametricSurfaceCalculator3D> m_result;
 };
 

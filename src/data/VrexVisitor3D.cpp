@@ -17,6 +17,8 @@
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
+#include "data/geometry/3d/VrexSpinSurface3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 VrexVisitor3D::~VrexVisitor3D() = default;

@@ -5,6 +5,8 @@
 #include "data/VrexLog.h"
 #include "data/geometry/3d/VrexCalculatorVisit.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
+#include "data/geometry/3d/VrexSpinSurfaceCalculator3D.h"
+#include "data/geometry/3d/VrexSweepSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexZeroDerivatives.h"
 
 namespace {
@@ -14,6 +16,12 @@ class VrexSurfaceCalculatorVisitor : public VrexVisitor3D {
 public:
     std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() { return std::move(m_result); }
 
+    void visitSpinSurface3D(VrexSpinSurface3D& surface) override {
+        make<VrexSpinSurfaceCalculator3D>(surface);
+    }
+    void visitSweepSurface3D(VrexSweepSurface3D& surface) override {
+        make<VrexSweepSurfaceCalculator3D>(surface);
+    }
     void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override {
         VREX_RAISE(std::runtime_error, "This surface type is unsupported");
     }

@@ -5,12 +5,17 @@
 
 #include "data/VrexLog.h"
 #include "data/constraint/VrexConstraint.h"
+#include "data/geometry/3d/VrexCircle3D.h"
+#include "data/geometry/3d/VrexCone3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexEllipse3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
+#include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 VrexVisitor3D::~VrexVisitor3D() = default;

@@ -6,7 +6,11 @@
 #include "data/VrexLog.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
+#include "data/geometry/3d/VrexCircle3D.h"
+#include "data/geometry/3d/VrexCone3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexEllipse3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
 #include "data/geometry/3d/VrexGeometrySet3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
@@ -19,6 +23,7 @@
 #include "data/geometry/3d/VrexSphere3D.h"
 #include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
+#include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 VrexVisitor3D::~VrexVisitor3D() = default;

@@ -125,7 +125,7 @@ TEST(VrexEvaluatedSurface3D, ChangeTestLooksAtOriginDirectionAndDescriptors) {
     EXPECT_TRUE(surface->checkChanged(0.5, 1.0));
     EXPECT_FALSE(surface->checkChanged(0.50001, 1.0));
     ASSERT_TRUE(surface->setRotation(quaternion(0.0, 1.0, 0.0, 0.0)));
-    EXPECT_TRUE(surface->checkChanged(1.0, 100.0));
+    EXPECT_TRUE(surface->checkChanged(0.9, 100.0));
     surface->restore();
     surface->backup();
     radius->backup();

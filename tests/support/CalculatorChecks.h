@@ -19,6 +19,7 @@
 #include "data/geometry/3d/VrexParametricSurfaceCalculator3D.h"
 #include "support/ExpectDerivativesMatch.h"
 #include "support/ScalarSamples.h"
+#include "support/VectorSamples.h"
 
 /// What every calculator of a closed form is held to, for entities whose slots are all their shape.
 namespace nsCalculatorChecks {
@@ -45,6 +46,31 @@ public:
 private:
     std::mt19937 m_engine;
 };
+
+/// The axes X, Y, Z of space, turned about the normal of both Z and `direction` so that Z gets there.
+struct Axes {
+    explicit Axes(const VrexVector3DT<double>& direction) {
+        const double polar = std::atan2(std::hypot(direction.x(), direction.y()), direction.z());
+        const double azimuthal = std::atan2(direction.y(), direction.x());
+        const nsVectorSamples::Values3 about{-std::sin(azimuthal), std::cos(azimuthal), 0.0};
+        const auto turned = [&](const nsVectorSamples::Values3& axis) {
+            const auto [x, y, z] = nsVectorSamples::rodrigues(axis, about, polar);
+            return VrexVector3DT<double>(x, y, z);
+        };
+        X = turned({1.0, 0.0, 0.0});
+        Y = turned({0.0, 1.0, 0.0});
+        Z = turned({0.0, 0.0, 1.0});
+    }
+
+    VrexVector3DT<double> X, Y, Z;
+};
+
+/// Up to rounding.
+inline void expectNear(const VrexVector3DT<double>& actual, const VrexVector3DT<double>& expected,
+                       double tolerance = 1e-13) {
+    nsVectorSamples::expectNear(nsVectorSamples::valuesOf(actual), nsVectorSamples::valuesOf(expected),
+                                tolerance);
+}
 
 inline void setParameters(const std::shared_ptr<VrexBaseObject>& entity, const Values& values,
                           std::size_t count) {

@@ -5,11 +5,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <memory>
 #include <random>
+#include <stdexcept>
+#include <string>
 #include <utility>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "data/VrexVariableDescriptor.h"
@@ -18,6 +22,7 @@
 #include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "data/geometry/3d/VrexParametricSurfaceCalculator3D.h"
 #include "support/ExpectDerivativesMatch.h"
+#include "support/LogCapture.h"
 #include "support/ScalarSamples.h"
 #include "support/VectorSamples.h"
 
@@ -231,6 +236,7 @@ void expectSurfaceBits(const std::shared_ptr<Surface>& surface, double u, double
     constexpr std::size_t count = Surface::PARAMETERS_AMOUNT;
     const Variables variables = independent(parametersOf(surface, count, {u, v}));
     const auto calculator = VrexParametricSurfaceCalculator3D::create(*surface);
+    calculator->setAddZeroDerivatives(false); // the zero that is added would turn -0.0 into 0.0
     const auto plain = calculator->calculate(u, v, order);
     const auto differentiable =
         calculator->calculate(variables, variables[count], variables[count + 1], order);
@@ -239,6 +245,66 @@ void expectSurfaceBits(const std::shared_ptr<Surface>& surface, double u, double
     }
     expectSameBits(calculator->calculateNormal(variables, variables[count], variables[count + 1]),
                    calculator->calculateNormal(u, v));
+}
+
+/// Expects that `evaluate`, of a list of parameters, refuses lists shorter than `count`, with a line in the
+/// log.
+template <typename Evaluate>
+void expectTooFewParameters(const Evaluate& evaluate, std::size_t count) {
+    EXPECT_NO_THROW(static_cast<void>(evaluate(Variables(count))));
+    for (const std::size_t size : {std::size_t{0}, count - 1}) {
+        const LogCapture log;
+        const std::string text =
+            "Too few parameters: " + std::to_string(size) + " instead of " + std::to_string(count) + ".";
+        EXPECT_THAT([&] { static_cast<void>(evaluate(Variables(size))); },
+                    testing::ThrowsMessage<std::invalid_argument>(text));
+        ASSERT_EQ(log.lines().size(), 1U);
+        EXPECT_EQ(log.lines().front().level, 1U);
+        EXPECT_THAT(log.lines().front().text, testing::EndsWith("(): " + text));
+    }
+}
+
+/// Expects that orders above 2 give the second order, and that negative ones touch nothing.
+template <class Surface>
+void expectOrderLimits(const std::shared_ptr<Surface>& surface) {
+    const Variables variables = independent(parametersOf(surface, Surface::PARAMETERS_AMOUNT, {}));
+    const VrexVariable at(0.7);
+    const auto second = surface->evaluate(0.7, 0.7, 2);
+    for (const int order : {3, std::numeric_limits<int>::max()}) {
+        const auto plain = surface->evaluate(0.7, 0.7, order);
+        const auto differentiable = surface->evaluate(variables, at, at, order);
+        for (std::size_t element = 0; element < 9; ++element) {
+            expectNear(plain[element], second[element], 0.0);
+            expectSameBits(differentiable[element], second[element]);
+        }
+    }
+    for (const int order : {-1, std::numeric_limits<int>::min()}) {
+        const auto plain = surface->evaluate(0.7, 0.7, order);
+        const auto differentiable = surface->evaluate(variables, at, at, order);
+        for (std::size_t element = 0; element < 9; ++element) {
+            expectNear(plain[element], {0.0, 0.0, 0.0}, 0.0);
+            expectSameBits(differentiable[element], {0.0, 0.0, 0.0});
+            EXPECT_EQ(differentiable[element].x().derivatives().size(), 0U);
+        }
+    }
+}
+
+/// Expects that neither sample nor normal depends on a parameter behind the slots.
+template <class Surface>
+void expectNoFurtherParameter(const std::shared_ptr<Surface>& surface) {
+    constexpr std::size_t count = Surface::PARAMETERS_AMOUNT;
+    const Variables variables = independent(parametersOf(surface, count, {9.0}));
+    const VrexVariable at(0.7);
+    const auto calculator = VrexParametricSurfaceCalculator3D::create(*surface);
+    const auto expectNone = [&](const VrexVector3DT<VrexVariable>& vector) {
+        for (int component = 0; component < 3; ++component) {
+            EXPECT_FALSE(nsScalarSamples::hasKey(nsScalarSamples::entriesOf(vector[component]), count));
+        }
+    };
+    for (const auto& element : calculator->calculate(variables, at, at, 2)) {
+        expectNone(element);
+    }
+    expectNone(calculator->calculateNormal(variables, at, at));
 }
 
 } // namespace nsCalculatorChecks

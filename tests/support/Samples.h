@@ -2,6 +2,9 @@
 
 #include <memory>
 
+#include "data/constraint/equation/VrexCallbackEquation.h"
+#include "data/constraint/equation/VrexExpressionEquation.h"
+#include "data/constraint/equation/VrexLinearEquationCallback.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
@@ -74,4 +77,17 @@ inline std::shared_ptr<VrexArrayPattern3D> makeSample() {
 template <>
 inline std::shared_ptr<VrexEqualDimensionElement3D> makeSample() {
     return VrexEqualDimensionElement3D::create(1.5);
+}
+
+template <>
+inline std::shared_ptr<VrexCallbackEquation> makeSample() {
+    return VrexCallbackEquation::create({{makeSample<VrexGeometryVariable>(), 0, "d"}},
+                                        VrexEquationConditionType::lessEqualZero,
+                                        VrexLinearEquationCallback({2.0}, -1.0));
+}
+
+template <>
+inline std::shared_ptr<VrexExpressionEquation> makeSample() {
+    return VrexExpressionEquation::create({{makeSample<VrexGeometryVariable>(), 0, "d"}},
+                                          VrexEquationConditionType::greaterThanZero, "2 * d - 1");
 }

@@ -1,6 +1,10 @@
 #include "data/constraint/equation/VrexLinearEquationCallback.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -42,6 +46,31 @@ TEST(VrexLinearEquationCallback, WithoutCoefficientsIsTheConstant) {
     const VrexVariable constant = VrexLinearEquationCallback({}, -3.5)({});
     EXPECT_EQ(constant.value(), -3.5);
     EXPECT_TRUE(constant.derivatives().empty());
+}
+
+TEST(VrexLinearEquationCallback, KeysStandInTheOrderOfTheArgumentsZerosIncluded) {
+    VrexVariable first(1.0);
+    first.derivatives().set(8, 1.0);
+    first.derivatives().set(3, 0.5);
+    VrexVariable second(2.0);
+    second.derivatives().set(3, 1.0);
+    second.derivatives().set(1, 4.0);
+    const VrexVariable sum = VrexLinearEquationCallback({0.0, 10.0}, 5.0)({first, second});
+    const std::pair<std::uint64_t, double> expected[] = {{8, 0.0}, {3, 10.0}, {1, 40.0}};
+    ASSERT_EQ(sum.derivatives().size(), std::size(expected));
+    for (std::size_t i = 0; i < std::size(expected); ++i) {
+        EXPECT_EQ(sum.derivatives().begin()[i].key, expected[i].first);
+        EXPECT_EQ(sum.derivatives().begin()[i].value, expected[i].second);
+    }
+}
+
+TEST(VrexLinearEquationCallback, LogGoesOnWhenTheFirstArgumentHasOne) {
+    Args args{1.5, -2.0};
+    args[0].enableLog("a");
+    const VrexVariable sum = VrexLinearEquationCallback({2.0, 4.0}, 100.0)(args);
+    EXPECT_EQ(sum.value(), 95.0);
+    EXPECT_TRUE(sum.hasLog());
+    EXPECT_FALSE(VrexLinearEquationCallback({2.0}, 1.0)({args[1]}).hasLog());
 }
 
 TEST(VrexLinearEquationCallback, OtherCountOfArgumentsThrows) {

@@ -9,8 +9,8 @@
 #include "data/VrexVariableDescriptor.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 
-/// A number that travels with an object through copies, snapshots and updates: its first parameter, or, of one
-/// without parameters, the first bias record of an entity and the status of what binds entities.
+/// A number that travels with an object through copies, snapshots and updates: its first parameter, or, of
+/// one without parameters, the first bias record of an entity and the status of what binds entities.
 class ObjectMark {
 public:
     explicit ObjectMark(std::shared_ptr<VrexBaseObject> object)

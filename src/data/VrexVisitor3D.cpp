@@ -5,6 +5,8 @@
 
 #include "data/VrexLog.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/equation/VrexCallbackEquation.h"
+#include "data/constraint/equation/VrexExpressionEquation.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
 #include "data/geometry/3d/VrexCircle3D.h"
 #include "data/geometry/3d/VrexCone3D.h"

@@ -4,12 +4,13 @@
 #include <stdexcept>
 #include <utility>
 
+#include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseObject.h"
 #include "data/VrexVariableDescriptor.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 
-/// A number that travels with an object through copies, snapshots and updates: its first parameter, or the
-/// first bias record of an entity without parameters.
+/// A number that travels with an object through copies, snapshots and updates: its first parameter, or, of
+/// one without parameters, the first bias record of an entity and the status of what binds entities.
 class ObjectMark {
 public:
     explicit ObjectMark(std::shared_ptr<VrexBaseObject> object)
@@ -24,6 +25,9 @@ public:
         if (m_hasParameter) {
             return m_parameter.getValue();
         }
+        if (const auto* const binding = bindingOrNull()) {
+            return static_cast<double>(binding->status());
+        }
         const auto& bias = entity().biasData();
         return bias.has_value() && !bias->first.empty() ? bias->first.front().second : 0.0;
     }
@@ -31,12 +35,15 @@ public:
     void set(double value) {
         if (m_hasParameter) {
             m_parameter.setValue(value);
+        } else if (auto* const binding = bindingOrNull()) {
+            binding->status() = static_cast<VrexConstraintStatus>(value);
         } else {
             entity().biasData() = VrexGeometryBiasData3D{{{0, value}}, {}};
         }
     }
 
 private:
+    VrexBaseConstraint* bindingOrNull() const { return dynamic_cast<VrexBaseConstraint*>(m_object.get()); }
     VrexGeometry3D& entity() const {
         const auto entity = std::dynamic_pointer_cast<VrexGeometry3D>(m_object);
         if (entity == nullptr) {

@@ -25,7 +25,7 @@ private:
 
     void compute(const Step& step, Operands operands);
     template <typename Rule>
-    VrexVariable apply(const Step& step, Operands operands, Rule rule) const;
+    void combine(const Step& step, Operands operands, Rule rule);
     /// Does a step that may jump, and gives the next one.
     std::int32_t control(const Step& step, std::int32_t place);
     std::int32_t choose(const Step& step, std::int32_t place);

@@ -50,14 +50,23 @@ VrexExprVariables::VrexExprVariables(const VrexExprProgram& program, VrexExprDou
         m_addresses.push_back(fixed.kind == Kind::Variable ? fixed.variable : cell++);
     }
     m_registers = m_addresses.data() + program.temporaries;
-    const auto isConstant = [&](std::int32_t index) {
-        return index >= 0 && program.fixed[static_cast<std::size_t>(index)].kind == Kind::Constant;
-    };
+    m_operands.reserve(program.steps.size());
     for (const Step& step : program.steps) {
-        m_operands.push_back(isConstant(step.a)   ? Operands::LeftConstant
-                             : isConstant(step.b) ? Operands::RightConstant
-                                                  : Operands::Any);
+        m_operands.push_back(operandsOf(step));
     }
+}
+
+VrexExprVariables::Operands VrexExprVariables::operandsOf(const Step& step) const {
+    const auto isConstant = [this](std::int32_t index) {
+        return index >= 0 && m_program.fixed[static_cast<std::size_t>(index)].kind == Kind::Constant;
+    };
+    if (step.code >= Code::Move) {
+        return Operands::Any;
+    }
+    if (isConstant(step.a)) {
+        return Operands::LeftConstant;
+    }
+    return isConstant(step.b) ? Operands::RightConstant : Operands::Any;
 }
 
 const VrexVariable& VrexExprVariables::run() {

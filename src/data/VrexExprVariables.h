@@ -23,6 +23,7 @@ private:
     /// What is known of the operands: constants need no look at their derivatives.
     enum class Operands : std::uint8_t { Any, LeftConstant, RightConstant };
 
+    [[nodiscard]] Operands operandsOf(const Step& step) const;
     void compute(const Step& step, Operands operands);
     template <typename Rule>
     void combine(const Step& step, Operands operands, Rule rule);

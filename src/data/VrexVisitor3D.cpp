@@ -4,7 +4,7 @@
 #include <type_traits>
 
 #include "data/VrexLog.h"
-#include "data/constraint/VrexConstraint.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/geometry/3d/VrexCircle3D.h"
 #include "data/geometry/3d/VrexCone3D.h"
 #include "data/geometry/3d/VrexCylinder3D.h"

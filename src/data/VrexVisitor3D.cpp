@@ -5,6 +5,7 @@
 
 #include "data/VrexLog.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/3d/VrexDimension3D.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"

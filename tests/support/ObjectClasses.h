@@ -7,6 +7,7 @@
 
 #include "data/VrexVisitor3D.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/3d/VrexDimension3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "support/Samples.h"

@@ -60,6 +60,12 @@ protected:
     void doUpdateFrom(const VrexBaseObject& other) override;
 
     void addGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry);
+    /// Appends the arguments of a new constraint, nulls too, with room for just these.
+    template <class... Geometry>
+    void addArguments(const std::shared_ptr<Geometry>&... arguments) {
+        initGeometry(sizeof...(arguments));
+        (addGeometry(arguments), ...);
+    }
     /// Removes the last geometry, if there is one.
     void eraseGeometry();
     std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries() { return m_geometries; }

@@ -7,7 +7,11 @@
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/constraint/3d/VrexDimension3D.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
+#include "data/geometry/3d/VrexCircle3D.h"
+#include "data/geometry/3d/VrexCone3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexEllipse3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
 #include "data/geometry/3d/VrexGeometrySet3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
@@ -18,6 +22,7 @@
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
+#include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 VrexVisitor3D::~VrexVisitor3D() = default;

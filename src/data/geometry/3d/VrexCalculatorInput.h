@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/VrexLog.h"
+#include "data/VrexQuaternionT.h"
+#include "data/VrexVariable.h"
+#include "data/VrexVector3DT.h"
+
+/// Hidden: how the calculators read their list of parameters, which has the slots of the entity.
+namespace nsCalculator {
+
+/// Throws `std::invalid_argument` for fewer than `count` parameters. Asked once a call, before any is read.
+inline void requireParameters(const std::vector<VrexVariable>& parameters, int count) {
+    if (std::cmp_less(parameters.size(), count)) {
+        VREX_RAISE(std::invalid_argument, "Too few parameters: " + std::to_string(parameters.size()) +
+                                              " instead of " + std::to_string(count) + ".");
+    }
+}
+
+/// The three slots from `firstSlot` on.
+inline VrexVector3DT<VrexVariable> getVector(const std::vector<VrexVariable>& parameters, int firstSlot) {
+    const VrexVariable* slot = parameters.data() + firstSlot;
+    return {slot[0], slot[1], slot[2]};
+}
+
+/// The four slots from `scalarSlot` on, the scalar first.
+inline VrexQuaternionT<VrexVariable> getRotation(const std::vector<VrexVariable>& parameters,
+                                                 int scalarSlot) {
+    return VrexQuaternionT<VrexVariable>::makeFromScalarAndVector(
+        parameters[static_cast<std::size_t>(scalarSlot)], getVector(parameters, scalarSlot + 1));
+}
+
+} // namespace nsCalculator

@@ -4,8 +4,18 @@
 #include <type_traits>
 
 #include "data/VrexLog.h"
+#include "data/constraint/3d/VrexAngle3D.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/3d/VrexCurveLength3D.h"
 #include "data/constraint/3d/VrexDimension3D.h"
+#include "data/constraint/3d/VrexDirectionDistance3D.h"
+#include "data/constraint/3d/VrexDistance3D.h"
+#include "data/constraint/3d/VrexEqualDimensionValue3D.h"
+#include "data/constraint/3d/VrexHalfAngle3D.h"
+#include "data/constraint/3d/VrexParallelDistance3D.h"
+#include "data/constraint/3d/VrexPatternValue3D.h"
+#include "data/constraint/3d/VrexPlanarAngle3D.h"
+#include "data/constraint/3d/VrexRadius3D.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
 #include "data/geometry/3d/VrexCircle3D.h"
 #include "data/geometry/3d/VrexCone3D.h"

@@ -31,7 +31,7 @@ public:
     /// The curve for `HPARAMU1` and `HPARAMU2`, null for every other index.
     std::shared_ptr<VrexGeometry3D> getGeometryByParameterIndex(std::uint64_t index) const override;
 
-    /// How far the way along a closed curve winds, in radians; empty at first.
+    /// Radians; empty at first. Carried for the solver.
     const std::optional<double>& getWindingAngle() const { return m_windingAngle; }
     void setWindingAngle(std::optional<double> angle) { m_windingAngle = angle; }
 

@@ -13,7 +13,8 @@ class VrexPoint3D;
 /// The direction is a vector of the dimension's own and kept at any length.
 class VREX_DATA_EXPORT VrexDirectionDistance3D final : public VrexDimension3D {
 public:
-    static constexpr double m_defaultTolerance = 1e-6;
+    static constexpr double m_defaultTolerance = 1e-6; ///< For callers; nothing here reads it.
+
     /// Whether both points are there.
     [[nodiscard]] static bool canCreate(const std::shared_ptr<VrexPoint3D>& point1,
                                         const std::shared_ptr<VrexPoint3D>& point2);

@@ -12,7 +12,8 @@ class VrexPoint3D;
 /// of constraint 1.
 class VREX_DATA_EXPORT VrexParallelDistance3D final : public VrexDimension3D {
 public:
-    static constexpr double m_defaultTolerance = 1e-6;
+    static constexpr double m_defaultTolerance = 1e-6; ///< For callers; nothing here reads it.
+
     /// Whether all three are there and `geometry` is a line, a plane, or a curve or surface with an axis.
     [[nodiscard]] static bool canCreate(const std::shared_ptr<VrexPoint3D>& point1,
                                         const std::shared_ptr<VrexPoint3D>& point2,

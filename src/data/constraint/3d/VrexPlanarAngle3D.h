@@ -7,8 +7,7 @@
 
 class VrexGeometry3D;
 
-/// The angle between the directions of two entities as seen along the direction of a third: kind
-/// `PlanarAngle3D`, degree of constraint 1.
+/// The angle between two entities with respect to a third: kind `PlanarAngle3D`, degree of constraint 1.
 class VREX_DATA_EXPORT VrexPlanarAngle3D final : public VrexDimension3D {
 public:
     /// A dimension without identifier; never null. Null geometries are stored as given.

@@ -4,12 +4,16 @@
 #include <utility>
 
 #include "data/VrexBaseObject.h"
+#include "data/VrexDeferredRelease.h"
 
 VrexVariableDescriptor::VrexVariableDescriptor(std::shared_ptr<VrexBaseObject> object, std::uint32_t index,
                                                const char* name)
     : m_object(std::move(object)), m_index(index) {
     m_variableName = name != nullptr && *name != '\0' ? name : generatedName();
 }
+
+// An object may own descriptors of others that own descriptors, and so on.
+VrexVariableDescriptor::~VrexVariableDescriptor() { nsRelease::drop(std::move(m_object)); }
 
 std::string VrexVariableDescriptor::generatedName() const {
     if (!isValid()) {

@@ -15,6 +15,11 @@ public:
     /// object of more than one parameter "_" and the index, such as "p17_3" or "v4". Without an object it
     /// stays empty.
     VrexVariableDescriptor(std::shared_ptr<VrexBaseObject> object, std::uint32_t index, const char* name);
+    VrexVariableDescriptor(const VrexVariableDescriptor&) = default;
+    VrexVariableDescriptor(VrexVariableDescriptor&&) noexcept = default;
+    VrexVariableDescriptor& operator=(const VrexVariableDescriptor&) = default;
+    VrexVariableDescriptor& operator=(VrexVariableDescriptor&&) noexcept = default;
+    ~VrexVariableDescriptor();
 
     const std::shared_ptr<VrexBaseObject>& object() const { return m_object; }
     std::uint32_t index() const { return m_index; }

@@ -28,6 +28,12 @@ inline VrexVector3DT<VrexVariable> getVector(const std::vector<VrexVariable>& pa
     return {slot[0], slot[1], slot[2]};
 }
 
+/// The unit vector of the two angles in the slots from `polarSlot` on.
+inline VrexVector3DT<VrexVariable> getDirection(const std::vector<VrexVariable>& parameters, int polarSlot) {
+    const VrexVariable* slot = parameters.data() + polarSlot;
+    return VrexVector3DT<VrexVariable>::sphericalAnglesToCartesian(slot[0], slot[1]);
+}
+
 /// The four slots from `scalarSlot` on, the scalar first.
 inline VrexQuaternionT<VrexVariable> getRotation(const std::vector<VrexVariable>& parameters,
                                                  int scalarSlot) {

@@ -43,6 +43,14 @@ void VrexLine3D::setDirection(const VrexVector3DT<double>& direction) {
     setDirectionParameter(POLAR, direction);
 }
 
+std::optional<VrexVector3DT<double>> VrexLine3D::getBackupDirection() const {
+    const auto backup = getBackupAs<VrexLine3D>();
+    if (backup == nullptr) {
+        return std::nullopt;
+    }
+    return backup->getDirection();
+}
+
 VrexQuaternionT<double> VrexLine3D::getRotation() const { return makeRotationFromOZ(getDirection()); }
 
 VrexVector3DT<double> VrexLine3D::canonicalDirection() { return VrexVector3DT<double>::OZ(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "data/VrexExport.h"
 #include "data/VrexQuaternionT.h"
@@ -33,6 +34,8 @@ public:
     /// Of unit length.
     VrexVector3DT<double> getDirection() const;
     void setDirection(const VrexVector3DT<double>& direction);
+    /// The direction of the latest snapshot; empty without one.
+    std::optional<VrexVector3DT<double>> getBackupDirection() const;
     /// The rotation that takes `canonicalDirection()` to the direction.
     VrexQuaternionT<double> getRotation() const;
     static VrexVector3DT<double> canonicalDirection(); ///< The Z axis.

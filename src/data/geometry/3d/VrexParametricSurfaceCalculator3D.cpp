@@ -9,6 +9,8 @@
 #include "data/geometry/3d/VrexCylinder3D.h"
 #include "data/geometry/3d/VrexCylinderCalculator3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
+#include "data/geometry/3d/VrexSpinSurfaceCalculator3D.h"
+#include "data/geometry/3d/VrexSweepSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/3d/VrexTorusCalculator3D.h"
 #include "data/geometry/3d/VrexZeroDerivatives.h"
@@ -20,6 +22,12 @@ class VrexSurfaceCalculatorVisitor : public VrexVisitor3D {
 public:
     std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() { return std::move(m_result); }
 
+    void visitSpinSurface3D(VrexSpinSurface3D& surface) override {
+        make<VrexSpinSurfaceCalculator3D>(surface);
+    }
+    void visitSweepSurface3D(VrexSweepSurface3D& surface) override {
+        make<VrexSweepSurfaceCalculator3D>(surface);
+    }
     void visitCone3D(VrexCone3D& cone) override { make<VrexConeCalculator3D>(cone); }
     void visitCylinder3D(VrexCylinder3D& cylinder) override { make<VrexCylinderCalculator3D>(cylinder); }
     void visitTorus3D(VrexTorus3D& torus) override { make<VrexTorusCalculator3D>(torus); }

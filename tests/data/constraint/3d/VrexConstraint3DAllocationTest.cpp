@@ -87,27 +87,71 @@ TEST(VrexConstraint3DAllocation, BindingWithoutMemoryChangesNothing) {
     EXPECT_EQ(angle->getVariable(), variable);
 }
 
-TEST(VrexConstraint3DAllocation, UpdateWithoutMemoryKeepsGeometriesBindingAndMates) {
+/// Lets `update` run out of memory at each of its allocations in turn, at least once, and checks after each.
+template <class Update, class Check>
+void expectKeptWithoutMemory(const Update& update, const Check& check) {
+    std::size_t failures = 0;
+    for (bool done = false; !done;) {
+        try {
+            const AllocationLimit limit(failures);
+            update();
+            done = true;
+        } catch (const std::bad_alloc&) {
+            ++failures;
+            check();
+        }
+    }
+    EXPECT_GT(failures, 0U);
+}
+
+TEST(VrexConstraint3DAllocation, UpdateWithoutMemoryKeepsGeometriesAndValue) {
     const auto distance = makeSample<VrexDistance3D>();
-    const auto relation = makeSample<VrexMateRelation3D>();
     const auto geometries = distance->getGeometries();
     const auto variable = distance->getVariable();
+    const auto other = makeSample<VrexDistance3D>();
+    other->setValue(100.0);
+    other->alignment() = VrexConstraintAlignment::Negative;
+    expectKeptWithoutMemory([&] { distance->updateFrom(other); },
+                            [&] {
+                                EXPECT_EQ(distance->getGeometries(), geometries);
+                                EXPECT_EQ(distance->getVariable(), variable);
+                                EXPECT_EQ(distance->value(), 2.5);
+                                EXPECT_TRUE(distance->isRigid());
+                                EXPECT_EQ(distance->getLimits(), VrexDimensionLimits(-1.5, 9.5));
+                                EXPECT_EQ(distance->alignment(), VrexConstraintAlignment::Positive);
+                            });
+    EXPECT_EQ(variable->getValue(), 100.0);
+}
+
+TEST(VrexConstraint3DAllocation, UpdateWithoutMemoryKeepsConnectorsAndDimensions) {
+    const auto mate = makeSample<VrexCylinderMate3D>();
+    const auto geometries = mate->getGeometries();
+    const auto dimension = mate->getDistance();
+    const auto other = makeSample<VrexCylinderMate3D>();
+    other->getDistance().value = 100.0;
+    expectKeptWithoutMemory([&] { mate->updateFrom(other); },
+                            [&] {
+                                EXPECT_EQ(mate->getGeometries(), geometries);
+                                EXPECT_EQ(mate->getDistance(), dimension);
+                            });
+    EXPECT_EQ(mate->getDistance().value, 100.0);
+}
+
+TEST(VrexConstraint3DAllocation, UpdateWithoutMemoryKeepsMatesIndicesAndRatio) {
+    const auto relation = makeSample<VrexMateRelation3D>();
     const auto mates = relation->getMates();
-    const auto otherDistance = makeSample<VrexDistance3D>();
-    const auto otherRelation = makeSample<VrexMateRelation3D>();
-    otherDistance->setValue(100.0);
-    otherRelation->setRatio(100.0);
-    {
-        const AllocationLimit none(0);
-        EXPECT_THROW(distance->updateFrom(otherDistance), std::bad_alloc);
-        EXPECT_THROW(relation->updateFrom(otherRelation), std::bad_alloc);
-    }
-    EXPECT_EQ(distance->getGeometries(), geometries);
-    EXPECT_EQ(distance->getVariable(), variable);
-    EXPECT_EQ(distance->value(), 2.5);
-    EXPECT_TRUE(distance->isRigid());
+    const auto other = makeSample<VrexMateRelation3D>();
+    other->setMateParameterIndexs({5, 6, 7});
+    other->setRatio(100.0);
+    expectKeptWithoutMemory([&] { relation->updateFrom(other); },
+                            [&] {
+                                EXPECT_EQ(relation->getMates(), mates);
+                                EXPECT_EQ(relation->getMateParameterIndexs().size(), 2U);
+                                EXPECT_EQ(relation->getRatio(), -2.5);
+                                EXPECT_FALSE(relation->areGeometriesChanged());
+                            });
     EXPECT_EQ(relation->getMates(), mates);
-    EXPECT_EQ(relation->getRatio(), -2.5);
+    EXPECT_EQ(relation->getRatio(), 100.0);
 }
 
 } // namespace

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "data/VrexExprCalls.h"
+#include "data/VrexExprDoubles.h"
+#include "data/VrexExprProgram.h"
+#include "data/VrexVariable.h"
+
+/// Hidden: the registers of a program as differentiable scalars, and how its steps run on them. Conditions
+/// run on doubles.
+class VrexExprVariables {
+public:
+    /// Program and doubles must outlive this.
+    VrexExprVariables(const VrexExprProgram& program, VrexExprDoubles& doubles);
+
+    [[nodiscard]] const VrexVariable& run();
+
+private:
+    using Step = VrexExprProgram::Step;
+
+    void compute(const Step& step);
+    /// Does a step that may jump, and gives the next one.
+    std::int32_t control(const Step& step, std::int32_t place);
+    std::int32_t choose(const Step& step, std::int32_t place);
+
+    const VrexExprProgram& m_program;
+    VrexExprDoubles& m_doubles;
+    std::vector<VrexVariable> m_cells;      ///< Of the registers that are not variables.
+    std::vector<VrexVariable*> m_addresses; ///< Of all registers.
+    VrexVariable** m_registers;             ///< Register 0 in `m_addresses`.
+    VrexExprCalls m_calls;
+};

@@ -5,11 +5,17 @@
 
 #include "data/VrexLog.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/geometry/3d/VrexArrayPattern3D.h"
+#include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexGeometrySet3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
+#include "data/geometry/3d/VrexPattern3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
+#include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 

@@ -7,8 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "data/VrexVariableDescriptor.h"
 #include "support/ObjectClasses.h"
+#include "support/ObjectMark.h"
 #include "support/ProbeObject.h"
 #include "support/RecordingVisitor.h"
 #include "support/Samples.h"
@@ -21,7 +21,7 @@ class ObjectContract : public testing::Test {
 protected:
     std::shared_ptr<VrexBaseObject> m_object = makeSample<Object>();
 
-    VrexVariableDescriptor firstParameter() const { return {m_object, 0, nullptr}; }
+    ObjectMark mark() const { return ObjectMark(m_object); }
 };
 
 TYPED_TEST_SUITE(ObjectContract, ConcreteObjectClasses);
@@ -45,36 +45,33 @@ TYPED_TEST(ObjectContract, CopyIsAnEqualObjectOfTheSameClass) {
     EXPECT_EQ(copy->shared_from_this(), copy);
 }
 
-TYPED_TEST(ObjectContract, CopySharesNoParameters) {
-    const auto copy = this->m_object->makeCopy();
-    VrexVariableDescriptor parameter(copy, 0, nullptr);
-    const double before = this->firstParameter().getValue();
-    parameter.setValue(before + 1.0);
-    EXPECT_EQ(this->firstParameter().getValue(), before);
+TYPED_TEST(ObjectContract, CopySharesNoValues) {
+    const double before = this->mark().get();
+    ObjectMark(this->m_object->makeCopy()).set(before + 1.0);
+    EXPECT_EQ(this->mark().get(), before);
 }
 
 TYPED_TEST(ObjectContract, CopySharesTheBackup) {
-    const double before = this->firstParameter().getValue();
+    const double before = this->mark().get();
     this->m_object->backup();
-    this->firstParameter().setValue(before + 1.0);
+    this->mark().set(before + 1.0);
     const auto copy = this->m_object->makeCopy();
     copy->restore();
-    EXPECT_EQ(VrexVariableDescriptor(copy, 0, nullptr).getValue(), before);
-    EXPECT_EQ(this->firstParameter().getValue(), before + 1.0);
+    EXPECT_EQ(ObjectMark(copy).get(), before);
+    EXPECT_EQ(this->mark().get(), before + 1.0);
     this->m_object->restore();
-    EXPECT_EQ(this->firstParameter().getValue(), before);
+    EXPECT_EQ(this->mark().get(), before);
 }
 
 TYPED_TEST(ObjectContract, RestoreWalksBackTheBackupChainAndStops) {
-    auto parameter = this->firstParameter();
     for (const double value : {10.0, 20.0, 30.0}) {
-        parameter.setValue(value);
+        this->mark().set(value);
         this->m_object->backup();
     }
-    parameter.setValue(40.0);
+    this->mark().set(40.0);
     for (const double expected : {30.0, 20.0, 10.0, 10.0}) {
         this->m_object->restore();
-        EXPECT_EQ(parameter.getValue(), expected);
+        EXPECT_EQ(this->mark().get(), expected);
     }
 }
 
@@ -89,16 +86,17 @@ TYPED_TEST(ObjectContract, RestoreKeepsIdentifierAndLabel) {
     EXPECT_EQ(this->m_object->label(), "new");
 }
 
-TYPED_TEST(ObjectContract, UpdateTakesParametersAndKeepsIdentifierAndLabel) {
+TYPED_TEST(ObjectContract, UpdateTakesValuesAndKeepsIdentifierAndLabel) {
     const auto other = this->m_object->makeCopy();
     other->setID(99);
     other->label() = "other";
-    VrexVariableDescriptor(other, 0, nullptr).setValue(123.0);
+    ObjectMark(other).set(123.0);
     this->m_object->setID(5);
     this->m_object->label() = "mine";
 
     this->m_object->updateFrom(other);
 
+    EXPECT_EQ(this->mark().get(), 123.0);
     EXPECT_TRUE(this->m_object->isEqualParameters(*other));
     EXPECT_EQ(this->m_object->getID(), 5U);
     EXPECT_EQ(this->m_object->label(), "mine");

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cmath>
+
+#include "data/VrexQuaternionT.h"
 #include "data/VrexVector3DT.h"
 
 /// Hidden: what the change tests of the entities share.
@@ -16,6 +19,19 @@ inline bool isDirectionChanged(const VrexVector3DT<double>& now, const VrexVecto
 inline VrexVector3DT<double> shiftDirection(const VrexVector3DT<double>& now,
                                             const VrexVector3DT<double>& before, double tolerance) {
     return normalized(before - now, tolerance);
+}
+
+/// Whether two rotations differ: their angles by `angular` or more or, where the angle is no less than
+/// `angular`, their axes by `tolerance` or more in a component.
+inline bool isRotationChanged(const VrexQuaternionT<double>& now, const VrexQuaternionT<double>& before,
+                              double tolerance, double angular) {
+    constexpr double axisTolerance = 1e-10;
+    const double angle = now.rotationalAngle();
+    if (std::fabs(angle - before.rotationalAngle()) >= angular) {
+        return true;
+    }
+    return std::fabs(angle) >= angular && isDirectionChanged(now.rotationalAxis(axisTolerance),
+                                                             before.rotationalAxis(axisTolerance), tolerance);
 }
 
 } // namespace nsChange

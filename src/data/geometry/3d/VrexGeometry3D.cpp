@@ -1,5 +1,8 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 
+#include <cmath>
+#include <numbers>
+
 #include "data/VrexCastList.h"
 #include "data/VrexObjectBody.h"
 
@@ -37,4 +40,40 @@ VrexQuaternionT<double> VrexGeometry3D::makeRotationFromOZ(const VrexVector3DT<d
     constexpr double tolerance = 2.220446049250313e-14;
     return VrexQuaternionT<double>::makeRotation(VrexVector3DT<double>::OZ(), direction, tolerance,
                                                  VrexVector3DT<double>::OX());
+}
+
+VrexQuaternionT<double> VrexGeometry3D::getRotationParameter(int scalarSlot) const {
+    return VrexQuaternionT<double>::makeFromScalarAndVector(getParameter(scalarSlot),
+                                                            getVectorParameter(scalarSlot + 1));
+}
+
+void VrexGeometry3D::setRotationParameter(int scalarSlot, const VrexQuaternionT<double>& rotation) {
+    setParameter(scalarSlot, rotation.scalar());
+    setVectorParameter(scalarSlot + 1, rotation.vector());
+}
+
+bool VrexGeometry3D::setUnitRotationParameter(int scalarSlot, const VrexQuaternionT<double>& rotation) {
+    // Negated, so that a NaN is refused.
+    if (!(std::fabs(rotation.norm() - 1.0) <= m_defaultTolerance)) {
+        return false;
+    }
+    setRotationParameter(scalarSlot, rotation);
+    return true;
+}
+
+bool VrexGeometry3D::setFrameParameter(int scalarSlot, const VrexVector3DT<double>& direction,
+                                       const VrexVector3DT<double>& normal) {
+    const double angle = direction.angleBetween(normal, m_defaultTolerance);
+    // Negated, so that a NaN is refused.
+    if (!(std::fabs(angle - std::numbers::pi / 2.0) <= m_defaultTolerance)) {
+        return false;
+    }
+    setRotationParameter(scalarSlot, VrexQuaternionT<double>::makeRotationOfCoordinateSystem(
+                                         direction, normal, m_defaultTolerance));
+    return true;
+}
+
+VrexVector3DT<double> VrexGeometry3D::rotateByParameter(int scalarSlot,
+                                                        const VrexVector3DT<double>& vector) const {
+    return VrexQuaternionT<double>::rotate(vector, getRotationParameter(scalarSlot), false);
 }

@@ -51,6 +51,18 @@ protected:
     /// The shortest rotation that takes the Z axis to `direction`, a unit vector; a half turn is about the X
     /// axis.
     static VrexQuaternionT<double> makeRotationFromOZ(const VrexVector3DT<double>& direction);
+    /// The four slots from `scalarSlot` on, the scalar first, as a quaternion.
+    VrexQuaternionT<double> getRotationParameter(int scalarSlot) const;
+    /// Stores the four parts as they are.
+    void setRotationParameter(int scalarSlot, const VrexQuaternionT<double>& rotation);
+    /// False, and nothing stored, unless the norm of `rotation` is 1 within 1e-06.
+    bool setUnitRotationParameter(int scalarSlot, const VrexQuaternionT<double>& rotation);
+    /// Stores the rotation that takes the X axis to `direction` and the Z axis to `normal`, which may have
+    /// any length above 1e-06. False, and nothing stored, unless they stand at a right angle within 1e-06.
+    bool setFrameParameter(int scalarSlot, const VrexVector3DT<double>& direction,
+                           const VrexVector3DT<double>& normal);
+    /// `vector` turned by the rotation in the slots from `scalarSlot` on.
+    VrexVector3DT<double> rotateByParameter(int scalarSlot, const VrexVector3DT<double>& vector) const;
 
 private:
     VrexGeometry3DType m_type;

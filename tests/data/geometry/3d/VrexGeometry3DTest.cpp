@@ -91,6 +91,9 @@ TEST(VrexGeometry3D, ParameterCountsAreThoseOfTheClass) {
     expectCount(makeSample<VrexLine3D>(), VrexLine3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexPlane3D>(), VrexPlane3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexSphere3D>(), VrexSphere3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexRigidSet3D>(), VrexRigidSet3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexPattern3D>(), VrexPattern3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexEqualDimensionElement3D>(), VrexEqualDimensionElement3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexGeometryVariable>(), VrexGeometryVariable::PARAMETERS_AMOUNT);
 }
 

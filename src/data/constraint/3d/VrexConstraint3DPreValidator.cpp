@@ -34,17 +34,20 @@ constexpr bool isRadius(Component component) {
 constexpr bool hasTwoRadii(Type type) { return type == Type::ELLIPSE || type == Type::TORUS; }
 
 /// Empty for a value that is no kind.
-std::string enumeratorOf(Type type) {
+const char* enumeratorOf(Type type) {
     return type >= Type::UNKNOWN && type <= Type::TYPES_COUNT ? getEnumeratorText(type) : "";
 }
 
-std::string joinedTypes(const Geometries& geometries) {
-    std::string text;
+std::string unfitText(const Geometries& geometries) {
+    std::string text = "Do not supported geometry types combination (";
+    const char* separator = "";
     for (const auto& geometry : geometries) {
-        const std::string name = enumeratorOf(geometry->type());
-        text += text.empty() || name.empty() ? name : ", " + name;
+        if (const char* const name = enumeratorOf(geometry->type()); *name != '\0') {
+            text.append(separator).append(name);
+            separator = ", ";
+        }
     }
-    return text;
+    return text += ')';
 }
 
 /// The types that are matched, for at most as many geometries as a combination has places.
@@ -89,8 +92,7 @@ bool VrexConstraint3DPreValidator::preCheckConstraint3DType(const Geometries& ge
                                                             VrexConstraint3DType type, Component component1,
                                                             Component component2) const {
     if (type == VrexConstraint3DType::PlanarAngle3D) {
-        return checkGeometriesSupportList3D(geometries, nsPreValidation::planarAngleTypes(),
-                                            PLANAR_ANGLE_COUNT);
+        return checkGeometriesSupportList3D(geometries, nsPreValidation::PLANAR_ANGLE, PLANAR_ANGLE_COUNT);
     }
     const Rule* const rule = nsPreValidation::findRule(type);
     if (rule == nullptr) {
@@ -224,7 +226,8 @@ bool VrexConstraint3DPreValidator::checkGeometriesSupportList3D(const Geometries
         }
         if (!types.contains(geometry->type())) {
             return refuseAsFailure(VREX_HERE, m_recorder, VrexErrorCode::GEOMETRY_TYPE_ERROR,
-                                   "Do not supported geometry types:" + enumeratorOf(geometry->type()));
+                                   std::string("Do not supported geometry types:") +
+                                       enumeratorOf(geometry->type()));
         }
     }
     return true;
@@ -271,7 +274,7 @@ bool VrexConstraint3DPreValidator::checkDistinct(const Geometries& geometries) c
 }
 
 bool VrexConstraint3DPreValidator::refuseCombination(const Geometries& geometries) const {
-    const std::string text = "Do not supported geometry types combination (" + joinedTypes(geometries) + ")";
+    const std::string text = unfitText(geometries);
     if (m_recorder.isNoError()) {
         VREX_REFUSE(m_recorder, VrexErrorCode::GEOMETRY_TYPE_ERROR, "%s", text.c_str());
     } else {

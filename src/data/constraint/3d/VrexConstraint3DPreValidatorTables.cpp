@@ -14,6 +14,7 @@ using Component = VrexGeometryComponentType;
 using Kind = VrexConstraint3DType;
 using KindSet = VrexGeometry3DTypeSet;
 using PairTable = VrexGeometryPairTable3D;
+using nsPreValidation::ComponentRow;
 using nsPreValidation::FixationRule;
 using nsPreValidation::Matching;
 using nsPreValidation::Rule;
@@ -314,53 +315,6 @@ constexpr Rule RULES[] = {
 static_assert(std::size(RULES) == 35);
 static_assert(std::ranges::is_sorted(RULES, {}, &Rule::kind));
 
-constexpr auto LAST_KIND = static_cast<std::size_t>(Kind::MateRelation3D);
-
-/// The row of each kind, null where it has none.
-constexpr auto RULE_OF_KIND = [] {
-    std::array<const Rule*, LAST_KIND + 1> rules{};
-    for (const Rule& rule : RULES) {
-        rules[static_cast<std::size_t>(rule.kind)] = &rule;
-    }
-    return rules;
-}();
-
-constexpr KindSet PLANAR_ANGLE{LINE,    PLANE, CYLINDER,     CIRCLE,       CONE,
-                               ELLIPSE, TORUS, SPIN_SURFACE, SWEEP_SURFACE};
-
-struct ComponentRow {
-    Component component;
-    const char* enumerator;
-    KindSet owners;
-    bool hasOwners = true;
-    /// `UNKNOWN`: a component that keeps the kind of its owner.
-    VrexGeometry3DType convertedType = UNKNOWN;
-};
-
-/// Indexed by component.
-constexpr ComponentRow COMPONENTS[] = {
-    {Component::UNKNOWN,
-     "UNKNOWN",
-     {POINT, LINE, PLANE, CIRCLE, CONE, CYLINDER, ELLIPSE, SPHERE, SPIN_SURFACE, TORUS, SPLINE, NURBS_SURFACE,
-      SWEEP_SURFACE, EVAL_CURVE, EVAL_SURFACE}},
-    {Component::CENTER, "CENTER", {SPHERE, CIRCLE, ELLIPSE, TORUS}, true, POINT},
-    {Component::AXIS, "AXIS", {CIRCLE, CONE, CYLINDER, ELLIPSE, SPIN_SURFACE, TORUS}, true, LINE},
-    {Component::PLANE, "PLANE", {TORUS, ELLIPSE, CIRCLE}, true, PLANE},
-    {Component::SPINE, "SPINE", {TORUS}, true, CIRCLE},
-    {Component::APEX, "APEX", {CONE}, true, POINT},
-    {Component::MAJOR, "MAJOR", {TORUS, ELLIPSE}},
-    {Component::MINOR, "MINOR", {TORUS, ELLIPSE}},
-    {Component::EXTERIOR, "EXTERIOR", {}, false},
-};
-static_assert(std::size(COMPONENTS) == std::size(VrexEnumTable<Component>::ROWS) &&
-              std::ranges::equal(COMPONENTS, VrexEnumTable<Component>::ROWS, {}, &ComponentRow::component,
-                                 &VrexEnumRow<Component>::value));
-
-const ComponentRow* findComponent(Component component) {
-    const auto index = static_cast<std::size_t>(component);
-    return index < std::size(COMPONENTS) ? &COMPONENTS[index] : nullptr;
-}
-
 constexpr FixationRule FIXATIONS[] = {
     {VrexFixation3DType::Complete3D, {CONNECTOR, ARRAY_PATTERN}, false},
     {VrexFixation3DType::Direction3D,
@@ -374,31 +328,33 @@ constexpr FixationRule FIXATIONS[] = {
 
 } // namespace
 
-const Rule* nsPreValidation::findRule(VrexConstraint3DType kind) {
-    const auto index = static_cast<std::size_t>(kind);
-    return index < RULE_OF_KIND.size() ? RULE_OF_KIND[index] : nullptr;
-}
-
-const VrexGeometry3DTypeSet& nsPreValidation::planarAngleTypes() { return PLANAR_ANGLE; }
-
-const VrexGeometry3DTypeSet* nsPreValidation::findComponentOwners(VrexGeometryComponentType component) {
-    const ComponentRow* const row = findComponent(component);
-    return row != nullptr && row->hasOwners ? &row->owners : nullptr;
-}
-
-VrexGeometry3DType nsPreValidation::typeOfComponent(VrexGeometry3DType type,
-                                                    VrexGeometryComponentType component) {
-    const ComponentRow* const row = findComponent(component);
-    if (row == nullptr || !row->hasOwners) {
-        return UNKNOWN;
+constexpr std::array<const Rule*, 42> nsPreValidation::RULE_OF_KIND = [] {
+    std::array<const Rule*, 42> rules{};
+    for (const Rule& rule : RULES) {
+        rules[static_cast<std::size_t>(rule.kind)] = &rule;
     }
-    return row->convertedType == UNKNOWN ? type : row->convertedType;
-}
+    return rules;
+}();
 
-const char* nsPreValidation::enumeratorOf(VrexGeometryComponentType component) {
-    const ComponentRow* const row = findComponent(component);
-    return row != nullptr ? row->enumerator : "";
-}
+constexpr KindSet nsPreValidation::PLANAR_ANGLE{LINE,    PLANE, CYLINDER,     CIRCLE,       CONE,
+                                                ELLIPSE, TORUS, SPIN_SURFACE, SWEEP_SURFACE};
+
+constexpr std::array<ComponentRow, 9> nsPreValidation::COMPONENTS{{
+    {Component::UNKNOWN,
+     "UNKNOWN",
+     {POINT, LINE, PLANE, CIRCLE, CONE, CYLINDER, ELLIPSE, SPHERE, SPIN_SURFACE, TORUS, SPLINE, NURBS_SURFACE,
+      SWEEP_SURFACE, EVAL_CURVE, EVAL_SURFACE}},
+    {Component::CENTER, "CENTER", {SPHERE, CIRCLE, ELLIPSE, TORUS}, true, POINT},
+    {Component::AXIS, "AXIS", {CIRCLE, CONE, CYLINDER, ELLIPSE, SPIN_SURFACE, TORUS}, true, LINE},
+    {Component::PLANE, "PLANE", {TORUS, ELLIPSE, CIRCLE}, true, PLANE},
+    {Component::SPINE, "SPINE", {TORUS}, true, CIRCLE},
+    {Component::APEX, "APEX", {CONE}, true, POINT},
+    {Component::MAJOR, "MAJOR", {TORUS, ELLIPSE}},
+    {Component::MINOR, "MINOR", {TORUS, ELLIPSE}},
+    {Component::EXTERIOR, "EXTERIOR", {}, false},
+}};
+static_assert(std::ranges::equal(nsPreValidation::COMPONENTS, VrexEnumTable<Component>::ROWS, {},
+                                 &ComponentRow::component, &VrexEnumRow<Component>::value));
 
 const FixationRule* nsPreValidation::findFixationRule(VrexFixation3DType kind) {
     const auto* const row = std::ranges::find(FIXATIONS, kind, &FixationRule::kind);

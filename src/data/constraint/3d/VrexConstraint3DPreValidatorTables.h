@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <span>
 
 #include "data/constraint/3d/VrexConstraint3DType.h"
@@ -33,21 +35,60 @@ struct Rule {
     const VrexGeometryPairTable3D* pairs = nullptr;
 };
 
-/// Null for a kind without combinations, and for a value that is no kind.
-const Rule* findRule(VrexConstraint3DType kind);
+/// The rule of each kind, null where it has no combinations.
+extern const std::array<const Rule*, static_cast<std::size_t>(VrexConstraint3DType::MateRelation3D) + 1>
+    RULE_OF_KIND;
 
 /// The kinds that a planar angle takes, in all three places.
-const VrexGeometry3DTypeSet& planarAngleTypes();
+extern const VrexGeometry3DTypeSet PLANAR_ANGLE;
+
+/// What is asked about one component.
+struct ComponentRow {
+    VrexGeometryComponentType component;
+    const char* enumerator; ///< The enumerator's own spelling, such as "CENTER", for messages.
+    VrexGeometry3DTypeSet owners;
+    bool hasOwners = true; ///< False: the component has no row, not even an empty one.
+    /// The kind as which it is matched; `UNKNOWN` for one that keeps the kind of its owner.
+    VrexGeometry3DType convertedType = VrexGeometry3DType::UNKNOWN;
+};
+
+/// Indexed by component.
+extern const std::array<ComponentRow, static_cast<std::size_t>(VrexGeometryComponentType::EXTERIOR) + 1>
+    COMPONENTS;
+
+/// Null for a kind without combinations, and for a value that is no kind.
+inline const Rule* findRule(VrexConstraint3DType kind) {
+    const auto index = static_cast<std::size_t>(kind);
+    return index < RULE_OF_KIND.size() ? RULE_OF_KIND[index] : nullptr;
+}
+
+/// Null for a value that is no component.
+inline const ComponentRow* findComponent(VrexGeometryComponentType component) {
+    const auto index = static_cast<std::size_t>(component);
+    return index < COMPONENTS.size() ? &COMPONENTS[index] : nullptr;
+}
 
 /// Which kinds have the component, `UNKNOWN` for the geometry itself; null for a component without a row.
-const VrexGeometry3DTypeSet* findComponentOwners(VrexGeometryComponentType component);
+inline const VrexGeometry3DTypeSet* findComponentOwners(VrexGeometryComponentType component) {
+    const ComponentRow* const row = findComponent(component);
+    return row != nullptr && row->hasOwners ? &row->owners : nullptr;
+}
 
 /// The kind as which the component of a geometry of kind `type` is matched; `UNKNOWN` for a component that
 /// cannot be.
-VrexGeometry3DType typeOfComponent(VrexGeometry3DType type, VrexGeometryComponentType component);
+inline VrexGeometry3DType typeOfComponent(VrexGeometry3DType type, VrexGeometryComponentType component) {
+    const ComponentRow* const row = findComponent(component);
+    if (row == nullptr || !row->hasOwners) {
+        return VrexGeometry3DType::UNKNOWN;
+    }
+    return row->convertedType == VrexGeometry3DType::UNKNOWN ? type : row->convertedType;
+}
 
-/// The enumerator's own spelling, such as "CENTER", for messages; empty for a value that is none.
-const char* enumeratorOf(VrexGeometryComponentType component);
+/// Empty for a value that is no component.
+inline const char* enumeratorOf(VrexGeometryComponentType component) {
+    const ComponentRow* const row = findComponent(component);
+    return row != nullptr ? row->enumerator : "";
+}
 
 /// What one kind of fixation admits.
 struct FixationRule {

@@ -1,16 +1,16 @@
 // Checks of constraint requests against what one writes first: a map from kind to a set of pairs. Both look
 // at the count, at nulls and at identifiers, and then for the pair; the peer's sets hold the same pairs. A
 // refusal is set beside the recording of its message.
+//
+// A distance between two points made and destroyed, against a make_shared object that holds the same fields
+// and appends its arguments.
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
@@ -18,19 +18,14 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#ifdef VREX_HAS_CERES
-#include <ceres/jet.h>
-#endif
 
 #include "RatioReport.h"
 #include "data/base/VrexDefaultToleranceGetter.h"
 #include "data/base/VrexLogRecorder.h"
 #include "data/constraint/3d/VrexConstraint3DPreValidator.h"
-#include "data/constraint/equation/VrexCallbackEquation.h"
-#include "data/constraint/equation/VrexEquationCallback.h"
-#include "data/constraint/equation/VrexExpressionEquation.h"
-#include "data/constraint/equation/VrexLinearEquationCallback.h"
+#include "data/constraint/3d/VrexDistance3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
+#include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 namespace {
@@ -164,106 +159,56 @@ void refuseByValidator(benchmark::State& state) {
     });
 }
 
-constexpr const char* TEXT = "x*sin(y) + sqrt(x*x + z*z) - z*cos(y)/x";
-const std::vector<double> VALUES{0.7, 1.3, 0.4};
-const std::vector<double> COEFFICIENTS{2.0, -1.5, 0.25};
-constexpr double CONSTANT = 3.0;
-
-/// The same as TEXT.
-template <typename T>
-T compiled(const std::vector<T>& v) {
-    using std::cos;
-    using std::sin;
-    using std::sqrt;
-    return v[0] * sin(v[1]) + sqrt(v[0] * v[0] + v[2] * v[2]) - v[2] * cos(v[1]) / v[0];
-}
-
-/// The same with a gradient by hand.
-double withGradient(const double* v, unsigned int /*count*/, double* gradient) {
-    const double sine = std::sin(v[1]);
-    const double cosine = std::cos(v[1]);
-    const double length = std::sqrt(v[0] * v[0] + v[2] * v[2]);
-    gradient[0] = sine + v[0] / length + v[2] * cosine / (v[0] * v[0]);
-    gradient[1] = v[0] * cosine + v[2] * sine / v[0];
-    gradient[2] = v[2] / length - cosine / v[0];
-    return v[0] * sine + length - v[2] * cosine / v[0];
-}
-
-/// COEFFICIENTS and CONSTANT.
-template <typename T>
-T weightedSum(const std::vector<T>& v) {
-    T sum = COEFFICIENTS[0] * v[0];
-    for (std::size_t i = 1; i < v.size(); ++i) {
-        sum += COEFFICIENTS[i] * v[i];
+class PeerDistance : public std::enable_shared_from_this<PeerDistance> {
+public:
+    PeerDistance(const std::shared_ptr<VrexGeometry3D>& geometry1,
+                 const std::shared_ptr<VrexGeometry3D>& geometry2, double number, Component component1,
+                 Component component2)
+        : components{component1, component2}, value(number) {
+        geometries.push_back(geometry1);
+        geometries.push_back(geometry2);
     }
-    return sum + CONSTANT;
-}
+    virtual ~PeerDistance() = default;
 
-/// The variants of a workload compute the same value and the same sum of derivatives.
-void expectSame(const std::string& name, double sum) {
-    static std::map<std::string, double> sums;
-    const double first = sums.try_emplace(name.substr(0, name.find('/')), sum).first->second;
-    if (!(std::fabs(sum - first) <= 1e-12 * std::fabs(first))) {
-        std::fprintf(stderr, "%s gives %.17g, its peer %.17g\n", name.c_str(), sum, first);
-        std::exit(1);
+    std::uint64_t base = 0;
+    std::uint64_t id = 0;
+    std::string label;
+    std::shared_ptr<PeerDistance> backup;
+    std::vector<double> parameters;
+    bool dirty = true;
+    int status = -1, satisfiedStatus = -1, solveMethodStatus = -1;
+    bool geometriesChanged = true;
+    int alignment = 0, orientation = 0;
+    std::vector<std::shared_ptr<VrexBaseGeometry>> geometries;
+    std::weak_ptr<PeerDistance> parent;
+    Kind kind = Kind::Distance3D;
+    std::optional<VrexVector3DT<double>> helpPoint1, helpPoint2;
+    std::optional<VrexVector2DT<double>> helpParam1, helpParam2;
+    std::optional<VrexConstraintBiasData3D> bias;
+    Component components[2];
+    bool fixHelpParameter1 = false, fixHelpParameter2 = false;
+    double value;
+    std::weak_ptr<VrexGeometryVariable> variable;
+    bool rigid = false;
+    VrexDimensionLimits limits;
+};
+
+/// One distance a step, made and destroyed.
+template <class Make>
+void makeDistance(benchmark::State& state, Make make) {
+    const std::shared_ptr<VrexGeometry3D> first = VrexPoint3D::create(1.0, 2.0, 3.0);
+    const std::shared_ptr<VrexGeometry3D> second = VrexPoint3D::create(4.0, 5.0, 6.0);
+    for ([[maybe_unused]] auto step : state) {
+        benchmark::DoNotOptimize(make(first, second, 2.5, Component::UNKNOWN, Component::UNKNOWN));
     }
 }
 
-template <class Function>
-void measure(const char* name, Function function) {
-    benchmark::RegisterBenchmark(name, [function](benchmark::State& state) {
-        for ([[maybe_unused]] auto step : state) {
-            benchmark::ClobberMemory();
-            auto result = function();
-            benchmark::DoNotOptimize(&result);
-        }
-    });
+void makeDistanceByPeer(benchmark::State& state) {
+    makeDistance(state,
+                 [](const auto&... arguments) { return std::make_shared<PeerDistance>(arguments...); });
 }
 
-void measureEquation(const char* name, const std::shared_ptr<VrexBaseEquation>& equation) {
-    std::vector<VrexVariable> args(VALUES.begin(), VALUES.end());
-    VrexVariable::initializeDerivatives(args);
-    const VrexVariable result = equation->evaluate(args);
-    double sum = result.value();
-    for (const auto& entry : result.derivatives()) {
-        sum += entry.value;
-    }
-    expectSame(name, sum);
-    measure(name, [equation, args] { return equation->evaluate(args); });
-}
-
-#ifdef VREX_HAS_CERES
-using Jet = ceres::Jet<double, 3>;
-
-void measureJet(const char* name, const std::function<Jet(const std::vector<Jet>&)>& function) {
-    std::vector<Jet> args;
-    for (std::size_t i = 0; i < VALUES.size(); ++i) {
-        args.emplace_back(VALUES[i], static_cast<int>(i));
-    }
-    const Jet result = function(args);
-    expectSame(name, result.a + result.v.sum());
-    measure(name, [function, args] { return function(args); });
-}
-#endif
-
-void registerEquations() {
-#ifdef VREX_HAS_CERES
-    measureJet("equation/peer_jet", compiled<Jet>);
-    measureJet("linear_equation/peer_jet", weightedSum<Jet>);
-#endif
-    constexpr auto condition = VrexEquationConditionType::equalToZero;
-    std::vector<VrexVariableDescriptor> descriptors;
-    for (const char* name : {"x", "y", "z"}) {
-        descriptors.emplace_back(VrexGeometryVariable::create(0.0), 0, name);
-    }
-    measureEquation("equation/expression", VrexExpressionEquation::create(descriptors, condition, TEXT));
-    measureEquation("equation/callback", VrexCallbackEquation::create(condition, compiled<VrexVariable>));
-    measureEquation("equation/callback_gradient",
-                    VrexCallbackEquation::create(condition, VrexEquationCallback(withGradient)));
-    measureEquation(
-        "linear_equation/callback",
-        VrexCallbackEquation::create(condition, VrexLinearEquationCallback(COEFFICIENTS, CONSTANT)));
-}
+void makeDistanceByVrex(benchmark::State& state) { makeDistance(state, VrexDistance3D::create); }
 
 } // namespace
 
@@ -272,6 +217,7 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("pair_accepted/validator", acceptByValidator);
     benchmark::RegisterBenchmark("pair_refused/peer_map_and_message", refuseByMap);
     benchmark::RegisterBenchmark("pair_refused/validator", refuseByValidator);
-    registerEquations();
+    benchmark::RegisterBenchmark("distance_made/peer_make_shared", makeDistanceByPeer);
+    benchmark::RegisterBenchmark("distance_made/create", makeDistanceByVrex);
     return RatioReport::run(argc, argv);
 }

@@ -34,6 +34,8 @@
 #include "data/geometry/3d/VrexCylinder3D.h"
 #include "data/geometry/3d/VrexEllipse3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurve3D.h"
+#include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/geometry/3d/VrexGeometrySet3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"

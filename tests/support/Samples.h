@@ -9,12 +9,16 @@
 #include "data/geometry/3d/VrexCylinder3D.h"
 #include "data/geometry/3d/VrexEllipse3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurve3D.h"
+#include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexPattern3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
+#include "data/geometry/3d/VrexSpinSurface3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
@@ -79,7 +83,9 @@ inline std::shared_ptr<VrexArrayPattern3D> makeSample() {
 template <>
 inline std::shared_ptr<VrexEqualDimensionElement3D> makeSample() {
     return VrexEqualDimensionElement3D::create(1.5);
+}
 
+template <>
 inline std::shared_ptr<VrexCircle3D> makeSample() {
     auto circle = VrexCircle3D::create({1.0, -2.0, 3.0}, {2.0, -1.0, 2.0}, 1.5);
     circle->setAllowRadiusSignChange(true);
@@ -126,4 +132,39 @@ inline std::shared_ptr<VrexTorus3D> makeSample() {
     torus->setAllowRadiusSignChange(false);
     trim(*torus);
     return torus;
+}
+
+template <>
+inline std::shared_ptr<VrexSpinSurface3D> makeSample() {
+    auto surface = VrexSpinSurface3D::create(makeSample<VrexCircle3D>(), makeSample<VrexLine3D>());
+    trim(*surface);
+    return surface;
+}
+
+template <>
+inline std::shared_ptr<VrexSweepSurface3D> makeSample() {
+    auto surface = VrexSweepSurface3D::create(makeSample<VrexCircle3D>(), makeSample<VrexLine3D>(), {});
+    trim(*surface);
+    return surface;
+}
+
+template <>
+inline std::shared_ptr<VrexEvaluatedCurve3D> makeSample() {
+    auto curve = VrexEvaluatedCurve3D::create(
+        {1.0, -2.0, 0.5}, VrexQuaternionT<double>::makeFromAngleAndAxis(0.75, {1.0, 2.0, 2.0}, 1e-6),
+        {{makeSample<VrexGeometryVariable>(), 0, "r"}, {makeSample<VrexCircle3D>(), 0, "pitch"}},
+        "r * cos(t)", "r * sin(t)", "pitch * t");
+    curve->start() = -1.0;
+    curve->end() = 4.0;
+    return curve;
+}
+
+template <>
+inline std::shared_ptr<VrexEvaluatedSurface3D> makeSample() {
+    auto surface = VrexEvaluatedSurface3D::create(
+        {1.0, -2.0, 0.5}, VrexQuaternionT<double>::makeFromAngleAndAxis(0.75, {1.0, 2.0, 2.0}, 1e-6),
+        {{makeSample<VrexGeometryVariable>(), 0, "r"}}, "r * cos(u) * cos(v)", "r * sin(u) * cos(v)",
+        "2 * r * sin(v)");
+    trim(*surface);
+    return surface;
 }

@@ -40,6 +40,7 @@ public:
     bool setExpression(const std::vector<std::shared_ptr<VrexVar>>& vars, const std::string& text,
                        bool update);
     [[nodiscard]] const std::string& getExpression() const { return m_expression; }
+    [[nodiscard]] const std::vector<std::shared_ptr<VrexVar>>& getVariables() const { return m_variables; }
     /// False without a tree.
     [[nodiscard]] bool isEquation() const;
     /// False without a tree.

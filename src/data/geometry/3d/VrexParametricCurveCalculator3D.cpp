@@ -8,6 +8,8 @@
 #include "data/geometry/3d/VrexCircleCalculator3D.h"
 #include "data/geometry/3d/VrexEllipse3D.h"
 #include "data/geometry/3d/VrexEllipseCalculator3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurve3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurveCalculator3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexZeroDerivatives.h"
 
@@ -20,6 +22,9 @@ public:
 
     void visitCircle3D(VrexCircle3D& circle) override { make<VrexCircleCalculator3D>(circle); }
     void visitEllipse3D(VrexEllipse3D& ellipse) override { make<VrexEllipseCalculator3D>(ellipse); }
+    void visitEvaluatedCurve3D(VrexEvaluatedCurve3D& curve) override {
+        make<VrexEvaluatedCurveCalculator3D>(curve);
+    }
     void visitParametricCurve3D(VrexParametricCurve3D& /*curve*/) override {
         VREX_RAISE(std::runtime_error, "This curve type is unsupported");
     }

@@ -8,8 +8,12 @@
 #include "data/geometry/3d/VrexConeCalculator3D.h"
 #include "data/geometry/3d/VrexCylinder3D.h"
 #include "data/geometry/3d/VrexCylinderCalculator3D.h"
+#include "data/geometry/3d/VrexEvaluatedSurface3D.h"
+#include "data/geometry/3d/VrexEvaluatedSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
+#include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSpinSurfaceCalculator3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexSweepSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/3d/VrexTorusCalculator3D.h"
@@ -22,14 +26,17 @@ class VrexSurfaceCalculatorVisitor : public VrexVisitor3D {
 public:
     std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() { return std::move(m_result); }
 
+    void visitCone3D(VrexCone3D& cone) override { make<VrexConeCalculator3D>(cone); }
+    void visitCylinder3D(VrexCylinder3D& cylinder) override { make<VrexCylinderCalculator3D>(cylinder); }
+    void visitEvaluatedSurface3D(VrexEvaluatedSurface3D& surface) override {
+        make<VrexEvaluatedSurfaceCalculator3D>(surface);
+    }
     void visitSpinSurface3D(VrexSpinSurface3D& surface) override {
         make<VrexSpinSurfaceCalculator3D>(surface);
     }
     void visitSweepSurface3D(VrexSweepSurface3D& surface) override {
         make<VrexSweepSurfaceCalculator3D>(surface);
     }
-    void visitCone3D(VrexCone3D& cone) override { make<VrexConeCalculator3D>(cone); }
-    void visitCylinder3D(VrexCylinder3D& cylinder) override { make<VrexCylinderCalculator3D>(cylinder); }
     void visitTorus3D(VrexTorus3D& torus) override { make<VrexTorusCalculator3D>(torus); }
     void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override {
         VREX_RAISE(std::runtime_error, "This surface type is unsupported");

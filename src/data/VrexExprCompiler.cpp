@@ -55,7 +55,7 @@ VrexExprProgram VrexExprCompiler::compile(const VrexExpr& root, Reading reading)
     }
     compileNode(root, reading, temporary(0));
     m_program.result = m_result;
-    m_program.mainEnd = static_cast<std::int32_t>(m_program.steps.size());
+    m_program.mainEnd = emit(Code::End, 0, 0, 0);
     compileRoutines();
     return std::move(m_program);
 }

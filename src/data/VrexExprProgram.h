@@ -21,6 +21,7 @@ struct VrexExprProgram {
         Condition,  ///< The steps to b are a condition, and step b is a `JumpUnless` that tests it.
         Call,       ///< Runs routine b, unless its result is there already.
         Return,     ///< Ends routine b.
+        End,        ///< Stands between the main steps and the routines; never run.
         Not,        ///< target = not a
         IsUnlike,   ///< target = one of a, b is true
         IsAlike,    ///< target = both or none of a, b are true
@@ -48,7 +49,7 @@ struct VrexExprProgram {
     static constexpr VrexExpr::Op opOf(Code code) { return static_cast<VrexExpr::Op>(code); }
 
     std::vector<Step> steps;
-    std::int32_t mainEnd = 0;           ///< The routines stand behind.
+    std::int32_t mainEnd = 0;           ///< The `End`; 0 where there is nothing to run.
     std::int32_t result = 0;            ///< Register of the result.
     std::int32_t temporaries = 0;       ///< Count of registers below 0.
     std::vector<Fixed> fixed;           ///< Registers from 0 on.

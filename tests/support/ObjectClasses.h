@@ -8,9 +8,10 @@
 #include "data/VrexVisitor3D.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/constraint/3d/VrexDimension3D.h"
+#include "data/constraint/3d/VrexMate3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
-#include "support/Samples.h"
+#include "support/SamplesConstraints.h"
 
 /// The name of an object class, and its visit by name.
 template <class Object>

@@ -1,14 +1,19 @@
 // Checks of constraint requests against what one writes first: a map from kind to a set of pairs. Both look
 // at the count, at nulls and at identifiers, and then for the pair; the peer's sets hold the same pairs. A
 // refusal is set beside the recording of its message.
+//
+// A distance between two points made and destroyed, against a make_shared object that holds the same fields
+// and appends its arguments.
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <random>
 #include <set>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -18,7 +23,10 @@
 #include "data/base/VrexDefaultToleranceGetter.h"
 #include "data/base/VrexLogRecorder.h"
 #include "data/constraint/3d/VrexConstraint3DPreValidator.h"
+#include "data/constraint/3d/VrexDistance3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
+#include "data/geometry/3d/VrexPoint3D.h"
+#include "data/geometry/VrexGeometryVariable.h"
 
 namespace {
 
@@ -151,6 +159,57 @@ void refuseByValidator(benchmark::State& state) {
     });
 }
 
+class PeerDistance : public std::enable_shared_from_this<PeerDistance> {
+public:
+    PeerDistance(const std::shared_ptr<VrexGeometry3D>& geometry1,
+                 const std::shared_ptr<VrexGeometry3D>& geometry2, double number, Component component1,
+                 Component component2)
+        : components{component1, component2}, value(number) {
+        geometries.push_back(geometry1);
+        geometries.push_back(geometry2);
+    }
+    virtual ~PeerDistance() = default;
+
+    std::uint64_t base = 0;
+    std::uint64_t id = 0;
+    std::string label;
+    std::shared_ptr<PeerDistance> backup;
+    std::vector<double> parameters;
+    bool dirty = true;
+    int status = -1, satisfiedStatus = -1, solveMethodStatus = -1;
+    bool geometriesChanged = true;
+    int alignment = 0, orientation = 0;
+    std::vector<std::shared_ptr<VrexBaseGeometry>> geometries;
+    std::weak_ptr<PeerDistance> parent;
+    Kind kind = Kind::Distance3D;
+    std::optional<VrexVector3DT<double>> helpPoint1, helpPoint2;
+    std::optional<VrexVector2DT<double>> helpParam1, helpParam2;
+    std::optional<VrexConstraintBiasData3D> bias;
+    Component components[2];
+    bool fixHelpParameter1 = false, fixHelpParameter2 = false;
+    double value;
+    std::weak_ptr<VrexGeometryVariable> variable;
+    bool rigid = false;
+    VrexDimensionLimits limits;
+};
+
+/// One distance a step, made and destroyed.
+template <class Make>
+void makeDistance(benchmark::State& state, Make make) {
+    const std::shared_ptr<VrexGeometry3D> first = VrexPoint3D::create(1.0, 2.0, 3.0);
+    const std::shared_ptr<VrexGeometry3D> second = VrexPoint3D::create(4.0, 5.0, 6.0);
+    for ([[maybe_unused]] auto step : state) {
+        benchmark::DoNotOptimize(make(first, second, 2.5, Component::UNKNOWN, Component::UNKNOWN));
+    }
+}
+
+void makeDistanceByPeer(benchmark::State& state) {
+    makeDistance(state,
+                 [](const auto&... arguments) { return std::make_shared<PeerDistance>(arguments...); });
+}
+
+void makeDistanceByVrex(benchmark::State& state) { makeDistance(state, VrexDistance3D::create); }
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -158,5 +217,7 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("pair_accepted/validator", acceptByValidator);
     benchmark::RegisterBenchmark("pair_refused/peer_map_and_message", refuseByMap);
     benchmark::RegisterBenchmark("pair_refused/validator", refuseByValidator);
+    benchmark::RegisterBenchmark("distance_made/peer_make_shared", makeDistanceByPeer);
+    benchmark::RegisterBenchmark("distance_made/create", makeDistanceByVrex);
     return RatioReport::run(argc, argv);
 }

@@ -20,10 +20,7 @@ bool push(std::shared_ptr<const void>& share) noexcept {
 
 } // namespace
 
-void nsRelease::drop(std::shared_ptr<const void> share) noexcept {
-    if (share == nullptr) {
-        return;
-    }
+void nsRelease::dropLast(std::shared_ptr<const void> share) noexcept {
     if (t_queue != nullptr) {
         if (!push(share)) {
             share.reset();

@@ -12,8 +12,15 @@
 /// member.
 namespace nsRelease {
 
-/// Gives up one share. Falls back to releasing in place when the queue cannot grow.
-void drop(std::shared_ptr<const void> share) noexcept;
+/// Gives up the last share of an object. Falls back to releasing in place when the queue cannot grow.
+void dropLast(std::shared_ptr<const void> share) noexcept;
+
+/// Gives up one share, null or not; one that is held elsewhere too goes without a queue.
+inline void drop(std::shared_ptr<const void> share) noexcept {
+    if (share.use_count() == 1) {
+        dropLast(std::move(share));
+    }
+}
 
 template <class Object>
 void dropAll(std::vector<std::shared_ptr<Object>>& shares) noexcept {

@@ -38,6 +38,21 @@ TEST(VrexDeferredRelease, LongChainIsReleasedWithoutRecursion) {
     EXPECT_EQ(living, 0);
 }
 
+TEST(VrexDeferredRelease, ChainOfOwnersThatHoldTheNextTwiceIsReleasedWithoutRecursion) {
+    int living = 0;
+    runOnSmallStack([&living] {
+        std::shared_ptr<Owner> chain;
+        for (int i = 0; i < 100'000; ++i) {
+            auto link = std::make_shared<Owner>(living);
+            link->children = {chain, chain};
+            chain = std::move(link);
+        }
+        EXPECT_EQ(living, 100'000);
+        chain.reset();
+    });
+    EXPECT_EQ(living, 0);
+}
+
 TEST(VrexDeferredRelease, TreeIsReleasedWholeBeforeTheDropReturns) {
     int living = 0;
     auto root = std::make_shared<Owner>(living);

@@ -1,5 +1,7 @@
 #include "data/constraint/VrexConstraint.h"
 
+#include <utility>
+
 #include "data/VrexCastList.h"
 #include "data/VrexDeferredRelease.h"
 #include "data/VrexMemberKeeper.h"
@@ -43,8 +45,8 @@ void VrexConstraint::doUpdateFrom(const VrexBaseObject& other) {
     m_geometriesChanged = true;
 }
 
-void VrexConstraint::addGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry) {
-    m_geometries.push_back(geometry);
+void VrexConstraint::addGeometry(std::shared_ptr<VrexBaseGeometry> geometry) {
+    m_geometries.push_back(std::move(geometry));
     m_geometriesChanged = true;
 }
 

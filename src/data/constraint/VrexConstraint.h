@@ -59,7 +59,7 @@ protected:
     /// Keeps the geometries besides identifier and label: an update never binds a constraint to others.
     void doUpdateFrom(const VrexBaseObject& other) override;
 
-    void addGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry);
+    void addGeometry(std::shared_ptr<VrexBaseGeometry> geometry);
     /// Appends the arguments of a new constraint, nulls too, with room for just these.
     template <class... Geometry>
     void addArguments(const std::shared_ptr<Geometry>&... arguments) {

@@ -14,6 +14,9 @@ public:
         : m_program(program), m_isDone(program.routines.size()) {}
 
     void reset() {
+        if (m_isDone.empty()) [[likely]] {
+            return;
+        }
         std::fill(m_isDone.begin(), m_isDone.end(), false);
         m_returns.clear();
     }

@@ -14,6 +14,9 @@ using Kind = VrexExprProgram::Kind;
 /// Registers that are searched for one that holds the same already: enough for what people write.
 constexpr std::size_t LATEST = 8;
 
+/// Steps, registers and levels for which there is room from the start.
+constexpr std::size_t USUAL = 16;
+
 bool isPassing(const VrexExpr& node, VrexExprCompiler::Reading reading) {
     return node.op == Op::Plus ||
            node.op == (reading == VrexExprCompiler::Reading::Value ? Op::Norm : Op::If);
@@ -53,7 +56,10 @@ VrexExprProgram VrexExprCompiler::compile(const VrexExpr& root, Reading reading)
         m_program.result = m_result;
         return std::move(m_program);
     }
-    compileNode(root, reading, temporary(0));
+    m_program.steps.reserve(USUAL);
+    m_program.fixed.reserve(USUAL);
+    m_frames.reserve(USUAL);
+    compileNode(root, reading, temporary(0, false));
     m_program.result = m_result;
     m_program.mainEnd = emit(Code::End, 0, 0, 0);
     compileRoutines();
@@ -72,7 +78,7 @@ void VrexExprCompiler::compileRoutines() {
     for (std::size_t i = 0; i < m_routines.size(); ++i) {
         const Routine routine = m_routines[i];
         m_program.routines.push_back(static_cast<std::int32_t>(m_program.steps.size()));
-        m_firstFree = m_program.temporaries;
+        m_firstFree = (m_program.temporaries + 1) / 2;
         compileNode(*routine.node, routine.reading, routine.target);
         moveTo(routine.target);
         emit(Code::Return, 0, 0, static_cast<std::int32_t>(i));
@@ -95,7 +101,7 @@ bool VrexExprCompiler::isSettled(const VrexExpr& node, Reading reading) {
         m_result = fixedRegister({Kind::Variable, node.var.get(), 0.0});
         return true;
     }
-    if (VrexExpr::getArgumentsNumber(node.op) == 0 || node.op == Op::Reserved) {
+    if (nsExprOps::row(node.op).operands == 0 || node.op == Op::Reserved) {
         m_result = constant(0.0);
         return true;
     }
@@ -125,6 +131,11 @@ void VrexExprCompiler::enter(const std::shared_ptr<VrexExpr>& operand, Reading r
     }
 }
 
+void VrexExprCompiler::enterOperand(const Frame& frame, const std::shared_ptr<VrexExpr>& operand,
+                                    Reading reading, std::int32_t depth) {
+    enter(operand, reading, depth, temporary(depth, frame.target == temporary(depth, false)));
+}
+
 void VrexExprCompiler::open(const VrexExpr& node, Reading reading, std::int32_t depth, std::int32_t target) {
     m_frames.push_back({&node, reading, 0, depth, target, 0});
 }
@@ -147,7 +158,7 @@ void VrexExprCompiler::advance(Frame& frame) {
         advanceCondition(frame);
     } else if (frame.node->op == Op::If) {
         advanceChoice(frame);
-    } else if (VrexExpr::getArgumentsNumber(frame.node->op) == 1) {
+    } else if (nsExprOps::row(frame.node->op).operands == 1) {
         advanceUnary(frame, Reading::Value, VrexExprProgram::codeOf(frame.node->op));
     } else {
         advanceBinary(frame, Reading::Value, VrexExprProgram::codeOf(frame.node->op));
@@ -190,7 +201,7 @@ void VrexExprCompiler::advancePassing(Frame& frame) {
 
 void VrexExprCompiler::advanceUnary(Frame& frame, Reading operands, Code code) {
     if (frame.stage++ == 0) {
-        enter(frame.node->left, operands, frame.depth);
+        enterOperand(frame, frame.node->left, operands, frame.depth);
     } else {
         emit(code, frame.target, m_result, 0);
         close(frame.target);
@@ -200,11 +211,11 @@ void VrexExprCompiler::advanceUnary(Frame& frame, Reading operands, Code code) {
 void VrexExprCompiler::advanceBinary(Frame& frame, Reading operands, Code code) {
     switch (frame.stage++) {
     case 0:
-        enter(frame.node->left, operands, frame.depth);
+        enterOperand(frame, frame.node->left, operands, frame.depth);
         break;
     case 1:
         frame.first = m_result;
-        enter(frame.node->right, operands, frame.first < 0 ? frame.depth + 1 : frame.depth);
+        enterOperand(frame, frame.node->right, operands, frame.first < 0 ? frame.depth + 1 : frame.depth);
         break;
     default:
         emit(code, frame.target, frame.first, m_result);
@@ -217,7 +228,7 @@ void VrexExprCompiler::advanceChoice(Frame& frame) {
     case 0:
         m_program.hasConditions = true;
         frame.first = emit(Code::Condition, 0, 0, 0);
-        enter(frame.node->left, Reading::Condition, frame.depth);
+        enterOperand(frame, frame.node->left, Reading::Condition, frame.depth);
         break;
     case 1:
         aimHere(frame.first);
@@ -279,9 +290,10 @@ void VrexExprCompiler::aimHere(std::int32_t step) {
     m_program.steps[static_cast<std::size_t>(step)].b = static_cast<std::int32_t>(m_program.steps.size());
 }
 
-std::int32_t VrexExprCompiler::temporary(std::int32_t depth) {
-    m_program.temporaries = std::max(m_program.temporaries, depth + 1);
-    return -1 - depth;
+std::int32_t VrexExprCompiler::temporary(std::int32_t depth, bool isSecond) {
+    const std::int32_t index = 2 * depth + (isSecond ? 1 : 0);
+    m_program.temporaries = std::max(m_program.temporaries, index + 1);
+    return -1 - index;
 }
 
 std::int32_t VrexExprCompiler::fixedRegister(const VrexExprProgram::Fixed& fixed) {

@@ -31,7 +31,7 @@ private:
         const VrexExpr* node;
         Reading reading;
         std::uint8_t stage;
-        std::int32_t depth;  ///< First temporary that is free.
+        std::int32_t depth;  ///< First pair of temporaries that is free.
         std::int32_t target; ///< Register of the result.
         std::int32_t first;  ///< Register of the first operand, or a step that waits for its aim.
     };
@@ -46,9 +46,9 @@ private:
     /// Makes the operand's register the result, now or after frames of its own.
     void enter(const std::shared_ptr<VrexExpr>& operand, Reading reading, std::int32_t depth,
                std::int32_t target);
-    void enter(const std::shared_ptr<VrexExpr>& operand, Reading reading, std::int32_t depth) {
-        enter(operand, reading, depth, temporary(depth));
-    }
+    /// The same for an operand of the frame, which gets a register other than the frame's own.
+    void enterOperand(const Frame& frame, const std::shared_ptr<VrexExpr>& operand, Reading reading,
+                      std::int32_t depth);
     void open(const VrexExpr& node, Reading reading, std::int32_t depth, std::int32_t target);
     /// The register of a node that needs no steps; false for others.
     bool isSettled(const VrexExpr& node, Reading reading);
@@ -67,7 +67,8 @@ private:
     void moveTo(std::int32_t target);
     std::int32_t emit(Code code, std::int32_t target, std::int32_t a, std::int32_t b);
     void aimHere(std::int32_t step);
-    std::int32_t temporary(std::int32_t depth);
+    /// Register of one of the pair of temporaries at a depth.
+    std::int32_t temporary(std::int32_t depth, bool isSecond);
     std::int32_t fixedRegister(const VrexExprProgram::Fixed& fixed);
     std::int32_t constant(double value);
 
@@ -75,7 +76,7 @@ private:
     VrexExprProgram m_program;
     std::vector<Frame> m_frames;
     std::int32_t m_result = 0;    ///< Register of what was compiled last.
-    std::int32_t m_firstFree = 0; ///< First temporary of the routine at hand.
+    std::int32_t m_firstFree = 0; ///< First pair of the routine at hand.
     std::vector<Routine> m_routines;
     std::unordered_map<const VrexExpr*, std::int32_t> m_routineOf[2]; ///< By reading.
 };

@@ -1,5 +1,6 @@
 #include "data/VrexExprDoubles.h"
 
+#include <cmath>
 #include <cstddef>
 
 #include "data/VrexExprRules.h"
@@ -36,39 +37,56 @@ void VrexExprDoubles::load() {
 
 void VrexExprDoubles::run(std::int32_t begin, std::int32_t end) {
     const Step* const steps = m_program.steps.data();
-    for (std::int32_t place = begin; place != end;) {
+    double* const registers = m_registers;
+    for (std::int32_t place = begin; place != end; ++place) {
         const Step& step = steps[place];
-        if (step.code < Code::Move) {
-            compute(step);
-            ++place;
-        } else {
-            place = control(step, place);
+        const double a = registers[step.a];
+        double& target = registers[step.target];
+        // What is met most stands here, the rest in tables.
+        switch (VrexExprProgram::opOf(step.code)) {
+        case Op::Add:
+            target = a + registers[step.b];
+            break;
+        case Op::Sub:
+            target = a - registers[step.b];
+            break;
+        case Op::Mul:
+            target = a * registers[step.b];
+            break;
+        case Op::Div:
+            target = nsExprRules::quotient(a, registers[step.b]);
+            break;
+        case Op::Neg:
+            target = -a;
+            break;
+        case Op::Sqr:
+            target = a * a;
+            break;
+        case Op::Sqrt:
+            target = std::sqrt(a);
+            break;
+        case Op::Cos:
+            target = std::cos(a);
+            break;
+        case Op::Sin:
+            target = std::sin(a);
+            break;
+        default:
+            if (step.code < Code::Move) {
+                compute(step);
+            } else {
+                place = control(step, place) - 1;
+            }
         }
     }
 }
 
 void VrexExprDoubles::compute(const Step& step) {
+    const auto code = static_cast<std::size_t>(step.code);
     const double a = m_registers[step.a];
-    double& target = m_registers[step.target];
-    switch (VrexExprProgram::opOf(step.code)) {
-    case Op::Add:
-        target = a + m_registers[step.b];
-        break;
-    case Op::Sub:
-        target = a - m_registers[step.b];
-        break;
-    case Op::Mul:
-        target = a * m_registers[step.b];
-        break;
-    case Op::Div:
-        target = nsExprRules::quotient(a, m_registers[step.b]);
-        break;
-    default: {
-        const auto code = static_cast<std::size_t>(step.code);
-        const auto rule = nsExprRules::UNARY_RULES<double>[code];
-        target = rule != nullptr ? rule(a) : nsExprRules::BINARY_RULES<double>[code](a, m_registers[step.b]);
-    }
-    }
+    const auto rule = nsExprRules::UNARY_RULES<double>[code];
+    m_registers[step.target] =
+        rule != nullptr ? rule(a) : nsExprRules::BINARY_RULES<double>[code](a, m_registers[step.b]);
 }
 
 std::int32_t VrexExprDoubles::control(const Step& step, std::int32_t place) {

@@ -14,6 +14,12 @@ public:
 
     /// Takes the present values of the variables.
     void load();
+    /// Runs the whole program with the present values of the variables, and gives its result.
+    [[nodiscard]] double run() {
+        load();
+        run(0, m_program.mainEnd);
+        return at(m_program.result);
+    }
     /// Runs steps from `begin` until `end` is the next one.
     void run(std::int32_t begin, std::int32_t end);
     [[nodiscard]] double at(std::int32_t index) const { return m_registers[index]; }

@@ -61,6 +61,9 @@ static_assert(FUNCTIONS.size() == 30);
 
 constexpr int MOST_ARGUMENTS = 3;
 
+/// Levels of nesting for which there is room from the start.
+constexpr std::size_t USUAL_DEPTH = 8;
+
 } // namespace
 
 /// While its operand is read, an expression waits in a frame instead of on the stack: nesting has no limit.
@@ -110,7 +113,9 @@ std::shared_ptr<VrexExpr> VrexExprParser::parse() {
 }
 
 std::shared_ptr<VrexExpr> VrexExprParser::parseMain() {
-    std::vector<Frame> frames(1);
+    std::vector<Frame> frames;
+    frames.reserve(USUAL_DEPTH);
+    frames.emplace_back();
     std::shared_ptr<VrexExpr> value;
     while (!frames.empty()) {
         Frame& frame = frames.back();
@@ -237,7 +242,7 @@ Op VrexExprParser::checkOp() {
     skipSpaces();
     const std::string_view rest = std::string_view(m_text).substr(m_pos);
     for (const Word& word : OPERATORS) {
-        if (rest.starts_with(word.text)) {
+        if (!rest.empty() && rest.front() == word.text.front() && rest.starts_with(word.text)) {
             return word.op;
         }
     }
@@ -302,10 +307,15 @@ bool VrexExprParser::skipExponent() {
 }
 
 Op VrexExprParser::getFunction(std::string_view word) {
-    const auto found =
-        std::lower_bound(FUNCTIONS.begin(), FUNCTIONS.end(), word,
-                         [](const Word& row, std::string_view text) { return row.text < text; });
-    return found != FUNCTIONS.end() && found->text == word ? found->op : Op::None;
+    const auto first =
+        std::lower_bound(FUNCTIONS.begin(), FUNCTIONS.end(), word.front(),
+                         [](const Word& row, char letter) { return row.text.front() < letter; });
+    for (auto row = first; row != FUNCTIONS.end() && row->text.front() == word.front(); ++row) {
+        if (row->text == word) {
+            return row->op;
+        }
+    }
+    return Op::None;
 }
 
 const double* VrexExprParser::getConstant(std::string_view word) {

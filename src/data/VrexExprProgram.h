@@ -30,6 +30,7 @@ struct VrexExprProgram {
         IsLessEqual,
         IsGreaterEqual,
     };
+    /// The target of a value is never one of its operands.
     struct Step {
         Code code;
         std::int32_t target;

@@ -2,6 +2,7 @@
 
 #include "data/VrexExprDoubles.h"
 #include "data/VrexExprVariables.h"
+#include "data/VrexExprWalk.h"
 
 VrexExprSteps::VrexExprSteps(const VrexExpr& root, Reading reading)
     : m_program(VrexExprCompiler().compile(root, reading)) {}
@@ -20,9 +21,7 @@ VrexExprDoubles& VrexExprSteps::doubles() {
 
 double VrexExprSteps::eval() {
     VrexExprDoubles& registers = doubles();
-    registers.load();
-    registers.run(0, m_program.mainEnd);
-    return registers.at(m_program.result);
+    return registers.run();
 }
 
 VrexVariable VrexExprSteps::evalVar() {
@@ -32,7 +31,10 @@ VrexVariable VrexExprSteps::evalVar() {
     return m_variables->run();
 }
 
-double VrexExpr::eval() const { return VrexExprSteps(*this).eval(); }
+double VrexExpr::eval() const {
+    double result = 0.0;
+    return VrexExprWalk::evaluate(*this, result) ? result : VrexExprSteps(*this).eval();
+}
 
 VrexVariable VrexExpr::evalVar() const { return VrexExprSteps(*this).evalVar(); }
 

@@ -1,6 +1,8 @@
 #include "data/VrexExprVariables.h"
 
 #include <cstddef>
+#include <memory>
+#include <new>
 
 #include "data/VrexExprRules.h"
 
@@ -10,6 +12,20 @@ using Code = VrexExprProgram::Code;
 using Kind = VrexExprProgram::Kind;
 using Op = VrexExpr::Op;
 
+/// Makes a cell anew in its place, without a copy: what is made may have derivatives by the dozen. Nothing
+/// that `make` reads may be the cell.
+template <typename Make>
+inline void construct(VrexVariable& cell, const Make& make) {
+    std::destroy_at(&cell);
+    try {
+        ::new (&cell) VrexVariable(make());
+    } catch (...) {
+        ::new (&cell) VrexVariable();
+        throw;
+    }
+}
+
+/// One for each register that is no variable.
 std::size_t countCells(const VrexExprProgram& program) {
     auto count = static_cast<std::size_t>(program.temporaries);
     for (const VrexExprProgram::Fixed& fixed : program.fixed) {
@@ -33,6 +49,14 @@ VrexExprVariables::VrexExprVariables(const VrexExprProgram& program, VrexExprDou
         m_addresses.push_back(fixed.kind == Kind::Variable ? fixed.variable : cell++);
     }
     m_registers = m_addresses.data() + program.temporaries;
+    const auto isConstant = [&](std::int32_t index) {
+        return index >= 0 && program.fixed[static_cast<std::size_t>(index)].kind == Kind::Constant;
+    };
+    for (const Step& step : program.steps) {
+        m_operands.push_back(isConstant(step.a)   ? Operands::LeftConstant
+                             : isConstant(step.b) ? Operands::RightConstant
+                                                  : Operands::Any);
+    }
 }
 
 const VrexVariable& VrexExprVariables::run() {
@@ -40,10 +64,11 @@ const VrexVariable& VrexExprVariables::run() {
         m_doubles.load();
     }
     m_calls.reset();
+    const Step* const steps = m_program.steps.data();
     for (std::int32_t place = 0; place != m_program.mainEnd;) {
-        const Step& step = m_program.steps[static_cast<std::size_t>(place)];
-        if (step.code < Code::Move) {
-            compute(step);
+        const Step& step = steps[place];
+        if (step.code < Code::Move) [[likely]] {
+            compute(step, m_operands[static_cast<std::size_t>(place)]);
             ++place;
         } else {
             place = control(step, place);
@@ -52,29 +77,60 @@ const VrexVariable& VrexExprVariables::run() {
     return *m_registers[m_program.result];
 }
 
-void VrexExprVariables::compute(const Step& step) {
+inline void VrexExprVariables::compute(const Step& step, Operands operands) {
     const VrexVariable& a = *m_registers[step.a];
     VrexVariable& target = *m_registers[step.target];
+    // What is met most stands here, the rest in tables.
     switch (VrexExprProgram::opOf(step.code)) {
     case Op::Add:
-        target = a + *m_registers[step.b];
+        construct(target,
+                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x + y; }); });
         break;
     case Op::Sub:
-        target = a - *m_registers[step.b];
+        construct(target,
+                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x - y; }); });
         break;
     case Op::Mul:
-        target = a * *m_registers[step.b];
+        construct(target,
+                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x * y; }); });
         break;
     case Op::Div:
-        target = a / *m_registers[step.b];
+        construct(target,
+                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x / y; }); });
+        break;
+    case Op::Sqrt:
+        construct(target, [&] { return sqrt(a); });
+        break;
+    case Op::Cos:
+        construct(target, [&] { return cos(a); });
+        break;
+    case Op::Sin:
+        construct(target, [&] { return sin(a); });
         break;
     default: {
         const auto code = static_cast<std::size_t>(step.code);
-        const auto rule = nsExprRules::UNARY_RULES<VrexVariable>[code];
-        target = rule != nullptr ? rule(a)
-                                 : nsExprRules::BINARY_RULES<VrexVariable>[code](a, *m_registers[step.b]);
+        if (const auto rule = nsExprRules::UNARY_RULES<VrexVariable>[code]) {
+            construct(target, [&] { return rule(a); });
+        } else {
+            construct(target,
+                      [&] { return nsExprRules::BINARY_RULES<VrexVariable>[code](a, *m_registers[step.b]); });
+        }
     }
     }
+}
+
+template <typename Rule>
+inline VrexVariable VrexExprVariables::apply(const Step& step, Operands operands, Rule rule) const {
+    const VrexVariable& a = *m_registers[step.a];
+    const VrexVariable& b = *m_registers[step.b];
+    if (operands == Operands::LeftConstant) {
+        return rule(a.value(), b);
+    }
+    // Without derivatives the left operand is the plain number, and its log is not looked at.
+    if (operands == Operands::RightConstant && !a.derivatives().empty()) {
+        return rule(a, b.value());
+    }
+    return rule(a, b);
 }
 
 std::int32_t VrexExprVariables::control(const Step& step, std::int32_t place) {

@@ -20,7 +20,12 @@ public:
 private:
     using Step = VrexExprProgram::Step;
 
-    void compute(const Step& step);
+    /// What is known of the operands: constants need no look at their derivatives.
+    enum class Operands : std::uint8_t { Any, LeftConstant, RightConstant };
+
+    void compute(const Step& step, Operands operands);
+    template <typename Rule>
+    VrexVariable apply(const Step& step, Operands operands, Rule rule) const;
     /// Does a step that may jump, and gives the next one.
     std::int32_t control(const Step& step, std::int32_t place);
     std::int32_t choose(const Step& step, std::int32_t place);
@@ -29,6 +34,7 @@ private:
     VrexExprDoubles& m_doubles;
     std::vector<VrexVariable> m_cells;      ///< Of the registers that are not variables.
     std::vector<VrexVariable*> m_addresses; ///< Of all registers.
-    VrexVariable** m_registers;             ///< Register 0 in `m_addresses`.
+    VrexVariable* const* m_registers;       ///< Register 0 in `m_addresses`.
+    std::vector<Operands> m_operands;       ///< Of each step that makes a value.
     VrexExprCalls m_calls;
 };

@@ -46,5 +46,7 @@ using Concrete = decltype(std::tuple_cat(
 
 } // namespace nsObjectClasses
 
-/// Every concrete class that has a row, for typed tests.
-using ConcreteObjectClasses = nsObjectClasses::ToTypes<nsObjectClasses::Concrete>::Type;
+/// Every concrete class that has a row, and `Further` ones, for typed tests.
+template <class... Further>
+using ConcreteObjectClasses = typename nsObjectClasses::ToTypes<decltype(std::tuple_cat(
+    nsObjectClasses::Concrete(), std::tuple<std::type_identity<Further>...>()))>::Type;

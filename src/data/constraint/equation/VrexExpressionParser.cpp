@@ -11,6 +11,17 @@ namespace {
 
 using Expr = std::shared_ptr<VrexExpr>;
 
+/// Erases derivatives and log, which there seldom are.
+inline void assignTo(VrexVariable& variable, double value) {
+    if (variable.derivatives().empty() && !variable.hasLog()) [[likely]] {
+        variable.setValue(value);
+    } else {
+        variable = VrexVariable(value);
+    }
+}
+
+inline void assignTo(VrexVariable& variable, const VrexVariable& value) { variable = value; }
+
 /// The derivative of an order, as far as it is not 0 before.
 Expr derivative(Expr tree, const std::shared_ptr<VrexVar>& variable, std::uint64_t order) {
     for (; order > 0 && !tree->isZeroConst(); --order) {
@@ -81,6 +92,7 @@ bool VrexExpressionParser::updateExpression() {
 
 void VrexExpressionParser::freeExpression() {
     m_steps.reset();
+    m_isEvaluated = false;
     m_root.reset();
     m_variables.clear();
 }
@@ -92,7 +104,9 @@ bool VrexExpressionParser::isExpressionContainVars() const {
 }
 
 void VrexExpressionParser::requireTree() {
-    updateExpression();
+    if (m_root == nullptr) {
+        updateExpression();
+    }
     if (m_root == nullptr) {
         VREX_RAISE(std::runtime_error, "The expression is not parsed.");
     }
@@ -102,7 +116,7 @@ template <typename T>
 void VrexExpressionParser::assign(const std::vector<T>& values, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         if (m_variables[i] != nullptr) {
-            static_cast<VrexVariable&>(*m_variables[i]) = VrexVariable(values[i]);
+            assignTo(*m_variables[i], values[i]);
         }
     }
 }
@@ -125,21 +139,24 @@ void VrexExpressionParser::assignAll(const std::vector<T>& values) {
     assign(values, m_variables.size());
 }
 
-VrexExprSteps& VrexExpressionParser::steps() {
-    if (m_steps == nullptr) {
-        m_steps = std::make_unique<VrexExprSteps>(*m_root);
-    }
-    return *m_steps;
-}
-
 double VrexExpressionParser::evaluate(const std::vector<double>& values) {
     assignSome(values);
-    return steps().eval();
+    if (m_steps != nullptr) [[likely]] {
+        return m_steps->eval();
+    }
+    // Steps pay from the second evaluation on.
+    if (std::exchange(m_isEvaluated, true)) {
+        m_steps = std::make_unique<VrexExprSteps>(*m_root);
+    }
+    return m_root->eval();
 }
 
 VrexVariable VrexExpressionParser::evaluateVar(const std::vector<VrexVariable>& values) {
     assignSome(values);
-    return steps().evalVar();
+    if (m_steps == nullptr) {
+        m_steps = std::make_unique<VrexExprSteps>(*m_root);
+    }
+    return m_steps->evalVar();
 }
 
 double VrexExpressionParser::evaluateDeriv(const std::vector<double>& values,

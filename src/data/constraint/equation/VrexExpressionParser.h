@@ -83,10 +83,10 @@ private:
     /// To all variables; throws without changing one.
     template <typename T>
     void assignAll(const std::vector<T>& values);
-    VrexExprSteps& steps();
 
     std::string m_expression;
     std::shared_ptr<VrexExpr> m_root; ///< Null until parsed.
     std::vector<std::shared_ptr<VrexVar>> m_variables;
-    std::unique_ptr<VrexExprSteps> m_steps; ///< The root, flattened at the first evaluation; never shared.
+    bool m_isEvaluated = false;             ///< Once, without steps.
+    std::unique_ptr<VrexExprSteps> m_steps; ///< The root made flat; null until needed, never shared.
 };

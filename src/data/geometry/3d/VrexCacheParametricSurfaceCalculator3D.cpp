@@ -16,8 +16,6 @@ VrexCacheParametricSurfaceCalculator3D::VrexCacheParametricSurfaceCalculator3D(
     if (m_calculator == nullptr) {
         VREX_RAISE(std::invalid_argument, "A cache needs a calculator.");
     }
-    m_samples.max_load_factor(nsCalculator::CACHE_LOAD);
-    m_normals.max_load_factor(nsCalculator::CACHE_LOAD);
 }
 
 VrexCacheParametricSurfaceCalculator3D::Entry&

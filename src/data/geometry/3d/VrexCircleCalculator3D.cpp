@@ -1,6 +1,7 @@
 #include "data/geometry/3d/VrexCircleCalculator3D.h"
 
 #include <cmath>
+#include <cstddef>
 
 #include "data/geometry/3d/VrexCalculatorInput.h"
 #include "data/geometry/3d/VrexCircle3D.h"
@@ -16,9 +17,12 @@ std::vector<VrexVector3DT<T>> evaluate(const VrexVector3DT<T>& center, const T& 
     const T cosine = r * cos(t);
     const T sine = r * sin(t);
     const T zero(0.0);
-    const VrexVector3DT<T> even = frame.combine({cosine, sine, zero});
-    const VrexVector3DT<T> odd = order > 0 ? frame.combine({-sine, cosine, zero}) : VrexVector3DT<T>();
-    auto result = nsCalculator::alternate(even, odd, order);
+    std::vector<VrexVector3DT<T>> result(static_cast<std::size_t>(order) + 1);
+    result[0] = frame.combine({cosine, sine, zero});
+    if (order >= 1) {
+        result[1] = frame.combine({-sine, cosine, zero});
+    }
+    nsCalculator::fillByOpposites(result);
     // Kept: only the point is put right for a negative radius, its derivatives are not.
     if (r > 0.0) {
         result[0] += center;

@@ -1,6 +1,7 @@
 #include "data/geometry/3d/VrexEllipseCalculator3D.h"
 
 #include <cmath>
+#include <cstddef>
 
 #include "data/VrexQuaternionT.h"
 #include "data/geometry/3d/VrexCalculatorInput.h"
@@ -24,9 +25,13 @@ std::vector<VrexVector3DT<T>> evaluate(const Ellipse<T>& ellipse, const T& t, in
     const auto& [center, rotation, a, b] = ellipse;
     const T cosine = cos(t);
     const T sine = sin(t);
-    const VrexVector3DT<T> even(a * cosine, b * sine, T(0.0));
-    const VrexVector3DT<T> odd(-(a * sine), b * cosine, T(0.0));
-    auto result = nsCalculator::alternate(even, odd, order);
+    const T zero(0.0);
+    std::vector<VrexVector3DT<T>> result(static_cast<std::size_t>(order) + 1);
+    result[0] = {a * cosine, b * sine, zero};
+    if (order >= 1) {
+        result[1] = {-(a * sine), b * cosine, zero};
+    }
+    nsCalculator::fillByOpposites(result);
     for (VrexVector3DT<T>& derivative : result) {
         derivative = VrexQuaternionT<T>::rotate(derivative, rotation, false);
     }

@@ -94,6 +94,13 @@ TEST(VrexGeometry3D, ParameterCountsAreThoseOfTheClass) {
     expectCount(makeSample<VrexRigidSet3D>(), VrexRigidSet3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexPattern3D>(), VrexPattern3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexEqualDimensionElement3D>(), VrexEqualDimensionElement3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexCircle3D>(), VrexCircle3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexEllipse3D>(), VrexEllipse3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexCylinder3D>(), VrexCylinder3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexCone3D>(), VrexCone3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexTorus3D>(), VrexTorus3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexEvaluatedCurve3D>(), VrexEvaluatedCurve3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexEvaluatedSurface3D>(), VrexEvaluatedSurface3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexGeometryVariable>(), VrexGeometryVariable::PARAMETERS_AMOUNT);
 }
 

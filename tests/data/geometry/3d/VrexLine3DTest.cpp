@@ -73,6 +73,16 @@ TEST(VrexLine3D, NearlyHalfATurnIsStillAboutTheAxisOfTheTilt) {
     EXPECT_NEAR(rotation.scalar(), std::sin(5e-8), ROUNDING);
 }
 
+TEST(VrexLine3D, BackupDirectionIsThatOfTheLatestSnapshot) {
+    const auto line = VrexLine3D::create({0.0, 0.0, 0.0}, {0.0, 3.0, 4.0});
+    EXPECT_FALSE(line->getBackupDirection().has_value());
+    line->backup();
+    line->setDirection({1.0, 0.0, 0.0});
+    ASSERT_TRUE(line->getBackupDirection().has_value());
+    EXPECT_NEAR(line->getBackupDirection()->y(), 0.6, 1e-15);
+    EXPECT_NEAR(line->getBackupDirection()->z(), 0.8, 1e-15);
+}
+
 TEST(VrexLine3D, WithoutBackupItIsNeverChanged) {
     const auto line = VrexLine3D::create({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0});
     EXPECT_FALSE(line->checkChanged(0.0, 0.0));

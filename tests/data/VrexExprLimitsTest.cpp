@@ -1,0 +1,163 @@
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "data/VrexExpr.h"
+#include "data/VrexExprParser.h"
+#include "support/Expressions.h"
+#include "support/SmallStack.h"
+
+using namespace nsExpressions;
+
+// Texts and trees as deep and long as memory allows, on a small stack. What is quadratic shows as a time-out.
+
+namespace {
+
+constexpr int MILLION = 1000000;
+constexpr int MANY = 100000;
+
+/// Parses, prints, parses again, evaluates in each way, differentiates and destroys.
+void exercise(const std::string& text, const Vars& vars, double value, const std::string& printed) {
+    const Expr root = parsed(text, vars);
+    EXPECT_EQ(root->eval(), value);
+    EXPECT_EQ(root->evalVar().value(), value);
+    EXPECT_FALSE(root->evalBool());
+    const bool hasPrinted = root->toString() == printed;
+    EXPECT_TRUE(hasPrinted);
+    EXPECT_EQ(root->containVars(), false);
+    EXPECT_FALSE(root->isDependOn(vars.front()));
+    std::size_t nodes = 0;
+    VrexExpr::traverse(root, [&nodes](const std::shared_ptr<VrexExpr>&) { ++nodes; });
+    EXPECT_GT(nodes, 0U);
+    const Expr derivative = root->deriv(vars.front());
+    ASSERT_NE(derivative, nullptr);
+    EXPECT_EQ(derivative->eval(), 0.0);
+}
+
+} // namespace
+
+TEST(VrexExprLimits, MillionNestedParenthesesHaveTheirValue) {
+    runOnSmallStack(
+        [] { exercise(repeated("(", MILLION) + "1" + repeated(")", MILLION), someVars(), 1.0, "1"); });
+}
+
+TEST(VrexExprLimits, MillionTermsAreSummed) {
+    runOnSmallStack([] {
+        exercise("1" + repeated("+1", MILLION - 1), someVars(), 1e6, "1" + repeated(" + 1", MILLION - 1));
+    });
+}
+
+TEST(VrexExprLimits, MillionTermsOfAVariableAreSummedAndDifferentiated) {
+    runOnSmallStack([] {
+        const auto x = VrexVar::create("x", 0.5);
+        x->derivatives().set(3, 1.0);
+        const Expr root = parsed("x" + repeated("+x", MILLION - 1), {x});
+        EXPECT_EQ(root->eval(), 5e5);
+        EXPECT_EQ(root->evalVar().derivatives()[3], 1e6);
+        EXPECT_TRUE(root->isDependOn(x));
+        EXPECT_EQ(root->deriv(x)->eval(), 1e6);
+    });
+}
+
+TEST(VrexExprLimits, FunctionsNestedDeep) {
+    runOnSmallStack([] {
+        exercise(repeated("sin(", MANY) + "0" + repeated(")", MANY), someVars(), 0.0,
+                 repeated("sin(", MANY) + "0" + repeated(")", MANY));
+    });
+}
+
+TEST(VrexExprLimits, FunctionsOfAVariableNestedDeepAreDifferentiated) {
+    runOnSmallStack([] {
+        const auto x = VrexVar::create("x", 0.0);
+        // cos(0)^100000
+        EXPECT_EQ(parsed(repeated("sin(", MANY) + "x" + repeated(")", MANY), {x})->deriv(x)->eval(), 1.0);
+        // The root of the square.
+        x->setValue(3.0);
+        EXPECT_EQ(parsed(repeated("norm(", MANY) + "x" + repeated(")", MANY), {x})->deriv(x)->eval(), 1.0);
+        x->setValue(0.5);
+        // On a whole number already, from the second rounding on.
+        EXPECT_EQ(parsed(repeated("ceil(", MANY) + "x" + repeated(")", MANY), {x})->deriv(x),
+                  VrexExpr::zero());
+        EXPECT_EQ(parsed(repeated("floor(0.5 + ", MANY) + "x" + repeated(")", MANY), {x})->eval(), 1.0);
+    });
+}
+
+TEST(VrexExprLimits, SignsNestedDeep) {
+    runOnSmallStack([] {
+        exercise(repeated("-(", MANY) + "1" + repeated(")", MANY), someVars(), 1.0,
+                 repeated("-", MANY) + "1");
+        exercise(repeated("+(", MANY) + "1" + repeated(")", MANY), someVars(), 1.0,
+                 repeated("+", MANY) + "1");
+    });
+}
+
+TEST(VrexExprLimits, RightNestedDifferences) {
+    runOnSmallStack([] {
+        exercise(repeated("1-(", MANY) + "1" + repeated(")", MANY), someVars(), 1.0,
+                 repeated("1 - (", MANY - 1) + "1 - 1" + repeated(")", MANY - 1));
+    });
+}
+
+TEST(VrexExprLimits, NestedChoicesAndConditions) {
+    runOnSmallStack([] {
+        constexpr int DEEP = 10000;
+        exercise(repeated("if(2 > 1, ", DEEP) + "7" + repeated(", 0)", DEEP), someVars(), 7.0,
+                 repeated("if(2 > 1, ", DEEP) + "7" + repeated(", 0)", DEEP));
+        const std::string condition = repeated("if(", DEEP) + "1 < 2" + repeated(", 3, 4)", DEEP);
+        EXPECT_TRUE(parsed(condition)->evalBool());
+        EXPECT_EQ(parsed(condition)->eval(), 3.0);
+        const std::string either = "1 > 2" + repeated(") + (1 > 2)", MANY);
+        EXPECT_EQ(parsed("if(" + repeated("(", MANY) + either + " , 5, 6)")->eval(), 6.0);
+    });
+}
+
+TEST(VrexExprLimits, ChainOfComparisonsIsEvaluatedOnce) {
+    runOnSmallStack([] {
+        const auto x = VrexVar::create("x", 1.0);
+        const Expr root = parsed("x" + repeated(" > x", MANY), {x});
+        EXPECT_EQ(root->eval(), 0.0 + 2.0 * ((MANY + 1) % 2 == 0 ? 1.0 : 0.0));
+        EXPECT_NE(root->deriv(x), nullptr);
+    });
+}
+
+TEST(VrexExprLimits, ManyUnknownNames) {
+    runOnSmallStack([] {
+        std::string text = "u0";
+        for (int i = 1; i < MANY; ++i) {
+            text += "+u" + std::to_string(i);
+        }
+        VrexExprParser parser(text);
+        EXPECT_NE(parser.parse(), nullptr);
+        EXPECT_EQ(parser.getNewParameters().size(), static_cast<std::size_t>(MANY));
+        EXPECT_EQ(parser.getNewParameters().begin()->first, "u0");
+    });
+}
+
+TEST(VrexExprLimits, LongWordsAndNumbers) {
+    const std::string name = repeated("a", MILLION);
+    VrexExprParser parser(name);
+    ASSERT_NE(parser.parse(), nullptr);
+    EXPECT_EQ(parser.getNewParameters().begin()->first.size(), name.size());
+    EXPECT_EQ(parsed(repeated("9", MILLION))->eval(), INFINITY);
+    EXPECT_EQ(parsed("1" + repeated(".", MILLION))->eval(), 1.0);
+    EXPECT_EQ(parsed("1e" + repeated("9", MANY))->eval(), INFINITY);
+    EXPECT_EQ(parsed("1e-" + repeated("9", MANY))->eval(), 0.0);
+    EXPECT_EQ(parsed("0." + repeated("0", MILLION) + "1")->eval(), 0.0);
+}
+
+TEST(VrexExprLimits, LongWrongTextsAreRefusedByTheirMessages) {
+    runOnSmallStack([] {
+        const std::string blanks = repeated(" ", MILLION);
+        EXPECT_EQ(errorOf(blanks) == "operand expected (error in \"" + blanks + "\")", true);
+        const std::string open = repeated("(", MILLION);
+        EXPECT_EQ(errorOf(open) == "operand expected (error in \"" + open + "\")", true);
+        const std::string short1 = repeated("(", MANY) + "1" + repeated(")", MANY - 1);
+        EXPECT_EQ(errorOf(short1) == "\")\" expected! (error in \"" + short1 + "\")", true);
+        const std::string minus = repeated("-", MILLION - 1) + "1";
+        EXPECT_EQ(errorOf("-" + minus) == "valid operand expected (error in \"-?" + minus + "\")", true);
+        const std::string calls = repeated("if(1, ", MANY);
+        EXPECT_EQ(errorOf(calls) == "operand expected (error in \"" + calls + "\")", true);
+    });
+}

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "support/SamplesRelations.h"
+#include "support/SmallStack.h"
 
 namespace {
 
@@ -161,6 +162,19 @@ TEST_F(VrexEqualParameter3DTest, ConstraintsAreSharedAndReleased) {
     EXPECT_FALSE(gone.expired());
     equal.reset();
     EXPECT_TRUE(gone.expired());
+}
+
+TEST_F(VrexEqualParameter3DTest, LongChainIsReleasedOnASmallStack) {
+    constexpr int links = 20000;
+    std::weak_ptr<VrexConstraint3D> first;
+    runOnSmallStack([&] {
+        Constraint last = VrexEqualParameter3D::create(m_circle, m_before, m_behind);
+        first = last;
+        for (int i = 0; i < links; ++i) {
+            last = VrexEqualParameter3D::create(m_circle, last, m_behind);
+        }
+    });
+    EXPECT_TRUE(first.expired());
 }
 
 } // namespace

@@ -5,8 +5,8 @@
 #include <vector>
 
 /// Hidden: the elements of a list that are a `Target`, in order; others, and nulls, are left out.
-template <class Target, class Source>
-std::vector<std::shared_ptr<Target>> keepOnly(const std::vector<std::shared_ptr<Source>>& list) {
+template <class Target, class List>
+std::vector<std::shared_ptr<Target>> keepOnly(const List& list) {
     std::vector<std::shared_ptr<Target>> kept;
     kept.reserve(list.size());
     for (const auto& element : list) {

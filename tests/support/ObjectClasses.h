@@ -11,7 +11,7 @@
 #include "data/constraint/3d/VrexMate3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
-#include "support/SamplesConstraints.h"
+#include "support/SamplesRelations.h"
 
 /// The name of an object class, and its visit by name.
 template <class Object>

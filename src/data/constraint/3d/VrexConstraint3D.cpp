@@ -42,6 +42,9 @@ VrexConstraint3D::VrexConstraint3D(VrexConstraint3DType type, VrexGeometryCompon
                                    VrexGeometryComponentType component2)
     : m_type(type), m_geomComponents{component1, component2} {}
 
+VrexConstraint3D::VrexConstraint3D(VrexConstraint3DType type)
+    : VrexConstraint3D(type, VrexGeometryComponentType::UNKNOWN, VrexGeometryComponentType::UNKNOWN) {}
+
 VrexConstraint3D::~VrexConstraint3D() = default;
 
 std::shared_ptr<VrexGeometry3D> VrexConstraint3D::getGeometryByParameterIndex(std::uint64_t index) const {

@@ -85,6 +85,8 @@ public:
 protected:
     VrexConstraint3D(VrexConstraint3DType type, VrexGeometryComponentType component1,
                      VrexGeometryComponentType component2);
+    /// Without components.
+    explicit VrexConstraint3D(VrexConstraint3DType type);
     VrexConstraint3D(const VrexConstraint3D&) = default;
     VrexConstraint3D(VrexConstraint3D&&) = default;
     VrexConstraint3D& operator=(const VrexConstraint3D&) = default;

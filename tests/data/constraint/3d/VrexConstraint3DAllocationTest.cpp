@@ -8,17 +8,13 @@
 #include <gtest/gtest.h>
 
 #include "support/AllocationCounter.h"
+#include "support/MemoryChecks.h"
 #include "support/SamplesConstraints.h"
 
 namespace {
 
-/// The allocations of `make`.
-template <class Make>
-std::size_t allocationsOf(const Make& make) {
-    const AllocationCounter counter;
-    const auto object = make();
-    return object != nullptr ? counter.count() : 0;
-}
+using nsMemoryChecks::allocationsOf;
+using nsMemoryChecks::expectKeptWithoutMemory;
 
 TEST(VrexConstraint3DAllocation, DimensionIsOneAllocationAndItsListAnother) {
     const auto p = makeSample<VrexPoint3D>();
@@ -85,23 +81,6 @@ TEST(VrexConstraint3DAllocation, BindingWithoutMemoryChangesNothing) {
     angle->bindVariable(variable);
     EXPECT_EQ(angle->getGeometries().size(), 3U);
     EXPECT_EQ(angle->getVariable(), variable);
-}
-
-/// Lets `update` run out of memory at each of its allocations in turn, at least once, and checks after each.
-template <class Update, class Check>
-void expectKeptWithoutMemory(const Update& update, const Check& check) {
-    std::size_t failures = 0;
-    for (bool done = false; !done;) {
-        try {
-            const AllocationLimit limit(failures);
-            update();
-            done = true;
-        } catch (const std::bad_alloc&) {
-            ++failures;
-            check();
-        }
-    }
-    EXPECT_GT(failures, 0U);
 }
 
 TEST(VrexConstraint3DAllocation, UpdateWithoutMemoryKeepsGeometriesAndValue) {

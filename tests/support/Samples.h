@@ -170,6 +170,9 @@ inline std::shared_ptr<VrexEvaluatedSurface3D> makeSample() {
         "2 * r * sin(v)");
     trim(*surface);
     return surface;
+}
+
+template <>
 inline std::shared_ptr<VrexCallbackEquation> makeSample() {
     return VrexCallbackEquation::create({{makeSample<VrexGeometryVariable>(), 0, "d"}},
                                         VrexEquationConditionType::lessEqualZero,

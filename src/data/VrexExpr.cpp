@@ -33,21 +33,41 @@ void release(std::shared_ptr<VrexExpr>& operand) noexcept {
     }
 }
 
-/// Whether a node is of the kind; looks at each node once.
+/// Walks over the nodes of a tree, each once.
+class NodeWalk {
+public:
+    explicit NodeWalk(const VrexExpr& root) : m_pending{&root} {}
+
+    /// The next node, null behind the last one.
+    const VrexExpr* next() {
+        if (m_pending.empty()) {
+            return nullptr;
+        }
+        const VrexExpr* node = m_pending.back();
+        m_pending.pop_back();
+        push(node->left);
+        push(node->right);
+        push(node->third);
+        return node;
+    }
+
+private:
+    void push(const std::shared_ptr<VrexExpr>& operand) {
+        if (operand != nullptr && (operand.use_count() == 1 || m_seen.insert(operand.get()).second)) {
+            m_pending.push_back(operand.get());
+        }
+    }
+
+    std::vector<const VrexExpr*> m_pending;
+    std::unordered_set<const VrexExpr*> m_seen; ///< Of those that may be met again.
+};
+
 template <typename Predicate>
 bool anyNode(const VrexExpr& root, const Predicate& isWanted) {
-    std::vector<const VrexExpr*> pending{&root};
-    std::unordered_set<const VrexExpr*> seen;
-    while (!pending.empty()) {
-        const VrexExpr& node = *pending.back();
-        pending.pop_back();
-        if (isWanted(node)) {
+    NodeWalk walk(root);
+    while (const VrexExpr* node = walk.next()) {
+        if (isWanted(*node)) {
             return true;
-        }
-        for (const auto* operand : {&node.left, &node.right, &node.third}) {
-            if (*operand != nullptr && (operand->use_count() == 1 || seen.insert(operand->get()).second)) {
-                pending.push_back(operand->get());
-            }
         }
     }
     return false;

@@ -129,8 +129,8 @@ public:
 
     /// The derivative as a new tree, which shares nodes with this one. Null where a reserved or unknown code
     /// stands in the way. Kept: `Ceil` and `Floor` take a sign from the present values of the variables, so a
-    /// tree with them goes stale; `Sign` and `Mod` have the derivative 0, `Norm` that of `Abs`; the condition
-    /// of an `If` stays as it is.
+    /// tree with them goes stale; `Sign` and `Mod` have the derivative 0, `Norm` that of its operand times
+    /// sign(abs(operand)); the condition of an `If` stays as it is.
     [[nodiscard]] std::shared_ptr<VrexExpr> deriv(const std::shared_ptr<VrexVar>& variable) const;
 
     /// The text, which parses to the same value where precedence allows: see `quotedAdd` for where it does

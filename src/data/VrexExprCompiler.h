@@ -9,7 +9,8 @@
 #include "data/VrexExpr.h"
 #include "data/VrexExprProgram.h"
 
-/// Hidden: turns a tree into a program, each node once. The tree must outlive neither.
+/// Hidden: turns a tree into a program, each node once. The program needs the tree's variables alive, and the
+/// nodes no more.
 class VrexExprCompiler {
 public:
     /// Values that are taken for granted, by node.

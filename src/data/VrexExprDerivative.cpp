@@ -60,7 +60,7 @@ Expr unaryDerivative(Op op, const Expr& l, const Expr& dl) {
         return sin(fresnelAngle(l)) * dl;
     case Op::Cfres:
         return cos(fresnelAngle(l)) * dl;
-    // Kept: the value is that of the operand, the derivative that of its amount.
+    // Kept: the value is that of the operand, but the derivative has a factor, 0 where the operand is 0.
     case Op::Norm:
         return sign(abs(l)) * dl;
     case Op::Tanh:

@@ -72,21 +72,18 @@ void VrexExprDoubles::run(std::int32_t begin, std::int32_t end) {
             target = std::sin(a);
             break;
         default:
-            if (step.code < Code::Move) {
-                compute(step);
-            } else {
-                place = control(step, place) - 1;
-            }
+            place = step.code < Code::Move ? compute(step, place) : control(step, place) - 1;
         }
     }
 }
 
-void VrexExprDoubles::compute(const Step& step) {
+std::int32_t VrexExprDoubles::compute(const Step& step, std::int32_t place) {
     const auto code = static_cast<std::size_t>(step.code);
     const double a = m_registers[step.a];
     const auto rule = nsExprRules::UNARY_RULES<double>[code];
     m_registers[step.target] =
         rule != nullptr ? rule(a) : nsExprRules::BINARY_RULES<double>[code](a, m_registers[step.b]);
+    return place;
 }
 
 std::int32_t VrexExprDoubles::control(const Step& step, std::int32_t place) {

@@ -32,7 +32,8 @@ private:
         const VrexVar* variable;
     };
 
-    void compute(const Step& step);
+    /// Makes a value by a rule from the tables; gives its own place.
+    std::int32_t compute(const Step& step, std::int32_t place);
     /// Does a step that may jump, and gives the next one.
     std::int32_t control(const Step& step, std::int32_t place);
 

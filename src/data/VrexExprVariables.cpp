@@ -1,6 +1,7 @@
 #include "data/VrexExprVariables.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <new>
 
@@ -49,14 +50,23 @@ VrexExprVariables::VrexExprVariables(const VrexExprProgram& program, VrexExprDou
         m_addresses.push_back(fixed.kind == Kind::Variable ? fixed.variable : cell++);
     }
     m_registers = m_addresses.data() + program.temporaries;
-    const auto isConstant = [&](std::int32_t index) {
-        return index >= 0 && program.fixed[static_cast<std::size_t>(index)].kind == Kind::Constant;
-    };
+    m_operands.reserve(program.steps.size());
     for (const Step& step : program.steps) {
-        m_operands.push_back(isConstant(step.a)   ? Operands::LeftConstant
-                             : isConstant(step.b) ? Operands::RightConstant
-                                                  : Operands::Any);
+        m_operands.push_back(operandsOf(step));
     }
+}
+
+VrexExprVariables::Operands VrexExprVariables::operandsOf(const Step& step) const {
+    const auto isConstant = [this](std::int32_t index) {
+        return index >= 0 && m_program.fixed[static_cast<std::size_t>(index)].kind == Kind::Constant;
+    };
+    if (step.code >= Code::Move) {
+        return Operands::Any;
+    }
+    if (isConstant(step.a)) {
+        return Operands::LeftConstant;
+    }
+    return isConstant(step.b) ? Operands::RightConstant : Operands::Any;
 }
 
 const VrexVariable& VrexExprVariables::run() {
@@ -83,54 +93,42 @@ inline void VrexExprVariables::compute(const Step& step, Operands operands) {
     // What is met most stands here, the rest in tables.
     switch (VrexExprProgram::opOf(step.code)) {
     case Op::Add:
-        construct(target,
-                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x + y; }); });
-        break;
+        return combine(step, operands, std::plus<>());
     case Op::Sub:
-        construct(target,
-                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x - y; }); });
-        break;
+        return combine(step, operands, std::minus<>());
     case Op::Mul:
-        construct(target,
-                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x * y; }); });
-        break;
+        return combine(step, operands, std::multiplies<>());
     case Op::Div:
-        construct(target,
-                  [&] { return apply(step, operands, [](const auto& x, const auto& y) { return x / y; }); });
-        break;
+        return combine(step, operands, std::divides<>());
     case Op::Sqrt:
-        construct(target, [&] { return sqrt(a); });
-        break;
+        return construct(target, [&] { return sqrt(a); });
     case Op::Cos:
-        construct(target, [&] { return cos(a); });
-        break;
+        return construct(target, [&] { return cos(a); });
     case Op::Sin:
-        construct(target, [&] { return sin(a); });
+        return construct(target, [&] { return sin(a); });
+    default:
         break;
-    default: {
-        const auto code = static_cast<std::size_t>(step.code);
-        if (const auto rule = nsExprRules::UNARY_RULES<VrexVariable>[code]) {
-            construct(target, [&] { return rule(a); });
-        } else {
-            construct(target,
-                      [&] { return nsExprRules::BINARY_RULES<VrexVariable>[code](a, *m_registers[step.b]); });
-        }
     }
+    const auto code = static_cast<std::size_t>(step.code);
+    if (const auto rule = nsExprRules::UNARY_RULES<VrexVariable>[code]) {
+        return construct(target, [&] { return rule(a); });
     }
+    construct(target, [&] { return nsExprRules::BINARY_RULES<VrexVariable>[code](a, *m_registers[step.b]); });
 }
 
 template <typename Rule>
-inline VrexVariable VrexExprVariables::apply(const Step& step, Operands operands, Rule rule) const {
+inline void VrexExprVariables::combine(const Step& step, Operands operands, Rule rule) {
     const VrexVariable& a = *m_registers[step.a];
     const VrexVariable& b = *m_registers[step.b];
+    VrexVariable& target = *m_registers[step.target];
     if (operands == Operands::LeftConstant) {
-        return rule(a.value(), b);
+        construct(target, [&] { return rule(a.value(), b); });
+    } else if (operands == Operands::RightConstant && !a.derivatives().empty()) {
+        // Without derivatives the left operand is the plain number, and its log is not looked at.
+        construct(target, [&] { return rule(a, b.value()); });
+    } else {
+        construct(target, [&] { return rule(a, b); });
     }
-    // Without derivatives the left operand is the plain number, and its log is not looked at.
-    if (operands == Operands::RightConstant && !a.derivatives().empty()) {
-        return rule(a, b.value());
-    }
-    return rule(a, b);
 }
 
 std::int32_t VrexExprVariables::control(const Step& step, std::int32_t place) {

@@ -23,9 +23,10 @@ private:
     /// What is known of the operands: constants need no look at their derivatives.
     enum class Operands : std::uint8_t { Any, LeftConstant, RightConstant };
 
+    [[nodiscard]] Operands operandsOf(const Step& step) const;
     void compute(const Step& step, Operands operands);
     template <typename Rule>
-    VrexVariable apply(const Step& step, Operands operands, Rule rule) const;
+    void combine(const Step& step, Operands operands, Rule rule);
     /// Does a step that may jump, and gives the next one.
     std::int32_t control(const Step& step, std::int32_t place);
     std::int32_t choose(const Step& step, std::int32_t place);

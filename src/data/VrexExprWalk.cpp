@@ -11,11 +11,8 @@ bool VrexExprWalk::evaluate(const std::shared_ptr<VrexExpr>& operand, double& re
     if (operand == nullptr) {
         return false;
     }
-    if (operand->op == Op::Const) {
-        result = operand->value;
-        return true;
-    }
-    return operand.use_count() == 1 && evaluate(*operand, result, levels);
+    const bool isLeaf = operand->op == Op::Const || operand->op == Op::Var;
+    return (isLeaf || operand.use_count() == 1) && evaluate(*operand, result, levels);
 }
 
 bool VrexExprWalk::evaluate(const VrexExpr& node, double& result, int levels) {

@@ -5,8 +5,8 @@
 /// Hidden: evaluates small trees as they stand, which is the fastest for one evaluation.
 class VrexExprWalk {
 public:
-    /// False, with the result open, for a tree that is deep, has conditions, null operands or operands that
-    /// it holds more than once.
+    /// False, with the result open, for a tree that is deep, has choices, null operands, or operands (but
+    /// leaves) that it holds more than once.
     [[nodiscard]] static bool evaluate(const VrexExpr& root, double& result) {
         return evaluate(root, result, DEEPEST);
     }

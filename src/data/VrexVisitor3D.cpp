@@ -8,6 +8,8 @@
 #include "data/constraint/3d/VrexBallMate3D.h"
 #include "data/constraint/3d/VrexConcentricity3D.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/equation/VrexCallbackEquation.h"
+#include "data/constraint/equation/VrexExpressionEquation.h"
 #include "data/constraint/3d/VrexCurveLength3D.h"
 #include "data/constraint/3d/VrexCylinderMate3D.h"
 #include "data/constraint/3d/VrexDimension3D.h"

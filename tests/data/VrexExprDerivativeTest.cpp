@@ -129,12 +129,14 @@ TEST(VrexExprDerivative, EachRuleAgreesWithADifference) {
     }
 }
 
-TEST(VrexExprDerivative, NegativeNormDiffersFromItsDifference) {
+TEST(VrexExprDerivative, NormHasTheDerivativeOfItsOperandButAtZero) {
     const auto x = VrexVar::create("x", -2.0);
     const Expr tree = parsed("norm(x)", {x});
     EXPECT_EQ(tree->eval(), -2.0);
     EXPECT_EQ(tree->deriv(x)->eval(), 1.0);
     EXPECT_EQ(parsed("norm(3 * x)", {x})->deriv(x)->eval(), 3.0);
+    x->setValue(0.0);
+    EXPECT_EQ(tree->deriv(x)->eval(), 0.0);
 }
 
 TEST(VrexExprDerivative, FresnelIntegralsHaveTheExactIntegrand) {

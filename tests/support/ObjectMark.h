@@ -4,13 +4,13 @@
 #include <stdexcept>
 #include <utility>
 
+#include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseObject.h"
 #include "data/VrexVariableDescriptor.h"
-#include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 
-/// A number that travels with an object through copies, snapshots and updates: its first parameter, or the
-/// first bias record of an object without parameters.
+/// A number that travels with an object through copies, snapshots and updates: its first parameter, or, of
+/// one without parameters, the first bias record of an entity and the status of what binds entities.
 class ObjectMark {
 public:
     explicit ObjectMark(std::shared_ptr<VrexBaseObject> object)
@@ -25,33 +25,31 @@ public:
         if (m_hasParameter) {
             return m_parameter.getValue();
         }
-        double number = 0.0;
-        withBias([&number](const auto& bias) {
-            if (bias.has_value() && !bias->first.empty()) {
-                number = bias->first.front().second;
-            }
-        });
-        return number;
+        if (const auto* const binding = bindingOrNull()) {
+            return static_cast<double>(binding->status());
+        }
+        const auto& bias = entity().biasData();
+        return bias.has_value() && !bias->first.empty() ? bias->first.front().second : 0.0;
     }
 
     void set(double value) {
         if (m_hasParameter) {
             m_parameter.setValue(value);
+        } else if (auto* const binding = bindingOrNull()) {
+            binding->status() = static_cast<VrexConstraintStatus>(value);
         } else {
-            withBias([value](auto& bias) { bias.emplace().first = {{0, value}}; });
+            entity().biasData() = VrexGeometryBiasData3D{{{0, value}}, {}};
         }
     }
 
 private:
-    template <class Action>
-    void withBias(const Action& action) const {
-        if (const auto entity = std::dynamic_pointer_cast<VrexGeometry3D>(m_object)) {
-            action(entity->biasData());
-        } else if (const auto constraint = std::dynamic_pointer_cast<VrexConstraint3D>(m_object)) {
-            action(constraint->biasData());
-        } else {
+    VrexBaseConstraint* bindingOrNull() const { return dynamic_cast<VrexBaseConstraint*>(m_object.get()); }
+    VrexGeometry3D& entity() const {
+        const auto entity = std::dynamic_pointer_cast<VrexGeometry3D>(m_object);
+        if (entity == nullptr) {
             throw std::logic_error("An object of this class has nothing to mark it by.");
         }
+        return *entity;
     }
 
     std::shared_ptr<VrexBaseObject> m_object;

@@ -2,6 +2,9 @@
 
 #include <memory>
 
+#include "data/constraint/equation/VrexCallbackEquation.h"
+#include "data/constraint/equation/VrexExpressionEquation.h"
+#include "data/constraint/equation/VrexLinearEquationCallback.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
 #include "data/geometry/3d/VrexCircle3D.h"
 #include "data/geometry/3d/VrexCone3D.h"
@@ -167,4 +170,14 @@ inline std::shared_ptr<VrexEvaluatedSurface3D> makeSample() {
         "2 * r * sin(v)");
     trim(*surface);
     return surface;
+inline std::shared_ptr<VrexCallbackEquation> makeSample() {
+    return VrexCallbackEquation::create({{makeSample<VrexGeometryVariable>(), 0, "d"}},
+                                        VrexEquationConditionType::lessEqualZero,
+                                        VrexLinearEquationCallback({2.0}, -1.0));
+}
+
+template <>
+inline std::shared_ptr<VrexExpressionEquation> makeSample() {
+    return VrexExpressionEquation::create({{makeSample<VrexGeometryVariable>(), 0, "d"}},
+                                          VrexEquationConditionType::greaterThanZero, "2 * d - 1");
 }

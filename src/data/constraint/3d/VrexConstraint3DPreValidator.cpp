@@ -84,6 +84,8 @@ bool refuseAsFailure(nsLog::Place place, VrexLogRecorder& recorder, VrexErrorCod
 
 } // namespace
 
+// Kept: the texts of the refusals are spelt as callers compare them, "suppoted" and "geometrys" included.
+
 VrexConstraint3DPreValidator::VrexConstraint3DPreValidator(const VrexToleranceGetter& /*tolerances*/,
                                                            VrexLogRecorder& recorder)
     : m_recorder(recorder) {}
@@ -101,6 +103,7 @@ bool VrexConstraint3DPreValidator::preCheckConstraint3DType(const Geometries& ge
     }
     switch (rule->matching) {
     case Matching::Components:
+        // Kept: a radius is refused before the geometries are counted; equal radii count them first.
         return isRadius(component1) || isRadius(component2)
                    ? refuseComponents()
                    : checkComponents(geometries, *rule, component1, component2);

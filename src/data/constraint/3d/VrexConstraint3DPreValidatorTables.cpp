@@ -27,14 +27,20 @@ struct With {
     KindSet partners;
 };
 
+template <class Use>
+consteval void forEachPair(const With& row, Use use) {
+    for (std::int32_t index = 0; index < TYPES; ++index) {
+        const auto partner = static_cast<VrexGeometry3DType>(index);
+        if (row.partners.contains(partner)) {
+            use(row.first, partner);
+        }
+    }
+}
+
 template <const auto& rows, class Use>
 consteval void forEachPair(Use use) {
     for (const With& row : rows) {
-        for (std::int32_t type = 0; type < TYPES; ++type) {
-            if (row.partners.contains(static_cast<VrexGeometry3DType>(type))) {
-                use(row.first, static_cast<VrexGeometry3DType>(type));
-            }
-        }
+        forEachPair(row, use);
     }
 }
 

@@ -139,24 +139,25 @@ void VrexExpressionParser::assignAll(const std::vector<T>& values) {
     assign(values, m_variables.size());
 }
 
+VrexExprSteps& VrexExpressionParser::steps() {
+    if (m_steps == nullptr) {
+        m_steps = std::make_unique<VrexExprSteps>(*m_root);
+    }
+    return *m_steps;
+}
+
 double VrexExpressionParser::evaluate(const std::vector<double>& values) {
     assignSome(values);
     if (m_steps != nullptr) [[likely]] {
         return m_steps->eval();
     }
     // Steps pay from the second evaluation on.
-    if (std::exchange(m_isEvaluated, true)) {
-        m_steps = std::make_unique<VrexExprSteps>(*m_root);
-    }
-    return m_root->eval();
+    return std::exchange(m_isEvaluated, true) ? steps().eval() : m_root->eval();
 }
 
 VrexVariable VrexExpressionParser::evaluateVar(const std::vector<VrexVariable>& values) {
     assignSome(values);
-    if (m_steps == nullptr) {
-        m_steps = std::make_unique<VrexExprSteps>(*m_root);
-    }
-    return m_steps->evalVar();
+    return steps().evalVar();
 }
 
 double VrexExpressionParser::evaluateDeriv(const std::vector<double>& values,

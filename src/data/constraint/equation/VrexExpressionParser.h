@@ -83,6 +83,7 @@ private:
     /// To all variables; throws without changing one.
     template <typename T>
     void assignAll(const std::vector<T>& values);
+    VrexExprSteps& steps();
 
     std::string m_expression;
     std::shared_ptr<VrexExpr> m_root; ///< Null until parsed.

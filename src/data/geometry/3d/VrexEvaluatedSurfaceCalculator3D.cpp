@@ -7,12 +7,20 @@
 namespace {
 
 template <typename T>
+VrexVector3DT<T> turnedDerivative(const VrexEvaluatedSurface3D& surface, const std::vector<T>& values,
+                                  const VrexQuaternionT<T>& rotation, const std::vector<int>& orders) {
+    const std::vector<std::shared_ptr<VrexVar>> by{surface.getU(), surface.getV()};
+    return nsEvaluated::turned(surface, rotation, [&](VrexExpressionParser& parser) {
+        return nsEvaluated::derivative(parser, values, by, orders);
+    });
+}
+
+template <typename T>
 VrexSurfaceSample<VrexVector3DT<T>> evaluate(const VrexEvaluatedSurface3D& surface,
                                              const std::vector<T>& values, const nsEvaluated::Frame<T>& frame,
                                              int order) {
     using Sample = VrexSurfaceSample<VrexVector3DT<T>>;
     nsEvaluated::requireBound(surface, values.size());
-    const std::vector<std::shared_ptr<VrexVar>> by{surface.getU(), surface.getV()};
     const int reached = std::min(order, Sample::HIGHEST_ORDER);
     Sample sample;
     sample[0] = nsEvaluated::turned(surface, frame.rotation, [&](VrexExpressionParser& parser) {
@@ -21,10 +29,7 @@ VrexSurfaceSample<VrexVector3DT<T>> evaluate(const VrexEvaluatedSurface3D& surfa
     sample[0] += frame.origin;
     for (int i = 0; i <= reached; ++i) {
         for (int j = i == 0 ? 1 : 0; j <= reached; ++j) {
-            sample[Sample::index(i, j)] =
-                nsEvaluated::turned(surface, frame.rotation, [&](VrexExpressionParser& parser) {
-                    return nsEvaluated::derivative(parser, values, by, {i, j});
-                });
+            sample[Sample::index(i, j)] = turnedDerivative(surface, values, frame.rotation, {i, j});
         }
     }
     return sample;

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <sstream>
+#include <utility>
 
 using nsPreValidatorModel::ListSize;
 using nsPreValidatorModel::Types;
@@ -293,7 +294,8 @@ Verdict nsPreValidatorModel::constraint(VrexConstraint3DType kind, const Types& 
     if (!combinationsOfKinds().contains(name)) {
         return {VrexErrorCode::CONSTRAINT_TYPE_ERROR, "Constraint type isn't suppoted."};
     }
-    const std::set<std::string> withComponents{"Distance3D", "Incidence3D", "Tangency3D", "EqualRadius3D"};
+    static const std::set<std::string> withComponents{"Distance3D", "Incidence3D", "Tangency3D",
+                                                      "EqualRadius3D"};
     return withComponents.contains(name) ? byComponents(name, types, component1, component2)
                                          : listed(name, types, types);
 }
@@ -320,11 +322,11 @@ Verdict nsPreValidatorModel::component(Type type, Component component) {
 }
 
 Type nsPreValidatorModel::converted(Type type, Component component) {
-    const std::map<Component, const char*> kinds{{Component::CENTER, "pt"},
-                                                 {Component::APEX, "pt"},
-                                                 {Component::AXIS, "ln"},
-                                                 {Component::PLANE, "pl"},
-                                                 {Component::SPINE, "ci"}};
+    static const std::map<Component, const char*> kinds{{Component::CENTER, "pt"},
+                                                        {Component::APEX, "pt"},
+                                                        {Component::AXIS, "ln"},
+                                                        {Component::PLANE, "pl"},
+                                                        {Component::SPINE, "ci"}};
     const auto found = kinds.find(component);
     return found != kinds.end() ? typeOf(found->second) : type;
 }
@@ -333,13 +335,13 @@ std::string nsPreValidatorModel::recorded(const Verdict& verdict) {
     if (verdict.accepted()) {
         return "No Error!";
     }
-    const std::map<VrexErrorCode, const char*> numbers{
-        {VrexErrorCode::CONSTRAINT_PARAM_ERROR, "[0x20060003]: |CONSTRAINT_PARAM_ERROR"},
-        {VrexErrorCode::CONSTRAINT_ID_ERROR, "[0x20020002]: |CONSTRAINT_ID_ERROR"},
-        {VrexErrorCode::CONSTRAINT_TYPE_ERROR, "[0x20020005]: |CONSTRAINT_TYPE_ERROR"},
-        {VrexErrorCode::GEOMETRY_TYPE_ERROR, "[0x10000005]: |GEOMETRY_TYPE_ERROR"}};
-    const auto parts = split(numbers.at(verdict.code), '|');
-    return "sid:: 7, tid: , " + parts[0] + verdict.text + ", ErrorCode: " + parts[1] + ".";
+    static const std::map<VrexErrorCode, std::pair<const char*, const char*>> numbers{
+        {VrexErrorCode::CONSTRAINT_PARAM_ERROR, {"0x20060003", "CONSTRAINT_PARAM_ERROR"}},
+        {VrexErrorCode::CONSTRAINT_ID_ERROR, {"0x20020002", "CONSTRAINT_ID_ERROR"}},
+        {VrexErrorCode::CONSTRAINT_TYPE_ERROR, {"0x20020005", "CONSTRAINT_TYPE_ERROR"}},
+        {VrexErrorCode::GEOMETRY_TYPE_ERROR, {"0x10000005", "GEOMETRY_TYPE_ERROR"}}};
+    const auto& [number, name] = numbers.at(verdict.code);
+    return std::string("sid:: 7, tid: , [") + number + "]: " + verdict.text + ", ErrorCode: " + name + ".";
 }
 
 std::vector<ListSize> nsPreValidatorModel::listSizes() {

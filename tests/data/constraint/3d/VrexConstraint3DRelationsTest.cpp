@@ -9,6 +9,7 @@
 
 #include "support/LogCapture.h"
 #include "support/SamplesRelations.h"
+#include "support/TypeChecks.h"
 
 namespace {
 
@@ -127,6 +128,27 @@ TEST(VrexConstraint3DRelations, TableOfTheClasses) {
         EXPECT_EQ(row.constraint->getGeomComponentType(2), row.component2);
         EXPECT_FALSE(row.constraint->isCompleteFixed());
     }
+}
+
+TEST(VrexConstraint3DRelations, ConstantDegreesOverAllTypes) {
+    constexpr auto WHOLE = Component::UNKNOWN;
+    constexpr auto RADIUS = VrexRadius3DType::Radius3D;
+    const auto point = makeSample<VrexPoint3D>();
+    const auto torus = makeSample<VrexTorus3D>();
+    nsTypeChecks::forAllPairs([&](int first, int second) {
+        const auto one = nsTypeChecks::FreedomByType::create(first);
+        const auto two = nsTypeChecks::FreedomByType::create(second);
+        EXPECT_EQ(VrexParallelism3D::create(one, two)->doc(), 2);
+        EXPECT_EQ(VrexPerpendicularity3D::create(one, two)->doc(), 1);
+        EXPECT_EQ(VrexIncidenceToCenter3D::create(one, two)->doc(), 3);
+        EXPECT_EQ(VrexMidPoint3D::create(one, two, point)->doc(), 1);
+        EXPECT_EQ(VrexEqualRadius3D::create(one, RADIUS, two, RADIUS, WHOLE, WHOLE)->doc(), 1);
+        EXPECT_EQ(VrexSurfaceNormal3D::create(torus, two)->doc(), 1);
+        for (int property = 0; property < 5; ++property) {
+            EXPECT_EQ(VrexEqualCurveProperty3D::create(one, two, VrexCurveProperty3DType{property})->doc(),
+                      1);
+        }
+    });
 }
 
 TEST(VrexConstraint3DRelations, NewConstraintHoldsItsArgumentsInOrder) {

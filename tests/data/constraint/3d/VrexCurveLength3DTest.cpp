@@ -18,7 +18,7 @@ using testing::IsEmpty;
 template <class Object>
 class VrexCurveLength3DOver : public testing::Test {};
 
-TYPED_TEST_SUITE(VrexCurveLength3DOver, ConcreteObjectClasses);
+TYPED_TEST_SUITE(VrexCurveLength3DOver, ConcreteObjectClasses<>);
 
 TYPED_TEST(VrexCurveLength3DOver, CanCreateTakesCurvesOnly) {
     const std::set<std::string> curves{"VrexCircle3D", "VrexEllipse3D", "VrexSpline3D",

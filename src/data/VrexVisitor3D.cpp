@@ -6,11 +6,13 @@
 #include "data/VrexLog.h"
 #include "data/constraint/VrexConstraint.h"
 #include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
+#include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 VrexVisitor3D::~VrexVisitor3D() = default;

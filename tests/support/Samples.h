@@ -3,9 +3,11 @@
 #include <memory>
 
 #include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
+#include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 /// A valid object of each concrete class, with no field left at its default. A class without a maker fails to
@@ -38,4 +40,37 @@ inline std::shared_ptr<VrexSphere3D> makeSample() {
     auto sphere = VrexSphere3D::create({7.0, 8.0, 9.0}, 0.75);
     sphere->setAllowRadiusSignChange(true);
     return sphere;
+}
+
+template <>
+inline std::shared_ptr<VrexSpline3D> makeSample() {
+    const auto point = [](double x, double y, double z) { return VrexPoint3D::create(x, y, z); };
+    auto spline = VrexSpline3D::create({2,
+                                        true,
+                                        {0.0, 1.0, 2.0, 3.5, 4.5, 5.0, 6.0, 7.5, 8.5},
+                                        {{point(1.0, 0.0, 0.5), 1.5},
+                                         {point(0.0, 2.0, 0.0), 0.5},
+                                         {point(-1.0, 0.25, 1.0), 2.0},
+                                         {point(0.0, -2.0, -1.0), 1.25}}});
+    spline->start() = 2.25;
+    spline->end() = 5.75;
+    spline->setInterpolatedPoints({point(3.0, 1.0, 2.0), point(4.0, -1.0, 5.0)});
+    spline->setInterpolatedParameters({0.25, 0.75});
+    return spline;
+}
+
+template <>
+inline std::shared_ptr<VrexNURBSSurface3D> makeSample() {
+    const auto row = [](double x) {
+        return std::vector<VrexSpline3D::ControlPoint>{{VrexPoint3D::create(x, 0.0, 0.5 * x), 1.0 + x},
+                                                       {VrexPoint3D::create(x, 1.0, -1.0), 0.5},
+                                                       {VrexPoint3D::create(x + 0.25, 2.5, x * x), 2.0}};
+    };
+    auto surface = VrexNURBSSurface3D::create(
+        {1, 2, {0.0, 0.0, 1.5, 3.0, 3.0}, {-1.0, -1.0, -1.0, 1.0, 1.0, 1.0}, {row(0.0), row(1.0), row(2.0)}});
+    surface->startU() = 0.125;
+    surface->endU() = 2.5;
+    surface->startV() = -0.75;
+    surface->endV() = 0.5;
+    return surface;
 }

@@ -5,6 +5,8 @@
 #include "data/VrexLog.h"
 #include "data/geometry/3d/VrexCalculatorVisit.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
+#include "data/geometry/3d/VrexSpline3D.h"
+#include "data/geometry/3d/VrexSplineCalculator3D.h"
 #include "data/geometry/3d/VrexZeroDerivatives.h"
 
 namespace {
@@ -14,6 +16,7 @@ class VrexCurveCalculatorVisitor : public VrexVisitor3D {
 public:
     std::shared_ptr<VrexParametricCurveCalculator3D> takeResult() { return std::move(m_result); }
 
+    void visitSpline3D(VrexSpline3D& spline) override { make<VrexSplineCalculator3D>(spline); }
     void visitParametricCurve3D(VrexParametricCurve3D& /*curve*/) override {
         VREX_RAISE(std::runtime_error, "This curve type is unsupported");
     }

@@ -4,6 +4,8 @@
 
 #include "data/VrexLog.h"
 #include "data/geometry/3d/VrexCalculatorVisit.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
+#include "data/geometry/3d/VrexNURBSSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "data/geometry/3d/VrexZeroDerivatives.h"
 
@@ -14,6 +16,9 @@ class VrexSurfaceCalculatorVisitor : public VrexVisitor3D {
 public:
     std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() { return std::move(m_result); }
 
+    void visitNURBSSurface3D(VrexNURBSSurface3D& surface) override {
+        make<VrexNURBSSurfaceCalculator3D>(surface);
+    }
     void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override {
         VREX_RAISE(std::runtime_error, "This surface type is unsupported");
     }

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+
+#include "data/geometry/3d/VrexBinomials.h"
+
+namespace nsRational {
+
+/// Hidden: from the derivatives A of the weighted curve and w of the weights, orders 0 to `order`, to those
+/// of the curve, in their place: A[k] = (A[k] - sum over i of (k over i) w[i] A[k - i]) / w[0], i from 1 to
+/// k.
+///
+/// `subtract(k, j, factor)` takes factor A[j] off A[k], `divide(k, divisor)` divides A[k].
+template <typename T, typename Subtract, typename Divide>
+void applyRule(std::size_t order, const T* w, const VrexBinomials& binomials, const Subtract& subtract,
+               const Divide& divide) {
+    for (std::size_t k = 0; k <= order; ++k) {
+        for (std::size_t i = 1; i <= k; ++i) {
+            subtract(k, k - i, binomials(k, i) * w[i]);
+        }
+        divide(k, w[0]);
+    }
+}
+
+} // namespace nsRational

@@ -11,8 +11,6 @@
 #include "data/VrexLog.h"
 #include "data/geometry/3d/VrexCoxDeBoorRow.h"
 
-using Decomposition = Eigen::CompleteOrthogonalDecomposition<Eigen::MatrixXd>;
-
 class VrexInterpolatedSplineCalculator3D::BasisMatrix : public Eigen::MatrixXd {
 public:
     double& at(std::size_t row, std::size_t column) {
@@ -170,15 +168,13 @@ void VrexInterpolatedSplineCalculator3D::computeControlPoints(const std::vector<
     computeNURBSBasisMatrix(knots, order, parameters, A, periodic);
     // Kept: three decompositions of one matrix, and copies of all that the task reads, so that the threads
     // share nothing.
-    const auto solve = [](const Eigen::MatrixXd& matrix, const Eigen::VectorXd& right,
-                          Decomposition decomposition) -> Eigen::VectorXd {
-        decomposition.compute(matrix);
-        return decomposition.solve(right);
+    const auto solve = [](const Eigen::MatrixXd& matrix, const Eigen::VectorXd& right) -> Eigen::VectorXd {
+        return Eigen::CompleteOrthogonalDecomposition<Eigen::MatrixXd>(matrix).solve(right);
     };
-    auto task = std::async(std::launch::async | std::launch::deferred, solve, Eigen::MatrixXd(A),
-                           collect(points, 0), Decomposition());
-    const Eigen::VectorXd Y = solve(A, collect(points, 1), Decomposition());
-    const Eigen::VectorXd Z = solve(A, collect(points, 2), Decomposition());
+    auto task =
+        std::async(std::launch::async | std::launch::deferred, solve, Eigen::MatrixXd(A), collect(points, 0));
+    const Eigen::VectorXd Y = solve(A, collect(points, 1));
+    const Eigen::VectorXd Z = solve(A, collect(points, 2));
     const Eigen::VectorXd X = task.get();
     controlPoints.reserve(controlPoints.size() + points.size());
     for (Eigen::Index i = 0; i < X.size(); ++i) {

@@ -8,17 +8,19 @@
 ///
 /// Algorithm A2.3 of Piegl and Tiller, The NURBS Book. Its square table of basis values and knot differences
 /// keeps here only the rows that the derivatives of the wanted orders read, so that the room grows with the
-/// degree and not with its square. The arrays lie in memory of the caller's.
-template <typename T>
+/// degree and not with its square. The arrays lie in memory of the caller's. `Degree` and `Order` are
+/// `std::size_t`, or an integral constant for loops that the compiler unrolls.
+template <typename T, typename Degree = std::size_t, typename Order = std::size_t>
 class VrexBasisDerivatives {
 public:
     /// How many numbers `scratch` has to hold.
-    static std::size_t scratchSize(std::size_t degree, std::size_t order) {
+    static constexpr std::size_t scratchSize(std::size_t degree, std::size_t order) {
         return (3 * order + 4) * (degree + 1) + 2 * (order + 1);
     }
 
-    /// `order` is at most `degree`; `scratch` is assigned to, and outlives this.
-    VrexBasisDerivatives(std::size_t degree, std::size_t order, T* scratch)
+    /// `order` is at most `degree`; `scratch` is assigned to, and outlives this. The derivatives are left at
+    /// its beginning, row behind row.
+    VrexBasisDerivatives(Degree degree, Order order, T* scratch)
         : m_degree(degree),
           m_order(order),
           m_derivatives(scratch),
@@ -36,9 +38,6 @@ public:
         }
         multiplyByFactorials();
     }
-
-    /// The derivatives of order k of the p + 1 functions, N(s - p) first.
-    const T* row(std::size_t k) const { return m_derivatives + k * size(); }
 
 private:
     std::size_t size() const { return m_degree + 1; }
@@ -120,8 +119,8 @@ private:
         }
     }
 
-    std::size_t m_degree;
-    std::size_t m_order;
+    Degree m_degree;
+    Order m_order;
     T* m_derivatives;
     T* m_lower;
     T* m_differences;
@@ -129,3 +128,19 @@ private:
     T* m_right;
     T* m_coefficients;
 };
+
+/// Hidden: those functions for any scalar, or, for plain numbers, by loops that are unrolled where degree and
+/// order are of the usual size.
+namespace nsBasis {
+
+/// Row k of `scratch`, which has the size that `VrexBasisDerivatives` wants, becomes the derivatives of order
+/// k of the degree + 1 functions, N(s - p) first. `span` points to knot U[s].
+template <typename T>
+void differentiate(std::size_t degree, std::size_t order, const double* span, const T& t, T* scratch) {
+    VrexBasisDerivatives<T>(degree, order, scratch).calculate(span, t);
+}
+template <>
+void differentiate(std::size_t degree, std::size_t order, const double* span, const double& t,
+                   double* scratch);
+
+} // namespace nsBasis

@@ -33,14 +33,21 @@ public:
         const std::size_t d = std::min(order, m_window.degree());
         m_window.move(nsVariableUtils::toValue(t), d + countDerivatives(t), controlPoints);
         std::vector<Vector> A(order + 1);
-        m_w.assign(d + 1, T(0.0));
+        m_w.resize(d + 1);
+        m_points.resize(m_window.size());
         for (std::size_t j = 0; j < m_window.size(); ++j) {
-            const Vector& P = positionAt(m_window.controlIndex(j));
-            for (std::size_t k = 0; k <= d; ++k) {
+            m_points[j] = positionAt(m_window.controlIndex(j));
+        }
+        for (std::size_t k = 0; k <= d; ++k) {
+            T w(0.0);
+            Vector sum;
+            for (std::size_t j = 0; j < m_window.size(); ++j) {
                 const T factor = m_window.weight(j) * basisAt(k, j, t);
-                A[k] += P * factor;
-                m_w[k] += factor;
+                sum += m_points[j] * factor;
+                w += factor;
             }
+            A[k] = sum;
+            m_w[k] = w;
         }
         nsRational::applyRule(
             d, m_w.data(), m_window.binomials(),
@@ -70,5 +77,6 @@ private:
     }
 
     VrexSplineWindow m_window;
-    std::vector<T> m_w; ///< The derivatives of the sum of the weights.
+    std::vector<Vector> m_points; ///< The positions in the window.
+    std::vector<T> m_w;           ///< The derivatives of the sum of the weights.
 };

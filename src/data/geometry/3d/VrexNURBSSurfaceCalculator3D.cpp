@@ -58,9 +58,8 @@ public:
         : m_degree(nsKnots::requireSpans(knots, degree)),
           m_order(std::min(static_cast<std::size_t>(order), m_degree)),
           m_span(nsKnots::findSpan(knots, m_degree, nsVariableUtils::toValue(t))),
-          m_basis(m_degree, m_order,
-                  m_scratch.reserve(VrexBasisDerivatives<T>::scratchSize(m_degree, m_order))) {
-        m_basis.calculate(knots.data() + m_span, t);
+          m_basis(m_scratch.reserve(VrexBasisDerivatives<T>::scratchSize(m_degree, m_order))) {
+        nsBasis::differentiate(m_degree, m_order, knots.data() + m_span, t, m_basis);
     }
     Direction(const Direction&) = delete;
     Direction& operator=(const Direction&) = delete;
@@ -68,14 +67,14 @@ public:
     std::size_t order() const { return m_order; }
     std::size_t count() const { return m_degree + 1; }
     std::size_t first() const { return m_span - m_degree; }
-    const T& basis(std::size_t k, std::size_t r) const { return m_basis.row(k)[r]; }
+    const T& basis(std::size_t k, std::size_t r) const { return m_basis[k * count() + r]; }
 
 private:
     std::size_t m_degree;
     std::size_t m_order;
     std::size_t m_span;
     Scratch<T> m_scratch;
-    VrexBasisDerivatives<T> m_basis;
+    T* m_basis;
 };
 
 const VrexSpline3D::ControlPoint& requireControlPoint(const VrexNURBSSurface3D& surface, std::size_t row,

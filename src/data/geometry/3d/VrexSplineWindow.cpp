@@ -27,8 +27,7 @@ void VrexSplineWindow::move(double t, std::size_t order, const ControlPoints& co
     m_binomials.reach(order);
     const std::size_t room = VrexBasisDerivatives<double>::scratchSize(m_degree, reached);
     m_basis.resize(std::max({m_basis.size(), room, (order + 1) * size()}));
-    VrexBasisDerivatives<double> derivatives(m_degree, reached, m_basis.data());
-    derivatives.calculate(m_knots->data() + span, t);
+    nsBasis::differentiate(m_degree, reached, m_knots->data() + span, t, m_basis.data());
     std::fill_n(m_basis.begin() + static_cast<std::ptrdiff_t>((reached + 1) * size()),
                 (order - reached) * size(), 0.0);
 }

@@ -1,39 +1,31 @@
 #include "data/geometry/3d/VrexBasisDerivatives.h"
 
 #include <array>
-#include <type_traits>
+
+#include "data/geometry/3d/VrexUnrolled.h"
 
 namespace {
 
-template <std::size_t Value>
-using Constant = std::integral_constant<std::size_t, Value>;
-
 template <std::size_t Degree, std::size_t Order>
-void differentiateUnrolled(const double* span, double t, double* rows) {
-    using Derivatives = VrexBasisDerivatives<double, Constant<Degree>, Constant<Order>>;
+void differentiateOnce(nsUnrolled::Constant<Degree> degree, nsUnrolled::Constant<Order> order,
+                       const double* span, double t, double* rows) {
+    using Derivatives =
+        VrexBasisDerivatives<double, nsUnrolled::Constant<Degree>, nsUnrolled::Constant<Order>>;
+    // An array of its own, which the compiler keeps in registers.
     std::array<double, Derivatives::scratchSize(Degree, Order)> scratch;
-    Derivatives({}, {}, scratch.data()).calculate(span, t);
-    std::copy_n(scratch.begin(), (Order + 1) * (Degree + 1), rows);
+    Derivatives(degree, order, scratch.data()).calculate(span, t);
+    nsUnrolled::repeat(nsUnrolled::Constant<(Order + 1) * (Degree + 1)>(),
+                       [&](std::size_t i) { rows[i] = scratch[i]; });
 }
 
-constexpr std::size_t HIGHEST_DEGREE = 3;
-
-/// By degree and order.
-constexpr void (*UNROLLED[HIGHEST_DEGREE + 1][HIGHEST_DEGREE + 1])(const double*, double, double*) = {
-    {differentiateUnrolled<0, 0>},
-    {differentiateUnrolled<1, 0>, differentiateUnrolled<1, 1>},
-    {differentiateUnrolled<2, 0>, differentiateUnrolled<2, 1>, differentiateUnrolled<2, 2>},
-    {differentiateUnrolled<3, 0>, differentiateUnrolled<3, 1>, differentiateUnrolled<3, 2>,
-     differentiateUnrolled<3, 3>}};
+void differentiateOnce(std::size_t degree, std::size_t order, const double* span, double t, double* scratch) {
+    VrexBasisDerivatives<double>(degree, order, scratch).calculate(span, t);
+}
 
 } // namespace
 
 template <>
 void nsBasis::differentiate(std::size_t degree, std::size_t order, const double* span, const double& t,
                             double* scratch) {
-    if (degree <= HIGHEST_DEGREE) {
-        UNROLLED[degree][order](span, t, scratch);
-    } else {
-        VrexBasisDerivatives<double>(degree, order, scratch).calculate(span, t);
-    }
+    nsUnrolled::call(degree, order, [&](auto p, auto d) { differentiateOnce(p, d, span, t, scratch); });
 }

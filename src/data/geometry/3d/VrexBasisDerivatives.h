@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <utility>
+
+#include "data/geometry/3d/VrexUnrolled.h"
 
 /// Hidden: the B-spline basis functions that do not vanish on one span of knots, and their derivatives.
 ///
@@ -15,7 +16,7 @@ class VrexBasisDerivatives {
 public:
     /// How many numbers `scratch` has to hold.
     static constexpr std::size_t scratchSize(std::size_t degree, std::size_t order) {
-        return (3 * order + 4) * (degree + 1) + 2 * (order + 1);
+        return (5 * order + 7) * (degree + 1);
     }
 
     /// `order` is at most `degree`; `scratch` is assigned to, and outlives this. The derivatives are left at
@@ -28,15 +29,14 @@ public:
           m_differences(m_lower + order * size()),
           m_left(m_differences + (order + 1) * size()),
           m_right(m_left + size()),
-          m_coefficients(m_right + size()) {}
+          m_ratios(m_right + size()),
+          m_coefficients(m_ratios + size()) {}
 
     /// `span` points to knot U[s], where p + 1 knots before and p knots behind it exist.
     void calculate(const double* span, const T& t) {
         calculateBasis(span, t);
-        for (std::size_t r = 0; r < size(); ++r) {
-            differentiate(r);
-        }
-        multiplyByFactorials();
+        std::fill_n(m_coefficients, size(), T(1.0));
+        nsUnrolled::repeat(m_order, [this](std::size_t k) { differentiate(k + 1); });
     }
 
 private:
@@ -50,7 +50,8 @@ private:
     void calculateBasis(const double* span, const T& t) {
         T* const N = m_derivatives;
         N[0] = T(1.0);
-        for (std::size_t j = 1; j <= m_degree; ++j) {
+        nsUnrolled::repeat(m_degree, [&](std::size_t i) {
+            const std::size_t j = i + 1;
             m_left[j] = t - *(span + 1 - j);
             m_right[j] = span[j] - t;
             const std::size_t k = m_degree - j + 1;
@@ -58,64 +59,64 @@ private:
                 std::copy(N, N + j, lowerRow(k));
             }
             raiseDegree(j, differenceRow(k <= m_order ? k : 0));
-        }
+        });
     }
 
     /// From the j functions of degree j - 1 to those of degree j.
     void raiseDegree(std::size_t j, T* differences) {
         T* const N = m_derivatives;
-        T saved(0.0);
         for (std::size_t r = 0; r < j; ++r) {
             differences[r] = m_right[r + 1] + m_left[j - r];
-            const T ratio = N[r] / differences[r];
-            N[r] = saved + m_right[r + 1] * ratio;
-            saved = m_left[j - r] * ratio;
+            m_ratios[r] = N[r] / differences[r];
+        }
+        T saved(0.0);
+        for (std::size_t r = 0; r < j; ++r) {
+            N[r] = saved + m_right[r + 1] * m_ratios[r];
+            saved = m_left[j - r] * m_ratios[r];
         }
         N[j] = saved;
     }
 
-    /// The derivatives of function r, still without the factor p! / (p - k)!.
-    void differentiate(std::size_t r) {
-        T* before = m_coefficients;
-        T* now = m_coefficients + m_order + 1;
-        before[0] = T(1.0);
-        for (std::size_t k = 1; k <= m_order; ++k) {
-            m_derivatives[k * size() + r] = combineLower(r, k, before, now);
-            std::swap(before, now);
-        }
-    }
-
-    /// Sum over i of a[k][i] N(r - k + i) of degree p - k, where a[k] is made from a[k - 1].
-    T combineLower(std::size_t r, std::size_t k, const T* before, T* now) {
-        const std::size_t lowest = m_degree - k; // the degree
+    /// The derivatives of order k: for each function r the sum over i of a[k][i] N(r - k + i) of degree p -
+    /// k, where a[k][i] is (a[k - 1][i] - a[k - 1][i - 1]) over a knot difference. The coefficients of all r
+    /// stand side by side.
+    void differentiate(std::size_t k) {
+        T* const sums = m_derivatives + k * size();
         const T* const N = lowerRow(k);
         const T* const differences = differenceRow(k);
-        T sum(0.0);
-        if (r >= k) {
-            now[0] = before[0] / differences[r - k];
-            sum = now[0] * N[r - k];
+        std::fill_n(sums, size(), T(0.0));
+        for (std::size_t i = 0; i <= k; ++i) {
+            T* const a = coefficients(k, i);
+            for (std::size_t q = 0; q <= m_degree - k; ++q) {
+                const std::size_t r = q + k - i;
+                a[r] = stepOf(k, i, r) / differences[q];
+                sums[r] += a[r] * N[q];
+            }
         }
-        const std::size_t first = r + 1 >= k ? 1 : k - r;
-        const std::size_t last = r <= lowest + 1 ? k - 1 : m_degree - r;
-        for (std::size_t i = first; i <= last; ++i) {
-            now[i] = (before[i] - before[i - 1]) / differences[r + i - k];
-            sum += now[i] * N[r + i - k];
-        }
-        if (r <= lowest) {
-            now[k] = -before[k - 1] / differences[r];
-            sum += now[k] * N[r];
-        }
-        return sum;
+        multiplyByFactorial(k, sums);
     }
 
-    void multiplyByFactorials() {
-        double factor = static_cast<double>(m_degree);
-        for (std::size_t k = 1; k <= m_order; ++k) {
-            T* const derivatives = m_derivatives + k * size();
-            for (std::size_t j = 0; j < size(); ++j) {
-                derivatives[j] *= factor;
-            }
-            factor *= static_cast<double>(m_degree - k);
+    T stepOf(std::size_t k, std::size_t i, std::size_t r) {
+        if (i == 0) {
+            return coefficients(k - 1, i)[r];
+        }
+        const T& last = coefficients(k - 1, i - 1)[r];
+        return i == k ? -last : coefficients(k - 1, i)[r] - last;
+    }
+
+    /// Row i of those of order k, of which two are kept.
+    T* coefficients(std::size_t k, std::size_t i) {
+        return m_coefficients + (k % 2 * (m_order + 1) + i) * size();
+    }
+
+    /// By p! / (p - k)!.
+    void multiplyByFactorial(std::size_t k, T* sums) const {
+        double factor = 1.0;
+        for (std::size_t i = 0; i < k; ++i) {
+            factor *= static_cast<double>(m_degree - i);
+        }
+        for (std::size_t r = 0; r < size(); ++r) {
+            sums[r] *= factor;
         }
     }
 
@@ -126,6 +127,7 @@ private:
     T* m_differences;
     T* m_left;
     T* m_right;
+    T* m_ratios;
     T* m_coefficients;
 };
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <stdexcept>
+#include <type_traits>
 #include <vector>
 
 #include "data/VrexLog.h"
@@ -10,6 +12,7 @@
 #include "data/VrexVector3DT.h"
 #include "data/geometry/3d/VrexRationalRule.h"
 #include "data/geometry/3d/VrexSplineWindow.h"
+#include "data/geometry/3d/VrexUnrolled.h"
 
 /// Hidden: evaluates a spline over one scalar, by its operators.
 ///
@@ -32,28 +35,14 @@ public:
                                   const PositionAt& positionAt) {
         const std::size_t d = std::min(order, m_window.degree());
         m_window.move(nsVariableUtils::toValue(t), d + countDerivatives(t), controlPoints);
-        std::vector<Vector> A(order + 1);
-        m_w.resize(d + 1);
-        m_points.resize(m_window.size());
-        for (std::size_t j = 0; j < m_window.size(); ++j) {
-            m_points[j] = positionAt(m_window.controlIndex(j));
+        std::vector<Vector> result(order + 1);
+        if constexpr (std::is_same_v<T, double>) {
+            nsUnrolled::call(m_window.degree(), d,
+                             [&](auto p, auto k) { combine(p, k, t, positionAt, result.data()); });
+        } else {
+            combine(m_window.degree(), d, t, positionAt, result.data());
         }
-        for (std::size_t k = 0; k <= d; ++k) {
-            T w(0.0);
-            Vector sum;
-            for (std::size_t j = 0; j < m_window.size(); ++j) {
-                const T factor = m_window.weight(j) * basisAt(k, j, t);
-                sum += m_points[j] * factor;
-                w += factor;
-            }
-            A[k] = sum;
-            m_w[k] = w;
-        }
-        nsRational::applyRule(
-            d, m_w.data(), m_window.binomials(),
-            [&A](std::size_t k, std::size_t i, const T& factor) { A[k] -= A[i] * factor; },
-            [&A](std::size_t k, const T& divisor) { A[k] = A[k] / divisor; });
-        return A;
+        return result;
     }
 
     /// Of t, at most one.
@@ -67,6 +56,46 @@ public:
     }
 
 private:
+    template <typename PositionAt>
+    void combine(std::size_t degree, std::size_t order, const T& t, const PositionAt& positionAt, Vector* A) {
+        m_points.resize(degree + 1);
+        m_w.resize(order + 1);
+        addAndDivide(degree, order, t, positionAt, m_points.data(), A, m_w.data());
+    }
+    /// In arrays that the compiler keeps in registers.
+    template <std::size_t Degree, std::size_t Order, typename PositionAt>
+    void combine(nsUnrolled::Constant<Degree> degree, nsUnrolled::Constant<Order> order, const T& t,
+                 const PositionAt& positionAt, Vector* result) {
+        std::array<Vector, Degree + 1> points;
+        std::array<Vector, Order + 1> A;
+        std::array<T, Order + 1> w;
+        addAndDivide(degree, order, t, positionAt, points.data(), A.data(), w.data());
+        nsUnrolled::repeat(nsUnrolled::Constant<Order + 1>(), [&](std::size_t k) { result[k] = A[k]; });
+    }
+
+    template <typename Degree, typename Order, typename PositionAt>
+    [[gnu::always_inline]] void addAndDivide(Degree degree, Order order, const T& t,
+                                             const PositionAt& positionAt, Vector* points, Vector* A, T* w) {
+        for (std::size_t j = 0; j <= degree; ++j) {
+            points[j] = positionAt(m_window.controlIndex(j));
+        }
+        for (std::size_t k = 0; k <= order; ++k) {
+            T weights(0.0);
+            Vector sum;
+            for (std::size_t j = 0; j <= degree; ++j) {
+                const T factor = m_window.weight(j) * basisAt(k, j, t);
+                sum += points[j] * factor;
+                weights += factor;
+            }
+            A[k] = sum;
+            w[k] = weights;
+        }
+        nsRational::applyRule(
+            order, w, m_window.binomials(),
+            [A](std::size_t k, std::size_t i, const T& factor) { A[k] -= A[i] * factor; },
+            [A](std::size_t k, const T& divisor) { A[k] = A[k] / divisor; });
+    }
+
     double basisAt(std::size_t k, std::size_t j, double /*t*/) const { return m_window.basis(k)[j]; }
     VrexVariable basisAt(std::size_t k, std::size_t j, const VrexVariable& t) const {
         VrexVariable basis(m_window.basis(k)[j], t);

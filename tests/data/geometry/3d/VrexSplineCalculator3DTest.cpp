@@ -1,6 +1,8 @@
 #include "data/geometry/3d/VrexSplineCalculator3D.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <numbers>
 #include <stdexcept>
@@ -117,6 +119,23 @@ TEST(VrexSplineCalculator3D, DerivativesAboveTheDegreeAreZero) {
     EXPECT_GT(result[2].magnitude(), 0.0);
     for (std::size_t k = 3; k < result.size(); ++k) {
         EXPECT_EQ(valuesOf(result[k]), (nsVectorSamples::Values3{0.0, 0.0, 0.0}));
+    }
+}
+
+TEST(VrexSplineCalculator3D, LowerOrderIsTheBeginningOfAHigherOneBitByBit) {
+    Maker maker(5);
+    for (int degree = 0; degree <= 6; ++degree) {
+        const auto spline = maker.spline(degree, 8);
+        VrexSplineCalculator3D calculator(*spline);
+        const double t = maker.inside(spline->interval());
+        const auto full = calculator.calculate(t, degree + 1);
+        for (int order = 0; order <= degree; ++order) {
+            const auto result = calculator.calculate(t, order);
+            ASSERT_EQ(std::ssize(result), order + 1);
+            for (std::size_t k = 0; k < result.size(); ++k) {
+                EXPECT_EQ(valuesOf(result[k]), valuesOf(full[k]));
+            }
+        }
     }
 }
 

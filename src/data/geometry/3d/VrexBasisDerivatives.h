@@ -10,7 +10,7 @@
 /// Algorithm A2.3 of Piegl and Tiller, The NURBS Book. Its square table of basis values and knot differences
 /// keeps here only the rows that the derivatives of the wanted orders read, so that the room grows with the
 /// degree and not with its square. The arrays lie in memory of the caller's. `Degree` and `Order` are
-/// `std::size_t`, or an integral constant for loops that the compiler unrolls.
+/// `std::size_t`, or an integral constant for loops that the compiler unrolls once all is inlined.
 template <typename T, typename Degree = std::size_t, typename Order = std::size_t>
 class VrexBasisDerivatives {
 public:
@@ -33,7 +33,7 @@ public:
           m_coefficients(m_ratios + size()) {}
 
     /// `span` points to knot U[s], where p + 1 knots before and p knots behind it exist.
-    void calculate(const double* span, const T& t) {
+    [[gnu::always_inline]] void calculate(const double* span, const T& t) {
         calculateBasis(span, t);
         std::fill_n(m_coefficients, size(), T(1.0));
         nsUnrolled::repeat(m_order, [this](std::size_t k) { differentiate(k + 1); });
@@ -47,7 +47,7 @@ private:
     /// those that nobody asks for.
     T* differenceRow(std::size_t k) { return m_differences + k * size(); }
 
-    void calculateBasis(const double* span, const T& t) {
+    [[gnu::always_inline]] void calculateBasis(const double* span, const T& t) {
         T* const N = m_derivatives;
         N[0] = T(1.0);
         nsUnrolled::repeat(m_degree, [&](std::size_t i) {
@@ -63,7 +63,7 @@ private:
     }
 
     /// From the j functions of degree j - 1 to those of degree j.
-    void raiseDegree(std::size_t j, T* differences) {
+    [[gnu::always_inline]] void raiseDegree(std::size_t j, T* differences) {
         T* const N = m_derivatives;
         for (std::size_t r = 0; r < j; ++r) {
             differences[r] = m_right[r + 1] + m_left[j - r];
@@ -80,7 +80,7 @@ private:
     /// The derivatives of order k: for each function r the sum over i of a[k][i] N(r - k + i) of degree p -
     /// k, where a[k][i] is (a[k - 1][i] - a[k - 1][i - 1]) over a knot difference. The coefficients of all r
     /// stand side by side.
-    void differentiate(std::size_t k) {
+    [[gnu::always_inline]] void differentiate(std::size_t k) {
         T* const sums = m_derivatives + k * size();
         const T* const N = lowerRow(k);
         const T* const differences = differenceRow(k);

@@ -46,7 +46,7 @@ public:
     }
 
 private:
-    std::array<double, 256> m_short; // raw: degrees up to 20 fit for the second derivatives
+    std::array<double, 256> m_short; // raw; enough for second derivatives up to degree 14
     std::vector<double> m_long;
 };
 

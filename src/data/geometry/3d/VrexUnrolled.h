@@ -43,6 +43,12 @@ void call(std::size_t degree, std::size_t order, const Function& function) {
     }
 }
 
+template <std::size_t... I, typename Function>
+[[gnu::always_inline]] inline void callWithEach(std::index_sequence<I...> /*numbers*/,
+                                                const Function& function) {
+    (function(I), ...);
+}
+
 /// Calls `function` with 0, ..., `count` - 1; for an integral constant each call stands by itself, with a
 /// constant.
 template <typename Function>
@@ -53,9 +59,7 @@ template <typename Function>
 }
 template <std::size_t Count, typename Function>
 [[gnu::always_inline]] inline void repeat(Constant<Count> /*count*/, const Function& function) {
-    [&function]<std::size_t... I>(std::index_sequence<I...>) {
-        (function(I), ...);
-    }(std::make_index_sequence<Count>());
+    callWithEach(std::make_index_sequence<Count>(), function);
 }
 
 } // namespace nsUnrolled

@@ -10,74 +10,85 @@ bool VrexGradientLayout::isKnown(const std::vector<VrexVariable>& parameters) co
     if (parameters.size() != m_entryEnds.size()) {
         return false;
     }
-    std::size_t entry = 0;
+    const std::uint64_t* key = m_entryKeys.data();
+    std::uint64_t differences = 0;
     for (std::size_t i = 0; i < parameters.size(); ++i) {
         const Store& store = parameters[i].derivatives();
-        if (store.size() != m_entryEnds[i] - entry) {
+        if (store.size() != m_entryEnds[i] - firstEntry(i)) {
             return false;
         }
-        for (const Store::Entry& known : store) {
-            if (known.key != m_keys[m_entryPositions[entry]]) {
-                return false;
-            }
-            ++entry;
+        for (const Store::Entry& entry : store) {
+            differences |= entry.key ^ *key++;
         }
     }
-    return true;
+    return differences == 0;
 }
 
 void VrexGradientLayout::learn(const std::vector<VrexVariable>& parameters) {
-    if (isKnown(parameters)) {
-        return;
+    if (!isKnown(parameters)) {
+        *this = make(parameters);
     }
-    VrexGradientLayout learnt;
-    learnt.m_entryEnds.reserve(parameters.size());
+}
+
+VrexGradientLayout VrexGradientLayout::make(const std::vector<VrexVariable>& parameters) {
+    VrexGradientLayout layout;
+    layout.m_entryEnds.reserve(parameters.size());
     boost::unordered_flat_map<std::uint64_t, std::size_t, VrexIDHash> positions;
     for (const VrexVariable& parameter : parameters) {
         for (const Store::Entry& entry : parameter.derivatives()) {
-            const auto [place, isNew] = positions.try_emplace(entry.key, learnt.m_keys.size());
-            if (isNew) {
-                learnt.m_keys.push_back(entry.key);
-            }
-            learnt.m_entryPositions.push_back(place->second);
+            const std::size_t next = layout.m_zeros.size();
+            const std::size_t position = positions.try_emplace(entry.key, next).first->second;
+            layout.m_zeros.resize(std::max(next, position + 1), {entry.key, 0.0});
+            layout.m_entryKeys.push_back(entry.key);
+            layout.m_entryPositions.push_back(position);
         }
-        learnt.m_entryEnds.push_back(learnt.m_entryPositions.size());
+        layout.m_entryEnds.push_back(layout.m_entryPositions.size());
     }
-    learnt.m_ranks.resize(learnt.m_keys.size() + 1);
-    learnt.m_entries.reserve(learnt.m_keys.size() + 1);
-    *this = std::move(learnt);
+    layout.m_ranks.resize(layout.m_zeros.size() + 1, NOWHERE);
+    layout.m_entries.reserve(layout.m_zeros.size() + 1);
+    return layout;
 }
 
 void VrexGradientLayout::clear() {
+    for (const std::size_t position : m_added) {
+        m_ranks[position] = NOWHERE;
+    }
+    m_added.clear();
     m_entries.clear();
-    std::fill(m_ranks.begin(), m_ranks.end(), NOWHERE);
 }
 
 void VrexGradientLayout::add(std::size_t position, std::uint64_t key) {
     if (m_ranks[position] == NOWHERE) {
         m_ranks[position] = m_entries.size();
+        m_added.push_back(position);
         m_entries.push_back({key, 0.0});
     }
 }
 
 void VrexGradientLayout::addParameter(std::size_t parameter) {
     for (std::size_t i = firstEntry(parameter); i < m_entryEnds[parameter]; ++i) {
-        add(m_entryPositions[i], m_keys[m_entryPositions[i]]);
+        add(m_entryPositions[i], m_entryKeys[i]);
     }
 }
 
 void VrexGradientLayout::addKey(std::uint64_t key) {
-    const auto found = std::find(m_keys.begin(), m_keys.end(), key);
-    m_keyPosition = static_cast<std::size_t>(found - m_keys.begin());
+    const auto found = std::find_if(m_zeros.begin(), m_zeros.end(),
+                                    [key](const Store::Entry& entry) { return entry.key == key; });
+    m_keyPosition = static_cast<std::size_t>(found - m_zeros.begin());
     add(m_keyPosition, key);
 }
 
 void VrexGradientLayout::addRest() {
-    for (std::size_t position = 0; position < m_keys.size(); ++position) {
-        if (m_ranks[position] == NOWHERE) {
-            m_entries.push_back({m_keys[position], 0.0});
+    std::sort(m_added.begin(), m_added.end());
+    auto next = m_zeros.cbegin();
+    for (const std::size_t position : m_added) {
+        if (position < m_zeros.size()) {
+            const auto added = m_zeros.cbegin() + static_cast<std::ptrdiff_t>(position);
+            m_entries.insert(m_entries.end(), next, added);
+            next = added + 1;
         }
     }
+    m_entries.insert(m_entries.end(), next, m_zeros.cend());
 }
 
 void VrexGradientLayout::fill(Store& store) const {

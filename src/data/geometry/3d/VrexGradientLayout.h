@@ -39,17 +39,21 @@ public:
 private:
     static constexpr std::size_t NOWHERE = static_cast<std::size_t>(-1);
 
+    static VrexGradientLayout make(const std::vector<VrexVariable>& parameters);
     bool isKnown(const std::vector<VrexVariable>& parameters) const;
     std::size_t firstEntry(std::size_t parameter) const {
         return parameter == 0 ? 0 : m_entryEnds[parameter - 1];
     }
     void add(std::size_t position, std::uint64_t key);
 
-    std::vector<std::uint64_t> m_keys;         ///< Of all parameters, each once.
+    std::vector<Store::Entry> m_zeros;         ///< A zero for each key of all parameters.
     std::vector<std::size_t> m_entryEnds;      ///< Behind the last entry of each parameter, of all entries.
-    std::vector<std::size_t> m_entryPositions; ///< Of all entries, in `m_keys`.
+    std::vector<std::uint64_t> m_entryKeys;    ///< Of all entries.
+    std::vector<std::size_t> m_entryPositions; ///< Of all entries, in `m_zeros`.
 
     std::vector<Store::Entry> m_entries; ///< The layout, with zeros.
-    std::vector<std::size_t> m_ranks; ///< By position in `m_keys`, and one for a foreign key: in the layout.
+    std::vector<std::size_t>
+        m_added; ///< What was added to it: positions in `m_zeros`, its end a foreign key.
+    std::vector<std::size_t> m_ranks; ///< Where each position stands in the layout.
     std::size_t m_keyPosition = 0;
 };

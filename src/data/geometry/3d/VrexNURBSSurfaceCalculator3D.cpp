@@ -92,24 +92,40 @@ void add(WeightedPoint<T>& sum, const WeightedPoint<T>& part, const T& factor) {
     sum.weight += part.weight * factor;
 }
 
-/// `weightedAt(row, column)` is a control point of the net. Columns are summed first, which leaves one point
-/// for each order in u.
+/// One column of the net by derivatives in u, orders 0 to 2.
+template <typename T>
+using Column = std::array<WeightedPoint<T>, Aders<T>::HIGHEST_ORDER + 1>;
+
+/// `weightedAt(row)` is a control point of the column.
+template <typename T, typename WeightedAt>
+Column<T> sumColumn(const Direction<T>& u, const WeightedAt& weightedAt) {
+    Column<T> sums;
+    for (std::size_t r = 0; r < u.count(); ++r) {
+        const WeightedPoint<T> P = weightedAt(u.first() + r);
+        for (std::size_t k = 0; k <= u.order(); ++k) {
+            add(sums[k], P, u.basis(k, r));
+        }
+    }
+    return sums;
+}
+
+template <typename T>
+void addColumn(Aders<T>& aders, const Column<T>& column, std::size_t orderU, const Direction<T>& v,
+               std::size_t s) {
+    for (std::size_t k = 0; k <= orderU; ++k) {
+        for (std::size_t l = 0; l <= v.order(); ++l) {
+            add(aders[3 * k + l], column[k], v.basis(l, s));
+        }
+    }
+}
+
+/// `weightedAt(row, column)` is a control point of the net.
 template <typename T, typename WeightedAt>
 Aders<T> sumControlPoints(const Direction<T>& u, const Direction<T>& v, const WeightedAt& weightedAt) {
     Aders<T> aders;
     for (std::size_t s = 0; s < v.count(); ++s) {
-        std::array<WeightedPoint<T>, Aders<T>::HIGHEST_ORDER + 1> columns;
-        for (std::size_t r = 0; r < u.count(); ++r) {
-            const WeightedPoint<T> P = weightedAt(u.first() + r, v.first() + s);
-            for (std::size_t k = 0; k <= u.order(); ++k) {
-                add(columns[k], P, u.basis(k, r));
-            }
-        }
-        for (std::size_t k = 0; k <= u.order(); ++k) {
-            for (std::size_t l = 0; l <= v.order(); ++l) {
-                add(aders[3 * k + l], columns[k], v.basis(l, s));
-            }
-        }
+        const auto atRow = [&](std::size_t row) { return weightedAt(row, v.first() + s); };
+        addColumn(aders, sumColumn(u, atRow), u.order(), v, s);
     }
     return aders;
 }

@@ -22,15 +22,19 @@ VrexSplineGradient::calculate(const std::vector<VrexVariable>& parameters, const
         }
     }
     if (addZeroDerivatives && d < order) {
-        m_layout.clear();
-        m_layout.addRest();
-        for (std::size_t k = d + 1; k <= order; ++k) {
-            for (int component = 0; component < 3; ++component) {
-                m_layout.fill(result[k][component].derivatives());
-            }
-        }
+        fillWithZeros(std::span(result).subspan(d + 1));
     }
     return result;
+}
+
+void VrexSplineGradient::fillWithZeros(std::span<Vector> vectors) {
+    m_layout.clear();
+    m_layout.addRest();
+    for (Vector& vector : vectors) {
+        m_layout.fill(vector.x().derivatives());
+        m_layout.fill(vector.y().derivatives());
+        m_layout.fill(vector.z().derivatives());
+    }
 }
 
 void VrexSplineGradient::combine(const std::vector<VrexVariable>& parameters, std::size_t order) {

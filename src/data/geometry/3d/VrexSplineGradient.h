@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <vector>
 
 #include "data/VrexVariable.h"
@@ -32,6 +33,8 @@ private:
     void layOut(const VrexVariable& t, std::size_t component, bool addZeroDerivatives);
     void assign(VrexVariable& result, std::size_t k, std::size_t component,
                 const std::vector<VrexVariable>& parameters, const VrexVariable& t) const;
+    /// Lets zero vectors depend on every parameter.
+    void fillWithZeros(std::span<Vector> vectors);
     std::size_t parameterOf(std::size_t j, std::size_t component) const {
         return 3 * m_window.controlIndex(j) + component;
     }

@@ -7,10 +7,6 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <cstdio>
-#include <cstdlib>
-#include <map>
-#include <string>
 #include <vector>
 
 #include <Eigen/Core>
@@ -21,6 +17,7 @@
 #endif
 
 #include "RatioReport.h"
+#include "Workload.h"
 #include "data/VrexQuaternionT.h"
 #include "data/VrexVariable.h"
 #include "data/VrexVector3DT.h"
@@ -172,16 +169,6 @@ double valueOf(const T& number) {
         return number.a;
     } else {
         return number.value();
-    }
-}
-
-/// The variants of a workload compute the same, or the comparison means nothing.
-void expectSameValue(const std::string& name, double value) {
-    static std::map<std::string, double> values;
-    const double first = values.try_emplace(name.substr(0, name.find('/')), value).first->second;
-    if (!(std::fabs(value - first) <= 1e-12 * std::fabs(first))) {
-        std::fprintf(stderr, "%s gives %.17g, its peer %.17g\n", name.c_str(), value, first);
-        std::exit(1);
     }
 }
 

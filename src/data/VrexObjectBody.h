@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 #include "data/VrexObjectAccess.h"
@@ -32,6 +33,7 @@ struct VrexObjectRow;
         return VrexObjectAccess::make<CLASS>(std::as_const(*this));                                          \
     }                                                                                                        \
     void CLASS::restoreFromCopy(const VrexBaseObject& copy) {                                                \
+        static_assert(std::is_final_v<CLASS>, "a cast to a class that others derive from cuts them short");  \
         static_assert(noexcept(*this = std::move(*this)), "a half assigned object would be lost");           \
         CLASS temporary(dynamic_cast<const CLASS&>(copy));                                                   \
         *this = std::move(temporary);                                                                        \

@@ -1,5 +1,9 @@
 #pragma once
 
+// First, though nothing here needs it: GCC takes the functions of doubles for its built-in ones, and so joins
+// a sine and a cosine or makes a root one instruction, only where no overload was declared before them.
+#include <cmath> // IWYU pragma: keep
+
 #include "data/VrexExport.h"
 #include "data/VrexVariable.h"
 

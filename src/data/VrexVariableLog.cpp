@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "data/VrexStandardTexts.h"
+
 namespace {
 
 using enum VrexLogOperationType;
@@ -249,7 +251,7 @@ std::uint64_t VrexVariableLog::priorityOf(VrexLogOperationType operation) {
     }();
     const auto found = priorities.find(operation);
     if (found == priorities.end()) {
-        throw std::out_of_range("invalid unordered_map<K, T> key");
+        throw std::out_of_range(nsStandardTexts::UNORDERED_MAP_KEY);
     }
     return found->second;
 }

@@ -4,7 +4,11 @@
 #include <type_traits>
 
 #include "data/VrexLog.h"
-#include "data/constraint/VrexConstraint.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/geometry/3d/VrexCircle3D.h"
+#include "data/geometry/3d/VrexCone3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexEllipse3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
@@ -13,6 +17,7 @@
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
 #include "data/geometry/3d/VrexSpline3D.h"
+#include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
 VrexVisitor3D::~VrexVisitor3D() = default;

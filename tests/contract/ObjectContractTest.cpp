@@ -8,11 +8,30 @@
 #include <gtest/gtest.h>
 
 #include "data/VrexVariableDescriptor.h"
+#include "support/BodyConstraint.h"
 #include "support/ObjectClasses.h"
 #include "support/ProbeObject.h"
 #include "support/RecordingVisitor.h"
 #include "support/Samples.h"
 #include "support/SmallStack.h"
+
+// A constraint stands in for those that are not there: it has no row of its own.
+template <>
+struct ObjectClass<BodyConstraint> {
+    static constexpr const char* NAME = "BodyConstraint";
+    static constexpr const char* VISIT_NAME = "visitConstraint";
+};
+
+template <>
+std::shared_ptr<BodyConstraint> makeSample() {
+    auto constraint = BodyConstraint::create(5);
+    constraint->addGeometry(makeSample<VrexPoint3D>());
+    constraint->addGeometry(makeSample<VrexLine3D>());
+    constraint->alignment() = VrexConstraintAlignment::Positive;
+    constraint->orientation() = VrexConstraintOrientation::Negative;
+    constraint->status() = VrexConstraintStatus::Regular;
+    return constraint;
+}
 
 namespace {
 
@@ -24,7 +43,7 @@ protected:
     VrexVariableDescriptor firstParameter() const { return {m_object, 0, nullptr}; }
 };
 
-TYPED_TEST_SUITE(ObjectContract, ConcreteObjectClasses);
+TYPED_TEST_SUITE(ObjectContract, ConcreteObjectClasses<BodyConstraint>);
 
 TYPED_TEST(ObjectContract, CopyIsAnEqualObjectOfTheSameClass) {
     this->m_object->setID(17);
@@ -87,6 +106,22 @@ TYPED_TEST(ObjectContract, RestoreKeepsIdentifierAndLabel) {
     this->m_object->restore();
     EXPECT_EQ(this->m_object->getID(), 2U);
     EXPECT_EQ(this->m_object->label(), "new");
+}
+
+TYPED_TEST(ObjectContract, RestoreAndUpdateLeaveTheOwner) {
+    const auto other = this->m_object->makeCopy();
+    this->m_object->backup();
+    const long owners = this->m_object.use_count();
+
+    this->m_object->restore();
+    EXPECT_EQ(this->m_object->shared_from_this(), this->m_object);
+    this->m_object->updateFrom(other);
+    EXPECT_EQ(this->m_object->shared_from_this(), this->m_object);
+    EXPECT_EQ(other->shared_from_this(), other);
+
+    EXPECT_EQ(this->m_object.use_count(), owners);
+    const auto again = this->m_object->shared_from_this();
+    EXPECT_FALSE(again.owner_before(this->m_object) || this->m_object.owner_before(again));
 }
 
 TYPED_TEST(ObjectContract, UpdateTakesParametersAndKeepsIdentifierAndLabel) {

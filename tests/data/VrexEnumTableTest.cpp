@@ -23,6 +23,7 @@
 #include "data/geometry/3d/VrexGeometry3DType.h"
 #include "data/geometry/3d/VrexPattern3DType.h"
 #include "data/geometry/VrexGeometryComponentType.h"
+#include "support/GermanLocale.h"
 #include "support/LogCapture.h"
 
 namespace {
@@ -310,6 +311,16 @@ TEST(VrexEnumTable, ShortNamesAreNeverParsed) {
 }
 
 TEST(VrexEnumTable, TypesCountHasNoText) { expectNoText<VrexGeometry3DType>("enum VrexGeometry3DType", 20); }
+
+TEST(VrexEnumTable, TextsIgnoreTheProcessLocale) {
+    const GermanLocale locale;
+    ASSERT_TRUE(GermanLocale::isSet());
+    EXPECT_STREQ(nsEnum::toText(VrexConstraint3DType::EqualCurvatureDerivative3D),
+                 "EqualCurvatureDerivative3D");
+    EXPECT_EQ(nsEnum::fromText<VrexGeometry3DType>("NurbsSurface3D"), VrexGeometry3DType::NURBS_SURFACE);
+    expectNoText<VrexGeometry3DType>("enum VrexGeometry3DType", 2'000'000);
+    expectNoValue<VrexGeometry3DType>("enum VrexGeometry3DType", "1.234,5");
+}
 
 TEST(VrexEnumTable, FailureIsLoggedWithItsText) {
     const LogCapture log;

@@ -183,7 +183,9 @@ TEST(VrexVariableArithmetic, FormsWithANumberFollowTheirRuleBitForBit) {
     for (const BinaryRow& row : binaryRows()) {
         for (const std::size_t n : sizesTo40()) {
             const Entries entries = run(n, 3, 1, n);
-            for (const auto& [a, c] : valuePairs()) {
+            for (const auto& values : valuePairs()) {
+                const double a = values.first; // no bindings: clang 14 cannot capture them
+                const double c = values.second;
                 const VrexVariable right = row.rightNumber(make(a, entries), c);
                 const VrexVariable left = row.leftNumber(c, make(a, entries));
                 const auto ruleRight = [&](double d) { return row.rightNumberEntry(a, c, d, 0.0); };
@@ -362,7 +364,9 @@ TEST(VrexVariableArithmetic, CompoundFormsWithANumberFollowTheirRuleBitForBit) {
     for (const CompoundRow& row : compoundRows()) {
         for (const std::size_t n : sizesTo40()) {
             const Entries entries = run(n, 3, 1, n);
-            for (const auto& [a, c] : valuePairs()) {
+            for (const auto& values : valuePairs()) {
+                const double a = values.first; // no bindings: clang 14 cannot capture them
+                const double c = values.second;
                 VrexVariable result = make(a, entries);
                 row.applyNumber(result, c);
                 const auto rule = [&](double d) { return row.numberEntry(d, c); };

@@ -6,10 +6,23 @@
 
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
+#include "support/GermanLocale.h"
 #include "support/ProbeConstraint.h"
 #include "support/ProbeObject.h"
 
 namespace {
+
+/// An object whose snapshots have another number of parameters.
+class UnevenProbe : public ProbeObject {
+public:
+    UnevenProbe(std::uint32_t parameterCount, std::uint32_t snapshotCount)
+        : ProbeObject(parameterCount), m_snapshotCount(snapshotCount) {}
+
+    std::shared_ptr<VrexBaseObject> makeCopy() override { return create(m_snapshotCount); }
+
+private:
+    std::uint32_t m_snapshotCount;
+};
 
 TEST(VrexVariableDescriptor, GeneratedNameIsPrefixIdAndIndex) {
     const auto point = VrexPoint3D::create(0.0, 0.0, 0.0);
@@ -93,6 +106,32 @@ TEST(VrexVariableDescriptor, ChangeIsMeasuredAgainstTheBackupStrictly) {
     EXPECT_TRUE(descriptor.checkChanged(0.49));
     variable->setValue(0.25);
     EXPECT_TRUE(descriptor.checkChanged(0.5));
+}
+
+TEST(VrexVariableDescriptor, ParameterThatTheBackupLacksIsUnchanged) {
+    const auto object = std::make_shared<UnevenProbe>(3, 2);
+    object->backup();
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        object->setParameter(i, 5.0);
+    }
+    EXPECT_TRUE(VrexVariableDescriptor(object, 1, nullptr).checkChanged(0.0)) << "in both";
+    EXPECT_FALSE(VrexVariableDescriptor(object, 2, nullptr).checkChanged(0.0));
+    EXPECT_FALSE(VrexVariableDescriptor(object, 3, nullptr).checkChanged(-1.0)) << "in neither";
+}
+
+TEST(VrexVariableDescriptor, ParameterThatOnlyTheBackupHasIsUnchanged) {
+    const auto object = std::make_shared<UnevenProbe>(2, 3);
+    object->backup();
+    EXPECT_TRUE(VrexVariableDescriptor(object, 1, nullptr).checkChanged(-1.0)) << "in both";
+    EXPECT_FALSE(VrexVariableDescriptor(object, 2, nullptr).checkChanged(-1.0));
+}
+
+TEST(VrexVariableDescriptor, GeneratedNameIgnoresTheProcessLocale) {
+    const GermanLocale locale;
+    ASSERT_TRUE(GermanLocale::isSet());
+    const auto point = VrexPoint3D::create(0.0, 0.0, 0.0);
+    point->setID(1'234'567'890'123U);
+    EXPECT_EQ(VrexVariableDescriptor(point, 1'234'567U, nullptr).variableName(), "p1234567890123_1234567");
 }
 
 TEST(VrexVariableDescriptor, ConstraintIsNamedByItsPrefix) {

@@ -94,7 +94,8 @@ TYPED_TEST(VrexVector2DTTest, MayBeScaledByItsOwnComponent) {
     EXPECT_EQ(valuesOf(v), (Values2{1.0, 1.5}));
     v += v;
     EXPECT_EQ(valuesOf(v), (Values2{2.0, 3.0}));
-    v /= v;
+    const auto& same = v; // spelled otherwise, or clang takes it for a slip
+    v /= same;
     EXPECT_EQ(valuesOf(v), (Values2{1.0, 1.0}));
 }
 

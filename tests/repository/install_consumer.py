@@ -6,6 +6,8 @@ usage: install_consumer.py CMAKE BUILD_FOLDER CXX
 
 import os
 import pathlib
+import platform
+import re
 import subprocess
 import sys
 import tempfile
@@ -22,12 +24,28 @@ def run(*command, environment=None):
     return result.stdout
 
 
+def can_fuse():
+    """Whether this processor has fused multiply-add, and the compiler's option for it is -mfma."""
+    info = pathlib.Path("/proc/cpuinfo")
+    return (platform.machine() == "x86_64" and info.exists() and
+            re.search(r"^flags.*\bfma\b", info.read_text(), re.M) is not None)
+
+
+def expect_same_bits(outputs):
+    if len(set(outputs.values())) != 1:
+        sys.exit("install_consumer: formulas depend on how the user compiles\n" +
+                 "".join(f"{name}:\n{text}" for name, text in outputs.items()))
+
+
 def use_by_cmake(cmake, compiler, prefix, folder):
     run(cmake, "-S", CONSUMER, "-B", folder, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
-        f"-DCMAKE_CXX_COMPILER={compiler}", "-DCMAKE_BUILD_TYPE=Debug")
+        f"-DCMAKE_CXX_COMPILER={compiler}", "-DCMAKE_BUILD_TYPE=Debug",
+        f"-DFUSED_VARIANT={'fused' if can_fuse() else ''}")
     run(cmake, "--build", folder)
     run(folder / "consumer")
     run(folder / "tolvbase_consumer")
+    if can_fuse():
+        expect_same_bits({name: run(folder / f"formulas_{name}") for name in ("plain", "fused")})
 
 
 def use_by_pkg_config(compiler, prefix, folder):
@@ -37,6 +55,26 @@ def use_by_pkg_config(compiler, prefix, folder):
         program = folder / f"by_pkg_config_{package}"
         run(compiler, "-std=c++20", CONSUMER / source, "-o", program, *flags.split())
         run(program, environment={"LD_LIBRARY_PATH": str(packages.parent)})
+    if can_fuse():
+        fuse_by_pkg_config(compiler, packages, folder)
+
+
+def fuse_by_pkg_config(compiler, packages, folder):
+    flags = run("pkg-config", "--cflags", "--libs", "vrex.data3d",
+                environment={"PKG_CONFIG_PATH": str(packages)}).split()
+
+    def printed(*options):
+        program = folder / "formulas"
+        run(compiler, "-std=c++20", "-O2", CONSUMER / "formulas.cpp", "-o", program, *flags, *options)
+        return run(program, environment={"LD_LIBRARY_PATH": str(packages.parent)})
+
+    plain = printed()
+    expect_same_bits({"plain": plain, "fused": printed("-mfma")})
+    # Against the package's flag each formula changes: the numbers would have told.
+    against = printed("-mfma", "-ffp-contract=fast")
+    same = set(plain.splitlines()) & set(against.splitlines())
+    if same:
+        sys.exit(f"install_consumer: formulas that fusing does not change prove nothing: {sorted(same)}")
 
 
 def main():
@@ -48,7 +86,8 @@ def main():
         prefix = (folder / "first").rename(folder / "moved")
         use_by_cmake(cmake, compiler, prefix, folder / "build")
         use_by_pkg_config(compiler, prefix, folder)
-    print("install_consumer: found by CMake and by pkg-config, built and run")
+    print("install_consumer: found by CMake and by pkg-config, built and run" +
+          ("" if can_fuse() else "; without fused multiply-add, so its bits were not compared"))
 
 
 if __name__ == "__main__":

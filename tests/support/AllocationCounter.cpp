@@ -12,6 +12,16 @@ std::atomic<std::size_t>& allocations() {
     return count;
 }
 
+std::atomic<std::size_t>& allocatedBytes() {
+    static std::atomic<std::size_t> count{0};
+    return count;
+}
+
+std::size_t withHeader(std::size_t size) {
+    constexpr std::size_t header = 8, step = 16;
+    return (size + header + step - 1) / step * step;
+}
+
 constexpr std::size_t UNLIMITED = std::numeric_limits<std::size_t>::max();
 
 /// The count of allocations from which on they fail.
@@ -24,6 +34,7 @@ void* allocate(std::size_t size) {
     if (++allocations() > limit()) {
         throw std::bad_alloc();
     }
+    allocatedBytes() += withHeader(size);
     if (void* block = std::malloc(size > 0 ? size : 1)) {
         return block;
     }
@@ -39,9 +50,11 @@ void operator delete[](void* block) noexcept { std::free(block); }
 void operator delete(void* block, std::size_t) noexcept { std::free(block); }
 void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
 
-AllocationCounter::AllocationCounter() : m_before(allocations()) {}
+AllocationCounter::AllocationCounter() : m_before(allocations()), m_bytesBefore(allocatedBytes()) {}
 
 std::size_t AllocationCounter::count() const { return allocations() - m_before; }
+
+std::size_t AllocationCounter::bytes() const { return allocatedBytes() - m_bytesBefore; }
 
 AllocationLimit::AllocationLimit(std::size_t allowed) { limit() = allocations() + allowed; }
 

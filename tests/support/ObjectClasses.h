@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "data/VrexVisitor3D.h"
-#include "data/constraint/VrexConstraint.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/geometry/3d/VrexParametricCurve3D.h"
+#include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "support/Samples.h"
 
 /// The name of an object class, and its visit by name.
@@ -42,5 +44,7 @@ using Concrete = decltype(std::tuple_cat(
 
 } // namespace nsObjectClasses
 
-/// Every concrete class that has a row, for typed tests.
-using ConcreteObjectClasses = nsObjectClasses::ToTypes<nsObjectClasses::Concrete>::Type;
+/// Every concrete class that has a row, and `Further` ones, for typed tests.
+template <class... Further>
+using ConcreteObjectClasses = typename nsObjectClasses::ToTypes<decltype(std::tuple_cat(
+    nsObjectClasses::Concrete(), std::tuple<std::type_identity<Further>...>()))>::Type;

@@ -17,7 +17,6 @@ public:
     int doc() const override { return 1; }
 
     using VrexConstraint::addGeometry;
-    using VrexConstraint::areGeometriesChanged;
     using VrexConstraint::eraseGeometry;
     using VrexConstraint::geometries;
     using VrexConstraint::getParameterSize;

@@ -27,12 +27,6 @@ bool VrexBaseDataManager<T>::removeData(std::uint64_t id) {
 }
 
 template <class T>
-std::shared_ptr<T> VrexBaseDataManager<T>::findData(std::uint64_t id) const {
-    const auto found = m_dataMap.find(id);
-    return found != m_dataMap.end() ? found->second : nullptr;
-}
-
-template <class T>
 std::vector<std::uint64_t> VrexBaseDataManager<T>::getDataIdsByOrder() const {
     std::vector<std::uint64_t> ids;
     ids.reserve(m_dataMap.size());

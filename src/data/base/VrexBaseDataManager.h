@@ -33,7 +33,10 @@ public:
     bool addData(const std::shared_ptr<T>& object);
     bool removeData(std::uint64_t id);
     /// Null where nothing is stored.
-    std::shared_ptr<T> findData(std::uint64_t id) const;
+    std::shared_ptr<T> findData(std::uint64_t id) const {
+        const auto found = m_dataMap.find(id);
+        return found != m_dataMap.end() ? found->second : nullptr;
+    }
     const DataMap& getDataMap() const { return m_dataMap; }
     /// The identifiers, rising; sorts at each call.
     std::vector<std::uint64_t> getDataIdsByOrder() const;

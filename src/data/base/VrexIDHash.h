@@ -12,6 +12,9 @@
 struct VrexIDHash {
     std::size_t operator()(std::uint64_t id) const noexcept {
         std::uint64_t high = id >> 24U;
+        if (high == 0) { // spares the usual case two multiplications on the way to its bucket
+            return static_cast<std::size_t>(id);
+        }
         high = (high ^ (high >> 30U)) * 0xBF58476D1CE4E5B9U;
         high = (high ^ (high >> 27U)) * 0x94D049BB133111EBU;
         return static_cast<std::size_t>(id + (high ^ (high >> 31U)));

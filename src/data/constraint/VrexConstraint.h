@@ -41,6 +41,9 @@ public:
 
     /// The bound entities, in order, without the variables.
     std::vector<std::shared_ptr<VrexGeometry>> geomArguments() const;
+    /// Set by `addGeometry`, by `eraseGeometry` and by every update; nothing in this library clears or reads
+    /// it.
+    bool areGeometriesChanged() const { return m_geometriesChanged; }
     /// The constraint that owns this one, null when there is none or it is gone.
     std::shared_ptr<VrexConstraint> getParent() const { return m_parent.lock(); }
     void setParent(const std::shared_ptr<VrexConstraint>& parent) { m_parent = parent; }
@@ -62,9 +65,6 @@ protected:
     std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries() { return m_geometries; }
     /// Reserves room for `capacity` geometries.
     void initGeometry(std::uint64_t capacity);
-    /// Set by `addGeometry`, by `eraseGeometry` and by every update; nothing in this library clears or reads
-    /// it.
-    bool areGeometriesChanged() const { return m_geometriesChanged; }
 
 private:
     bool m_geometriesChanged = false;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/GermanLocale.h"
 #include "support/LogCapture.h"
 
 namespace {
@@ -118,6 +119,17 @@ TEST(VrexLogRecorder, NullFormatAndNullTraceAreEmptyTexts) {
     recorder.setTraceId(nullptr);
     recorder.recordMessage(VrexErrorCode::ID_EXISTED, noFormat);
     EXPECT_STREQ(recorder.getErrorMessage(), "sid:: 3, tid: , [0x30000002]: , ErrorCode: ID_EXISTED.");
+}
+
+TEST(VrexLogRecorder, TextsIgnoreTheProcessLocale) {
+    const GermanLocale locale;
+    ASSERT_TRUE(GermanLocale::isSet());
+    VrexLogRecorder recorder(1'234'567);
+    recorder.recordMessage(VrexErrorCode::VREX_NO_ERROR, "%.1f of %d", 0.5, 1'000'000);
+    EXPECT_STREQ(recorder.getLogMessage(), "sid: 1234567, 0.5 of 1000000");
+    recorder.recordMessage(VrexErrorCode::TOLERANCE_OUTOF_RANGE, "%g", 1.5);
+    EXPECT_STREQ(recorder.getErrorMessage(),
+                 "sid:: 1234567, tid: , [0x30000004]: 1.5, ErrorCode: TOLERANCE_OUTOF_RANGE.");
 }
 
 TEST(VrexLogRecorder, CopyTakesEveryField) {

@@ -6,6 +6,7 @@
 
 namespace {
 
+constexpr int REFUSAL_LINE = __LINE__ + 2;
 bool refuseId(VrexLogRecorder& recorder, long long id) {
     VREX_REFUSE(recorder, VrexErrorCode::ID_INVALID, "No id %lld.", id);
     return false;
@@ -22,6 +23,7 @@ TEST(VrexRefusal, RecordsTheCodeAndLogsTheDecoratedMessageAtLevelTwo) {
     EXPECT_EQ(log.lines()[0].channel, 1U);
     EXPECT_EQ(log.lines()[0].level, 2U);
     EXPECT_EQ(log.lines()[0].file, "VrexRefusalTest.cpp");
+    EXPECT_EQ(log.lines()[0].line, REFUSAL_LINE);
     EXPECT_EQ(log.lines()[0].text, recorder.getErrorMessage());
 }
 

@@ -1,6 +1,8 @@
 #include "data/constraint/VrexConstraint.h"
 
+#include <memory>
 #include <typeinfo>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,11 +11,32 @@
 #include "support/ProbeConstraint.h"
 #include "support/RecordingVisitor.h"
 #include "support/Samples.h"
+#include "support/SmallStack.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// A geometry that owns a constraint.
+class OwningGeometry : public VrexGeometry {
+public:
+    explicit OwningGeometry(std::shared_ptr<VrexConstraint> constraint)
+        : m_constraint(std::move(constraint)) {}
+
+    std::shared_ptr<VrexBaseObject> makeCopy() override {
+        return std::make_shared<OwningGeometry>(m_constraint);
+    }
+    const char* getNamePrefix() const override { return "owner"; }
+    int dof() const override { return 0; }
+
+private:
+    void restoreFromCopy(const VrexBaseObject& copy) override {
+        m_constraint = dynamic_cast<const OwningGeometry&>(copy).m_constraint;
+    }
+
+    std::shared_ptr<VrexConstraint> m_constraint;
+};
 
 TEST(VrexConstraint, NewConstraintIsBlankWithItsBranchesOpen) {
     ProbeConstraint constraint(2);
@@ -155,6 +178,34 @@ TEST(VrexConstraint, CopySharesGeometriesAndParent) {
     const auto copy = std::static_pointer_cast<ProbeConstraint>(constraint->makeCopy());
     EXPECT_THAT(copy->getGeometries(), ElementsAre(point));
     EXPECT_EQ(copy->getParent(), parent);
+}
+
+TEST(VrexConstraint, ChainOfTwoMillionOwnersIsReleasedOnASmallStack) {
+    std::weak_ptr<VrexBaseObject> innermost;
+    runOnSmallStack([&innermost] {
+        auto chain = std::make_shared<ProbeConstraint>();
+        innermost = chain;
+        for (int owners = 0; owners < 2'000'000; owners += 2) {
+            auto next = std::make_shared<ProbeConstraint>();
+            next->addGeometry(std::make_shared<OwningGeometry>(std::move(chain)));
+            chain = std::move(next);
+        }
+        chain.reset();
+    });
+    EXPECT_TRUE(innermost.expired());
+}
+
+TEST(VrexConstraint, ChainOfTwoMillionBackupsIsReleasedOnASmallStack) {
+    const auto point = makeSample<VrexPoint3D>();
+    runOnSmallStack([&point] {
+        auto constraint = std::make_shared<ProbeConstraint>();
+        constraint->addGeometry(point);
+        for (int level = 0; level < 2'000'000; ++level) {
+            constraint->backup();
+        }
+        constraint.reset();
+    });
+    EXPECT_EQ(point.use_count(), 1);
 }
 
 TEST(VrexConstraint, ParentIsHeldWeakly) {

@@ -2,10 +2,11 @@
 
 #include <cstddef>
 
-/// Hidden: how the tables of both caches start. Which near-equal keys share a bucket depends on it.
+/// Hidden: how many buckets the tables of both caches ask for at first. Which near-equal keys share a bucket
+/// depends on it, and on the load factor, which is the containers' own 1.0: to set it, even to that, makes
+/// the library grow the table at the first insertion.
 namespace nsCalculator {
 
 constexpr std::size_t CACHE_BUCKETS = 8;
-constexpr float CACHE_LOAD = 1.0F;
 
 } // namespace nsCalculator

@@ -15,7 +15,6 @@ VrexCacheParametricCurveCalculator3D::VrexCacheParametricCurveCalculator3D(
     if (m_calculator == nullptr) {
         VREX_RAISE(std::invalid_argument, "A cache needs a calculator.");
     }
-    m_entries.max_load_factor(nsCalculator::CACHE_LOAD);
 }
 
 VrexCacheParametricCurveCalculator3D::Derivatives&

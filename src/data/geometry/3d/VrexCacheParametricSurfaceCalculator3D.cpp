@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/VrexLog.h"
+#include "data/VrexStandardTexts.h"
 #include "data/geometry/3d/VrexCacheBuckets.h"
 #include "data/geometry/3d/VrexParametricSurfaceCalculator3D.h"
 
@@ -15,8 +16,6 @@ VrexCacheParametricSurfaceCalculator3D::VrexCacheParametricSurfaceCalculator3D(
     if (m_calculator == nullptr) {
         VREX_RAISE(std::invalid_argument, "A cache needs a calculator.");
     }
-    m_samples.max_load_factor(nsCalculator::CACHE_LOAD);
-    m_normals.max_load_factor(nsCalculator::CACHE_LOAD);
 }
 
 VrexCacheParametricSurfaceCalculator3D::Entry&
@@ -48,8 +47,7 @@ const VrexVector3DT<double>& VrexCacheParametricSurfaceCalculator3D::calculateNo
     }
     const VrexVector3DT<double> normal = m_calculator->calculateNormal(u, v);
     if (!isFindable(key)) {
-        // The wording of the standard library that this text was settled with; others say it differently.
-        VREX_RAISE(std::out_of_range, "invalid unordered_map<K, T> key");
+        VREX_RAISE(std::out_of_range, nsStandardTexts::UNORDERED_MAP_KEY);
     }
     return m_normals.emplace(key, normal).first->second;
 }

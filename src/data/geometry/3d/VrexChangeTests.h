@@ -8,10 +8,17 @@
 /// Hidden: what the change tests of the entities share.
 namespace nsChange {
 
-/// Whether two directions differ by `tolerance` or more in a component.
+/// Whether two directions, zero where they are no longer than `shortest`, differ by `tolerance` or more in a
+/// component.
+inline bool isDirectionChanged(const VrexVector3DT<double>& now, const VrexVector3DT<double>& before,
+                               double shortest, double tolerance) {
+    return !normalized(now, shortest).isEqual(normalized(before, shortest), tolerance);
+}
+
+/// The same with one tolerance for both.
 inline bool isDirectionChanged(const VrexVector3DT<double>& now, const VrexVector3DT<double>& before,
                                double tolerance) {
-    return !normalized(now, tolerance).isEqual(normalized(before, tolerance), tolerance);
+    return isDirectionChanged(now, before, tolerance, tolerance);
 }
 
 /// The direction from a place to where it was before; zero when it moved by no more than `tolerance`, so that

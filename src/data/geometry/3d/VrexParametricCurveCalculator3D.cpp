@@ -4,6 +4,10 @@
 
 #include "data/VrexLog.h"
 #include "data/geometry/3d/VrexCalculatorVisit.h"
+#include "data/geometry/3d/VrexCircle3D.h"
+#include "data/geometry/3d/VrexCircleCalculator3D.h"
+#include "data/geometry/3d/VrexEllipse3D.h"
+#include "data/geometry/3d/VrexEllipseCalculator3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/3d/VrexSplineCalculator3D.h"
@@ -16,6 +20,8 @@ class VrexCurveCalculatorVisitor : public VrexVisitor3D {
 public:
     std::shared_ptr<VrexParametricCurveCalculator3D> takeResult() { return std::move(m_result); }
 
+    void visitCircle3D(VrexCircle3D& circle) override { make<VrexCircleCalculator3D>(circle); }
+    void visitEllipse3D(VrexEllipse3D& ellipse) override { make<VrexEllipseCalculator3D>(ellipse); }
     void visitSpline3D(VrexSpline3D& spline) override { make<VrexSplineCalculator3D>(spline); }
     void visitParametricCurve3D(VrexParametricCurve3D& /*curve*/) override {
         VREX_RAISE(std::runtime_error, "This curve type is unsupported");

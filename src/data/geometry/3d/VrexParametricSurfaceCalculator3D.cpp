@@ -4,9 +4,15 @@
 
 #include "data/VrexLog.h"
 #include "data/geometry/3d/VrexCalculatorVisit.h"
+#include "data/geometry/3d/VrexCone3D.h"
+#include "data/geometry/3d/VrexConeCalculator3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexCylinderCalculator3D.h"
 #include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexNURBSSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
+#include "data/geometry/3d/VrexTorus3D.h"
+#include "data/geometry/3d/VrexTorusCalculator3D.h"
 #include "data/geometry/3d/VrexZeroDerivatives.h"
 
 namespace {
@@ -16,9 +22,12 @@ class VrexSurfaceCalculatorVisitor : public VrexVisitor3D {
 public:
     std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() { return std::move(m_result); }
 
+    void visitCone3D(VrexCone3D& cone) override { make<VrexConeCalculator3D>(cone); }
+    void visitCylinder3D(VrexCylinder3D& cylinder) override { make<VrexCylinderCalculator3D>(cylinder); }
     void visitNURBSSurface3D(VrexNURBSSurface3D& surface) override {
         make<VrexNURBSSurfaceCalculator3D>(surface);
     }
+    void visitTorus3D(VrexTorus3D& torus) override { make<VrexTorusCalculator3D>(torus); }
     void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override {
         VREX_RAISE(std::runtime_error, "This surface type is unsupported");
     }

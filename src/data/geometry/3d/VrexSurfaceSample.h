@@ -15,7 +15,7 @@ public:
     static constexpr std::size_t SIZE = 9;
 
     static constexpr std::size_t index(int orderU, int orderV) {
-        return static_cast<std::size_t>((HIGHEST_ORDER + 1) * orderU + orderV);
+        return (HIGHEST_ORDER + 1) * static_cast<std::size_t>(orderU) + static_cast<std::size_t>(orderV);
     }
 
     T& operator[](std::size_t index) { return m_elements[index]; }

@@ -91,6 +91,11 @@ TEST(VrexGeometry3D, ParameterCountsAreThoseOfTheClass) {
     expectCount(makeSample<VrexLine3D>(), VrexLine3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexPlane3D>(), VrexPlane3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexSphere3D>(), VrexSphere3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexCircle3D>(), VrexCircle3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexEllipse3D>(), VrexEllipse3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexCylinder3D>(), VrexCylinder3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexCone3D>(), VrexCone3D::PARAMETERS_AMOUNT);
+    expectCount(makeSample<VrexTorus3D>(), VrexTorus3D::PARAMETERS_AMOUNT);
     expectCount(makeSample<VrexGeometryVariable>(), VrexGeometryVariable::PARAMETERS_AMOUNT);
 }
 

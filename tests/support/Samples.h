@@ -48,6 +48,55 @@ inline std::shared_ptr<VrexSphere3D> makeSample() {
 }
 
 template <>
+inline std::shared_ptr<VrexCircle3D> makeSample() {
+    auto circle = VrexCircle3D::create({1.0, -2.0, 3.0}, {2.0, -1.0, 2.0}, 1.5);
+    circle->setAllowRadiusSignChange(true);
+    circle->start() = 0.25;
+    circle->end() = 1.5;
+    return circle;
+}
+
+template <>
+inline std::shared_ptr<VrexEllipse3D> makeSample() {
+    auto ellipse = VrexEllipse3D::create({-1.0, 2.0, 0.5}, {0.0, 3.0, 4.0}, {5.0, 0.0, 0.0}, 4.0, 2.5);
+    ellipse->setAllowRadiusSignChange(false);
+    ellipse->start() = -0.5;
+    ellipse->end() = 2.0;
+    return ellipse;
+}
+
+/// Trims all four ends.
+inline void trim(VrexParametricSurface3D& surface) {
+    surface.startU() = 0.125;
+    surface.endU() = 3.0;
+    surface.startV() = -2.0;
+    surface.endV() = 7.0;
+}
+
+template <>
+inline std::shared_ptr<VrexCylinder3D> makeSample() {
+    auto cylinder = VrexCylinder3D::create({3.0, 1.0, -2.0}, {1.0, -2.0, 2.0}, 0.75);
+    cylinder->setAllowRadiusSignChange(true);
+    trim(*cylinder);
+    return cylinder;
+}
+
+template <>
+inline std::shared_ptr<VrexCone3D> makeSample() {
+    auto cone = VrexCone3D::create({0.5, -1.0, 2.0}, {-2.0, 1.0, 2.0}, 0.625);
+    trim(*cone);
+    return cone;
+}
+
+template <>
+inline std::shared_ptr<VrexTorus3D> makeSample() {
+    auto torus = VrexTorus3D::create({1.5, 2.0, -1.0}, {2.0, 2.0, -1.0}, 3.0, 1.25);
+    torus->setAllowRadiusSignChange(false);
+    trim(*torus);
+    return torus;
+}
+
+template <>
 inline std::shared_ptr<VrexSpline3D> makeSample() {
     const auto point = [](double x, double y, double z) { return VrexPoint3D::create(x, y, z); };
     auto spline = VrexSpline3D::create({2,
@@ -75,50 +124,4 @@ inline std::shared_ptr<VrexNURBSSurface3D> makeSample() {
         {1, 2, {0.0, 0.0, 1.5, 3.0, 3.0}, {-1.0, -1.0, -1.0, 1.0, 1.0, 1.0}, {row(0.0), row(1.0), row(2.0)}});
     trim(*surface);
     return surface;
-    inline std::shared_ptr<VrexCircle3D> makeSample() {
-        auto circle = VrexCircle3D::create({1.0, -2.0, 3.0}, {2.0, -1.0, 2.0}, 1.5);
-        circle->setAllowRadiusSignChange(true);
-        circle->start() = 0.25;
-        circle->end() = 1.5;
-        return circle;
-    }
-
-    template <>
-    inline std::shared_ptr<VrexEllipse3D> makeSample() {
-        auto ellipse = VrexEllipse3D::create({-1.0, 2.0, 0.5}, {0.0, 3.0, 4.0}, {5.0, 0.0, 0.0}, 4.0, 2.5);
-        ellipse->setAllowRadiusSignChange(false);
-        ellipse->start() = -0.5;
-        ellipse->end() = 2.0;
-        return ellipse;
-    }
-
-    /// Trims all four ends.
-    inline void trim(VrexParametricSurface3D & surface) {
-        surface.startU() = 0.125;
-        surface.endU() = 3.0;
-        surface.startV() = -2.0;
-        surface.endV() = 7.0;
-    }
-
-    template <>
-    inline std::shared_ptr<VrexCylinder3D> makeSample() {
-        auto cylinder = VrexCylinder3D::create({3.0, 1.0, -2.0}, {1.0, -2.0, 2.0}, 0.75);
-        cylinder->setAllowRadiusSignChange(true);
-        trim(*cylinder);
-        return cylinder;
-    }
-
-    template <>
-    inline std::shared_ptr<VrexCone3D> makeSample() {
-        auto cone = VrexCone3D::create({0.5, -1.0, 2.0}, {-2.0, 1.0, 2.0}, 0.625);
-        trim(*cone);
-        return cone;
-    }
-
-    template <>
-    inline std::shared_ptr<VrexTorus3D> makeSample() {
-        auto torus = VrexTorus3D::create({1.5, 2.0, -1.0}, {2.0, 2.0, -1.0}, 3.0, 1.25);
-        torus->setAllowRadiusSignChange(false);
-        trim(*torus);
-        return torus;
-    }
+}

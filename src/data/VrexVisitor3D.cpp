@@ -55,6 +55,7 @@
 #include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/geometry/3d/VrexGeometrySet3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "data/geometry/3d/VrexPattern3D.h"
@@ -64,6 +65,7 @@
 #include "data/geometry/3d/VrexSphere3D.h"
 #include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
+#include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 

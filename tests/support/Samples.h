@@ -16,12 +16,14 @@
 #include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexPattern3D.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
 #include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
+#include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 
@@ -183,4 +185,32 @@ template <>
 inline std::shared_ptr<VrexExpressionEquation> makeSample() {
     return VrexExpressionEquation::create({{makeSample<VrexGeometryVariable>(), 0, "d"}},
                                           VrexEquationConditionType::greaterThanZero, "2 * d - 1");
+}
+inline std::shared_ptr<VrexSpline3D> makeSample() {
+    const auto point = [](double x, double y, double z) { return VrexPoint3D::create(x, y, z); };
+    auto spline = VrexSpline3D::create({2,
+                                        true,
+                                        {0.0, 1.0, 2.0, 3.5, 4.5, 5.0, 6.0, 7.5, 8.5},
+                                        {{point(1.0, 0.0, 0.5), 1.5},
+                                         {point(0.0, 2.0, 0.0), 0.5},
+                                         {point(-1.0, 0.25, 1.0), 2.0},
+                                         {point(0.0, -2.0, -1.0), 1.25}}});
+    spline->start() = 2.25;
+    spline->end() = 5.75;
+    spline->setInterpolatedPoints({point(3.0, 1.0, 2.0), point(4.0, -1.0, 5.0)});
+    spline->setInterpolatedParameters({0.25, 0.75});
+    return spline;
+}
+
+template <>
+inline std::shared_ptr<VrexNURBSSurface3D> makeSample() {
+    const auto row = [](double x) {
+        return std::vector<VrexSpline3D::ControlPoint>{{VrexPoint3D::create(x, 0.0, 0.5 * x), 1.0 + x},
+                                                       {VrexPoint3D::create(x, 1.0, -1.0), 0.5},
+                                                       {VrexPoint3D::create(x + 0.25, 2.5, x * x), 2.0}};
+    };
+    auto surface = VrexNURBSSurface3D::create(
+        {1, 2, {0.0, 0.0, 1.5, 3.0, 3.0}, {-1.0, -1.0, -1.0, 1.0, 1.0, 1.0}, {row(0.0), row(1.0), row(2.0)}});
+    trim(*surface);
+    return surface;
 }

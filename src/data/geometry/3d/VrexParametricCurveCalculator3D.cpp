@@ -11,6 +11,8 @@
 #include "data/geometry/3d/VrexEvaluatedCurve3D.h"
 #include "data/geometry/3d/VrexEvaluatedCurveCalculator3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
+#include "data/geometry/3d/VrexSpline3D.h"
+#include "data/geometry/3d/VrexSplineCalculator3D.h"
 #include "data/geometry/3d/VrexZeroDerivatives.h"
 
 namespace {
@@ -25,6 +27,7 @@ public:
     void visitEvaluatedCurve3D(VrexEvaluatedCurve3D& curve) override {
         make<VrexEvaluatedCurveCalculator3D>(curve);
     }
+    void visitSpline3D(VrexSpline3D& spline) override { make<VrexSplineCalculator3D>(spline); }
     void visitParametricCurve3D(VrexParametricCurve3D& /*curve*/) override {
         VREX_RAISE(std::runtime_error, "This curve type is unsupported");
     }

@@ -10,6 +10,8 @@
 #include "data/geometry/3d/VrexCylinderCalculator3D.h"
 #include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/geometry/3d/VrexEvaluatedSurfaceCalculator3D.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
+#include "data/geometry/3d/VrexNURBSSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSpinSurfaceCalculator3D.h"
@@ -36,6 +38,9 @@ public:
     }
     void visitSweepSurface3D(VrexSweepSurface3D& surface) override {
         make<VrexSweepSurfaceCalculator3D>(surface);
+    }
+    void visitNURBSSurface3D(VrexNURBSSurface3D& surface) override {
+        make<VrexNURBSSurfaceCalculator3D>(surface);
     }
     void visitTorus3D(VrexTorus3D& torus) override { make<VrexTorusCalculator3D>(torus); }
     void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override {

@@ -126,23 +126,24 @@ T weightedNormOfAll(const Values<T>& v) {
     return sqrt(sum);
 }
 
+/// Three inputs, as an equation of a model has it.
+template <typename T>
+T smallExpression(const Values<T>& v) {
+    using std::cos;
+    using std::sin;
+    using std::sqrt;
+    const T& x = v[0];
+    const T& y = v[1];
+    const T& z = v[2];
+    return x * x + 3.0 * sin(y) - sqrt(x * y + 1.0) / (2.0 + cos(z));
+}
+
 /// Three inputs, arithmetic alone.
 template <typename T>
 T smallPolynomial(const Values<T>& v) {
     const T sum = v[0] * v[1] + v[2] * v[0];
     const T ratio = (sum - v[1]) / (v[2] * v[2] + 1.5);
     return ratio * ratio + sum * 0.5 - v[1] * ratio;
-}
-
-/// Three inputs, as an equation between lengths and angles has it.
-template <typename T>
-T smallExpression(const Values<T>& v) {
-    using std::cos;
-    using std::sin;
-    using std::sqrt;
-    const T side = v[0] * sin(v[1]);
-    const T length = sqrt(v[0] * v[0] + v[2] * v[2]);
-    return side + length - v[2] * cos(v[1]) / v[0];
 }
 
 /// The workloads above through the library's own quaternions and vectors.

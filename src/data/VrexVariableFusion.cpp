@@ -39,6 +39,7 @@ public:
         }
     }
     std::uint64_t count() const { return m_count; }
+    std::uint64_t keyBits() const { return m_seen; }
 
 private:
     void append(std::uint64_t key, double part, unsigned low) {
@@ -86,6 +87,7 @@ public:
                 return;
             }
             m_size = store.size();
+            m_keyBits = store.keyBits();
             m_entries[m_count] = store.begin();
             m_factors[m_count] = term.factor;
             ++m_count;
@@ -98,8 +100,8 @@ public:
             return false;
         }
         result.reserve(m_size);
-        result.resizeForOverwrite(m_size);
-        Entry* const sums = result.begin();
+        result.setFilled(m_size, m_keyBits);
+        Entry* const sums = result.entries();
         for (std::uint64_t i = 0; i < m_size; ++i) {
             double total = m_factors[0] * m_entries[0][i].value;
             for (std::size_t term = 1; term < m_count; ++term) {
@@ -130,6 +132,7 @@ private:
 
     std::size_t m_count = 0;
     std::uint64_t m_size = 0;
+    std::uint64_t m_keyBits = 0;
     std::array<const Entry*, MOST> m_entries;
     std::array<double, MOST> m_factors;
 };
@@ -143,11 +146,11 @@ std::uint64_t countEntries(std::span<const Term> terms) {
 }
 
 void sumInside(Store& result, std::span<const Term> terms) {
-    Accumulator accumulator(result.begin());
+    Accumulator accumulator(result.inside());
     for (const Term& term : terms) {
         accumulator.add(term.operand.derivatives(), term.factor);
     }
-    result.resizeForOverwrite(accumulator.count());
+    result.setFilled(accumulator.count(), accumulator.keyBits());
 }
 
 void sumThroughBuffer(Store& result, std::span<const Term> terms) {
@@ -157,8 +160,8 @@ void sumThroughBuffer(Store& result, std::span<const Term> terms) {
         accumulator.add(term.operand.derivatives(), term.factor);
     }
     result.reserve(accumulator.count());
-    result.resizeForOverwrite(accumulator.count());
-    std::copy_n(sums.data(), accumulator.count(), result.begin());
+    result.setFilled(accumulator.count(), accumulator.keyBits());
+    std::copy_n(sums.data(), accumulator.count(), result.entries());
 }
 
 /// Positions in the result by key.
@@ -171,7 +174,7 @@ void addThroughTable(Store& result, Positions& positions, const Term& term) {
         if (isNew) {
             result.append(entry.key, part);
         } else {
-            result.begin()[place->second].value += part;
+            result.entries()[place->second].value += part;
         }
     }
 }

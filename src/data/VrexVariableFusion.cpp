@@ -137,6 +137,34 @@ private:
     std::array<double, MOST> m_factors;
 };
 
+/// True when the words of keys tell that no key stands in two terms.
+bool areDisjoint(std::span<const Term> terms) {
+    std::uint64_t seen = 0;
+    for (const Term& term : terms) {
+        const std::uint64_t bits = term.operand.derivatives().keyBits();
+        if ((seen & bits) != 0) {
+            return false;
+        }
+        seen |= bits;
+    }
+    return true;
+}
+
+/// The sum of disjoint terms, which bring this many entries together.
+void join(Store& result, std::span<const Term> terms, std::uint64_t count) {
+    result.reserve(count);
+    Entry* target = result.entries();
+    std::uint64_t keyBits = 0;
+    for (const Term& term : terms) {
+        const Store& store = term.operand.derivatives();
+        const double factor = term.factor;
+        target = nsVariableKernels::writeFew(target, store.begin(), store.end(),
+                                             [factor](double d) { return factor * d; });
+        keyBits |= store.keyBits();
+    }
+    result.setFilled(count, keyBits);
+}
+
 std::uint64_t countEntries(std::span<const Term> terms) {
     std::uint64_t count = 0;
     for (const Term& term : terms) {
@@ -194,7 +222,9 @@ VrexVariable nsVariableFusion::linearCombination(double value, std::span<const T
         return result;
     }
     const std::uint64_t entries = countEntries(terms);
-    if (entries <= Store::INLINE_CAPACITY) {
+    if (areDisjoint(terms)) {
+        join(result.derivatives(), terms, entries);
+    } else if (entries <= Store::INLINE_CAPACITY) {
         sumInside(result.derivatives(), terms);
     } else if (entries <= MOST_ENTRIES) {
         sumThroughBuffer(result.derivatives(), terms);

@@ -78,12 +78,23 @@ inline VrexVariable scaled(double value, const VrexVariable& a, double c, const 
     return result;
 }
 
+// What `binary` meets beyond its own loop, each a function that ends in the next one, so that none has to
+// keep anything for after a call.
+
 template <typename Rule>
-[[gnu::noinline]] void combineAndRecord(VrexVariable& result, const VrexVariable& a, const VrexVariable& b,
-                                        VrexLogOperationType operation, Rule rule) {
+[[gnu::noinline]] void combineAny(VrexVariable& result, const VrexVariable& a, const VrexVariable& b,
+                                  VrexLogOperationType operation, Rule rule) {
     combine(result.derivatives(), a.derivatives(), b.derivatives(), rule);
     if (a.hasLog()) {
         VrexVariableLogging::recordBinary(result, a, b, operation);
+    }
+}
+
+template <typename Rule>
+[[gnu::noinline]] void combineOverlap(VrexVariable& result, const VrexVariable& a, const VrexVariable& b,
+                                      VrexLogOperationType operation, Rule rule) {
+    if (!overlayInside(result.derivatives(), a.derivatives(), b.derivatives(), rule)) [[unlikely]] {
+        combineAny(result, a, b, operation, rule);
     }
 }
 
@@ -92,16 +103,18 @@ template <typename Rule>
                                     VrexLogOperationType operation, Rule rule) {
     const auto& left = a.derivatives();
     const auto& right = b.derivatives();
-    if (isPlain(a) && right.isInside()) [[likely]] {
-        if ((right.keyBits() & ~left.keyBits()) == 0 &&
-            combineSubset(result.derivatives(), left, right, rule)) {
-            return;
-        }
-        if (overlayInside(result.derivatives(), left, right, rule)) {
-            return;
-        }
+    if (!isPlain(a) || !right.isInside() || (left.keyBits() & right.keyBits()) == 0) [[unlikely]] {
+        return combineAny(result, a, b, operation, rule);
     }
-    combineAndRecord(result, a, b, operation, rule);
+    if (right.size() == 1 && left.size() < Store::INLINE_CAPACITY) {
+        return combineOneRight(result.derivatives(), left, right, rule);
+    }
+    if (left.size() == 1 && right.size() < Store::INLINE_CAPACITY) {
+        return combineOneLeft(result.derivatives(), left, right, rule);
+    }
+    if ((right.keyBits() & ~left.keyBits()) != 0 || !combineSubset(result.derivatives(), left, right, rule)) {
+        combineOverlap(result, a, b, operation, rule);
+    }
 }
 
 /// A result of two operands, made like the first.

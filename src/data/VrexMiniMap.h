@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 /// A small insertion-ordered table: `N` entries inside the object, more of them in one heap block.
@@ -13,7 +14,7 @@
 /// A word with a bit for each key tells at once that two stores have no key in common, and a count spares the
 /// arithmetic a walk over values on which it would change nothing. Whoever is handed entries to write may
 /// change both, so from then on the word stands for any keys and the count is 0. Entries must not be written
-/// through an iterator or a reference once another operation has changed the store.
+/// through an iterator once another operation has changed the store.
 template <typename K, typename V, std::size_t N, typename = void, typename = void>
 class VrexMiniMap {
 public:
@@ -21,6 +22,7 @@ public:
         K key;
         V value;
     };
+    static_assert(std::is_unsigned_v<K>, "the low bits of a key name its bit in the word");
     static_assert(std::is_trivially_copyable_v<Entry> && std::is_trivially_default_constructible_v<Entry>);
     using iterator = Entry*;
     using const_iterator = const Entry*;
@@ -42,7 +44,7 @@ public:
             resizeForOverwrite(other.m_size);
             m_keyBits = other.m_keyBits;
             m_settled = other.m_settled;
-            copyEntries(first(), other.first(), other.m_size);
+            copyFew(first(), other.first(), other.m_size);
         }
         return *this;
     }
@@ -56,7 +58,7 @@ public:
         return entries();
     }
     [[nodiscard]] const_iterator begin() const noexcept { return first(); }
-    [[nodiscard]] iterator end() noexcept { return first() + m_size; }
+    [[nodiscard]] iterator end() noexcept { return begin() + m_size; }
     [[nodiscard]] const_iterator end() const noexcept { return first() + m_size; }
     /// Count of live entries.
     [[nodiscard]] std::uint64_t size() const noexcept { return m_size; }
@@ -99,12 +101,10 @@ public:
         }
     }
     /// Adds an entry behind the last; `key` must be absent. May move the entries.
-    Entry& append(K key, V value) {
+    void append(K key, V value) {
         resizeForOverwrite(m_size + 1);
         m_keyBits |= keyBit(key);
-        Entry& entry = first()[m_size - 1];
-        entry = Entry{key, value};
-        return entry;
+        first()[m_size - 1] = Entry{key, value};
     }
 
     // For the arithmetic only.
@@ -156,7 +156,7 @@ public:
     }
     /// Appends entries whose keys, which are new, have these bits. There must be room.
     void appendAll(const Entry* source, std::uint64_t count, std::uint64_t keyBits) noexcept {
-        copyEntries(first() + m_size, source, count);
+        copyFew(first() + m_size, source, count);
         m_size += count;
         m_keyBits |= keyBits;
     }
@@ -191,14 +191,17 @@ public:
     }
 
 private:
-    [[nodiscard]] Entry* first() noexcept { return m_heap != nullptr ? m_heap : m_inline; }
-    [[nodiscard]] const Entry* first() const noexcept { return m_heap != nullptr ? m_heap : m_inline; }
     static constexpr std::uint64_t WORD_BITS = 64;
     static constexpr std::uint64_t ANY_KEYS = ~std::uint64_t{0};
 
-    static void copyEntries(Entry* target, const Entry* source, std::uint64_t count) noexcept {
-        // Key and value apart: an entry was mostly written just before in two parts, and a processor that
-        // reads it as a whole would wait until both have reached the memory.
+    [[nodiscard]] Entry* first() noexcept { return m_heap != nullptr ? m_heap : m_inline; }
+    [[nodiscard]] const Entry* first() const noexcept { return m_heap != nullptr ? m_heap : m_inline; }
+    static void copyMany(Entry* target, const Entry* source, std::uint64_t count) noexcept {
+        std::memcpy(target, source, count * sizeof(Entry));
+    }
+    /// Key and value apart: an entry was mostly written just before in two parts, and a processor that reads
+    /// it as a whole would wait until both have reached the memory.
+    static void copyFew(Entry* target, const Entry* source, std::uint64_t count) noexcept {
         for (const Entry* const end = source + count; source != end; ++source, ++target) {
             keepSimple(source);
             target->key = source->key;
@@ -208,7 +211,7 @@ private:
     [[gnu::noinline]] static void release(Entry* block) noexcept { delete[] block; }
     [[gnu::noinline]] void grow(std::uint64_t count) {
         Entry* block = new Entry[count];
-        copyEntries(block, first(), m_size);
+        copyMany(block, first(), m_size);
         if (m_heap != nullptr) {
             release(m_heap);
         }
@@ -216,19 +219,25 @@ private:
         m_capacity = count;
     }
     [[gnu::noinline]] void returnInline(std::uint64_t count) noexcept {
-        copyEntries(m_inline, m_heap, count);
+        copyMany(m_inline, m_heap, count);
         release(m_heap);
         m_heap = nullptr;
         m_capacity = 0;
     }
-    [[gnu::always_inline]] void copyFresh(const VrexMiniMap& other) {
-        if (other.m_size > N) [[unlikely]] {
-            grow(2 * other.m_size);
-        }
+    [[gnu::noinline]] void copyLong(const VrexMiniMap& other) {
+        grow(2 * other.m_size);
         m_size = other.m_size;
+        copyMany(m_heap, other.m_heap, other.m_size);
+    }
+    [[gnu::always_inline]] void copyFresh(const VrexMiniMap& other) {
         m_keyBits = other.m_keyBits;
         m_settled = other.m_settled;
-        copyEntries(first(), other.first(), m_size);
+        if (other.m_size > N) [[unlikely]] {
+            copyLong(other);
+        } else {
+            m_size = other.m_size;
+            copyFew(m_inline, other.first(), other.m_size);
+        }
     }
 
     Entry* m_heap = nullptr; ///< Where the entries live, unless null.

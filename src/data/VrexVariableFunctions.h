@@ -1,5 +1,10 @@
 #pragma once
 
+// Not for a name used here: a compiler that meets the functions below first no longer takes those of the
+// standard library, of the same names, for its own, and calls each instead of writing it as an instruction or
+// two as one.
+#include <cmath> // IWYU pragma: keep
+
 #include "data/VrexExport.h"
 #include "data/VrexVariable.h"
 

@@ -29,15 +29,17 @@ public:
     }
     /// False only for a key that is absent.
     [[nodiscard]] bool mayHold(std::uint64_t key) const { return (m_seen >> (key & 63) & 1) != 0; }
-    /// The position of `key`, or `NOWHERE`.
-    [[nodiscard]] std::size_t find(std::uint64_t key) const { return mayHold(key) ? findHeld(key) : NOWHERE; }
-    /// The same for a key that it may hold. Of the keys that share a slot the slot names the last.
-    [[nodiscard]] std::size_t findHeld(std::uint64_t key) const {
+    /// The position of `key`, or `NOWHERE`. Of the keys that share a slot the slot names the last.
+    [[nodiscard]] std::size_t find(std::uint64_t key) const {
+        if (!mayHold(key)) {
+            return NOWHERE;
+        }
         std::size_t position = m_slots[key & 63];
         while (m_entries[position].key != key) {
-            if (position-- == 0) {
-                break;
+            if (position == 0) {
+                return NOWHERE;
             }
+            --position;
         }
         return position;
     }

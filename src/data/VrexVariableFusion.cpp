@@ -7,6 +7,8 @@
 
 #include <boost/unordered/unordered_flat_map.hpp>
 
+#include "data/VrexVariableKernels.h"
+
 namespace {
 
 using nsVariableFusion::Term;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/VrexVariable.h"
+#include "data/VrexVariableInsideKernels.h"
 #include "data/VrexVariableKernels.h"
 #include "data/VrexVariableLogging.h"
 

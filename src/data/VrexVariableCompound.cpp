@@ -6,17 +6,29 @@
 // then making room in the store. Values are read before anything is written, since the right side may be this
 // variable.
 
-VrexVariable& VrexVariable::operator+=(const VrexVariable& right) {
-    if (m_log != nullptr) [[unlikely]] {
-        VrexVariableLogging::applyCompound(*this, right, VrexLogOperationType::CompoundAdd,
-                                           &VrexVariable::operator+=);
-        return *this;
+namespace {
+
+/// Any sum but the one that `addInPlace` makes.
+[[gnu::noinline]] void addOther(VrexVariable& target, const VrexVariable& right) {
+    if (target.hasLog()) {
+        return VrexVariableLogging::applyCompound(target, right, VrexLogOperationType::CompoundAdd,
+                                                  &VrexVariable::operator+=);
     }
-    const double b = right.m_value;
+    const double value = target.value() + right.value();
     nsVariableKernels::combineInto(
-        m_derivatives, right.m_derivatives, [](double d, double db) { return d + db; },
+        target.derivatives(), right.derivatives(), [](double d, double db) { return d + db; },
         [](double db) { return db; });
-    m_value += b;
+    target.setValue(value);
+}
+
+} // namespace
+
+VrexVariable& VrexVariable::operator+=(const VrexVariable& right) {
+    if (m_log == nullptr && nsVariableKernels::addInPlace(m_derivatives, right.m_derivatives)) [[likely]] {
+        m_value += right.m_value;
+    } else {
+        addOther(*this, right);
+    }
     return *this;
 }
 
@@ -84,9 +96,7 @@ VrexVariable& VrexVariable::operator*=(double right) {
     if (m_log != nullptr) [[unlikely]] {
         VrexVariableLogging::recordCompound(*this, right, VrexLogOperationType::CompoundMultiply);
     }
-    for (Derivatives::Entry& entry : m_derivatives) {
-        entry.value *= right;
-    }
+    nsVariableKernels::update(m_derivatives, [right](double d) { return d * right; });
     m_value *= right;
     return *this;
 }
@@ -95,9 +105,7 @@ VrexVariable& VrexVariable::operator/=(double right) {
     if (m_log != nullptr) [[unlikely]] {
         VrexVariableLogging::recordCompound(*this, right, VrexLogOperationType::CompoundDivide);
     }
-    for (Derivatives::Entry& entry : m_derivatives) {
-        entry.value /= right;
-    }
+    nsVariableKernels::update(m_derivatives, [right](double d) { return d / right; });
     m_value /= right;
     return *this;
 }

@@ -4,7 +4,9 @@
 
 #include "data/VrexVariable.h"
 
-// Factors that stand in brackets of their own in a rule are computed once for all entries.
+// Factors that stand in brackets of their own in a rule are computed once for all entries. Where a function
+// needs two of the standard library's, both get the same local number, so that the compiler may call them as
+// one.
 
 namespace {
 
@@ -71,12 +73,14 @@ VrexVariable log1p(const VrexVariable& a) {
 }
 
 VrexVariable sin(const VrexVariable& a) {
-    return timesFactor(std::sin(a.value()), a, Sin, std::cos(a.value()));
+    const double x = a.value();
+    return timesFactor(std::sin(x), a, Sin, std::cos(x));
 }
 
 VrexVariable cos(const VrexVariable& a) {
-    const double sine = std::sin(a.value());
-    return unary(std::cos(a.value()), a, Cos, [sine](double d) { return sine * -d; });
+    const double x = a.value();
+    const double sine = std::sin(x);
+    return unary(std::cos(x), a, Cos, [sine](double d) { return sine * -d; });
 }
 
 VrexVariable tan(const VrexVariable& a) {

@@ -7,6 +7,8 @@
 
 #include <boost/unordered/unordered_flat_map.hpp>
 
+#include "data/VrexVariableKernels.h"
+
 namespace {
 
 using nsVariableFusion::Term;
@@ -39,6 +41,7 @@ public:
         }
     }
     std::uint64_t count() const { return m_count; }
+    std::uint64_t keyBits() const { return m_seen; }
 
 private:
     void append(std::uint64_t key, double part, unsigned low) {
@@ -86,6 +89,7 @@ public:
                 return;
             }
             m_size = store.size();
+            m_keyBits = store.keyBits();
             m_entries[m_count] = store.begin();
             m_factors[m_count] = term.factor;
             ++m_count;
@@ -98,8 +102,8 @@ public:
             return false;
         }
         result.reserve(m_size);
-        result.resizeForOverwrite(m_size);
-        Entry* const sums = result.begin();
+        result.setFilled(m_size, m_keyBits);
+        Entry* const sums = result.entries();
         for (std::uint64_t i = 0; i < m_size; ++i) {
             double total = m_factors[0] * m_entries[0][i].value;
             for (std::size_t term = 1; term < m_count; ++term) {
@@ -130,9 +134,38 @@ private:
 
     std::size_t m_count = 0;
     std::uint64_t m_size = 0;
+    std::uint64_t m_keyBits = 0;
     std::array<const Entry*, MOST> m_entries;
     std::array<double, MOST> m_factors;
 };
+
+/// True when the words of keys tell that no key stands in two terms.
+bool areDisjoint(std::span<const Term> terms) {
+    std::uint64_t seen = 0;
+    for (const Term& term : terms) {
+        const std::uint64_t bits = term.operand.derivatives().keyBits();
+        if ((seen & bits) != 0) {
+            return false;
+        }
+        seen |= bits;
+    }
+    return true;
+}
+
+/// The sum of disjoint terms, which bring this many entries together.
+void join(Store& result, std::span<const Term> terms, std::uint64_t count) {
+    result.reserve(count);
+    Entry* target = result.entries();
+    std::uint64_t keyBits = 0;
+    for (const Term& term : terms) {
+        const Store& store = term.operand.derivatives();
+        const double factor = term.factor;
+        target = nsVariableKernels::writeFew(target, store.begin(), store.end(),
+                                             [factor](double d) { return factor * d; });
+        keyBits |= store.keyBits();
+    }
+    result.setFilled(count, keyBits);
+}
 
 std::uint64_t countEntries(std::span<const Term> terms) {
     std::uint64_t count = 0;
@@ -143,11 +176,11 @@ std::uint64_t countEntries(std::span<const Term> terms) {
 }
 
 void sumInside(Store& result, std::span<const Term> terms) {
-    Accumulator accumulator(result.begin());
+    Accumulator accumulator(result.inside());
     for (const Term& term : terms) {
         accumulator.add(term.operand.derivatives(), term.factor);
     }
-    result.resizeForOverwrite(accumulator.count());
+    result.setFilled(accumulator.count(), accumulator.keyBits());
 }
 
 void sumThroughBuffer(Store& result, std::span<const Term> terms) {
@@ -157,8 +190,8 @@ void sumThroughBuffer(Store& result, std::span<const Term> terms) {
         accumulator.add(term.operand.derivatives(), term.factor);
     }
     result.reserve(accumulator.count());
-    result.resizeForOverwrite(accumulator.count());
-    std::copy_n(sums.data(), accumulator.count(), result.begin());
+    result.setFilled(accumulator.count(), accumulator.keyBits());
+    std::copy_n(sums.data(), accumulator.count(), result.entries());
 }
 
 /// Positions in the result by key.
@@ -171,7 +204,7 @@ void addThroughTable(Store& result, Positions& positions, const Term& term) {
         if (isNew) {
             result.append(entry.key, part);
         } else {
-            result.begin()[place->second].value += part;
+            result.entries()[place->second].value += part;
         }
     }
 }
@@ -191,7 +224,9 @@ VrexVariable nsVariableFusion::linearCombination(double value, std::span<const T
         return result;
     }
     const std::uint64_t entries = countEntries(terms);
-    if (entries <= Store::INLINE_CAPACITY) {
+    if (areDisjoint(terms)) {
+        join(result.derivatives(), terms, entries);
+    } else if (entries <= Store::INLINE_CAPACITY) {
         sumInside(result.derivatives(), terms);
     } else if (entries <= MOST_ENTRIES) {
         sumThroughBuffer(result.derivatives(), terms);

@@ -11,8 +11,8 @@ namespace nsVariableKernels {
 /// Length of the longest common run of keys at the front of both stores.
 inline std::uint64_t commonPrefix(const Store& a, const Store& b) {
     const std::uint64_t count = a.size() < b.size() ? a.size() : b.size();
-    const Store::Entry* left = a.begin();
-    const Store::Entry* right = b.begin();
+    const Store::Entry* left = a.entries();
+    const Store::Entry* right = b.entries();
     std::uint64_t i = 0;
     while (i < count && left[i].key == right[i].key) {
         ++i;
@@ -26,11 +26,11 @@ template <typename Update, typename Append>
                                                   const Append& appended) {
     const std::uint64_t common = commonPrefix(store, b);
     const std::uint64_t before = store.size();
-    const Store::Entry* right = b.begin();
-    const VrexVariableKeyMatch match(store.begin() + common, before - common, right + common,
+    const Store::Entry* right = b.entries();
+    const VrexVariableKeyMatch match(store.entries() + common, before - common, right + common,
                                      b.size() - common);
     store.reserveForAppending(match.rest().size());
-    Store::Entry* target = store.begin();
+    Store::Entry* target = store.entries();
     for (std::uint64_t i = 0; i < common; ++i) {
         target[i].value = update(target[i].value, right[i].value);
     }
@@ -52,24 +52,47 @@ inline void updateAlone(Store::Entry* entry, const Store::Entry* end, const Upda
     }
 }
 
+/// `combineInto` for stores without a common key.
+template <typename Update, typename Append>
+inline void appendInto(Store& store, const Store& b, const Update& update, const Append& appended) {
+    const std::uint64_t before = store.size();
+    store.reserveForAppending(b.size());
+    store.resizeForOverwrite(before + b.size());
+    Store::Entry* const entries = store.entries();
+    updateAlone(entries, entries + before, update);
+    write(entries + before, b.entries(), b.size(), appended);
+    store.addKeyBits(b.keyBits());
+}
+
+/// The sum in place of stores of which the word of keys tells that they have none in common, when `store` has
+/// the room. Otherwise gives false and leaves `store` alone.
+inline bool addInPlace(Store& store, const Store& b) {
+    if ((store.keyBits() & b.keyBits()) != 0 || store.size() + b.size() > store.room()) {
+        return false;
+    }
+    store.settle();
+    store.appendAll(b.entries(), b.size(), b.keyBits());
+    return true;
+}
+
 /// `combineInto` for a right store of some entries, at most 64, more than the `common` ones.
 template <typename Update, typename Append>
 inline void combineSomeInto(Store& store, const Store& b, std::uint64_t common, const Update& update,
                             const Append& appended) {
     const std::uint64_t before = store.size();
     const std::uint64_t rightCount = b.size() - common;
-    const Store::Entry* right = b.begin();
+    const Store::Entry* right = b.entries();
     const VrexVariableKeyIndex index(right + common, rightCount);
     const std::uint64_t room =
         store.capacity() > Store::INLINE_CAPACITY ? store.capacity() : Store::INLINE_CAPACITY;
     if (before + rightCount > room) {
         std::uint64_t rest = rightCount;
         for (std::uint64_t i = common; i < before; ++i) {
-            rest -= index.find(store.begin()[i].key) != VrexVariableKeyIndex::NOWHERE ? 1 : 0;
+            rest -= index.find(store.entries()[i].key) != VrexVariableKeyIndex::NOWHERE ? 1 : 0;
         }
         store.reserveForAppending(rest);
     }
-    Store::Entry* target = store.begin();
+    Store::Entry* target = store.entries();
     for (std::uint64_t i = 0; i < common; ++i) {
         target[i].value = update(target[i].value, right[i].value);
     }
@@ -100,16 +123,16 @@ template <typename Update, typename Append>
 inline void combineOneInto(Store& store, const Store& b, std::uint64_t common, const Update& update,
                            const Append& appended) {
     const std::uint64_t before = store.size();
-    const Store::Entry* const right = b.begin();
+    const Store::Entry* const right = b.entries();
     const Store::Entry& one = right[common];
     std::uint64_t position = common;
-    while (position < before && store.begin()[position].key != one.key) {
+    while (position < before && store.entries()[position].key != one.key) {
         ++position;
     }
     if (position == before) {
         store.append(one.key, appended(one.value));
     }
-    Store::Entry* const entries = store.begin();
+    Store::Entry* const entries = store.entries();
     for (std::uint64_t i = 0; i < common; ++i) {
         entries[i].value = update(entries[i].value, right[i].value);
     }
@@ -124,15 +147,18 @@ inline void combineOneInto(Store& store, const Store& b, std::uint64_t common, c
 /// that only `b` has is appended with appended(db). `b` may be `store`. Nothing has changed when it throws.
 template <typename Update, typename Append>
 inline void combineInto(Store& store, const Store& b, const Update& update, const Append& appended) {
+    if ((store.keyBits() & b.keyBits()) == 0) {
+        return appendInto(store, b, update, appended);
+    }
     const std::uint64_t common = commonPrefix(store, b);
     const std::uint64_t rightCount = b.size() - common;
     if (rightCount == 0) {
-        Store::Entry* const entries = store.begin();
-        const Store::Entry* const right = b.begin();
+        Store::Entry* const entries = store.entries();
+        const Store::Entry* const right = b.entries();
         for (std::uint64_t i = 0; i < common; ++i) {
             entries[i].value = update(entries[i].value, right[i].value);
         }
-        updateAlone(entries + common, store.end(), update);
+        updateAlone(entries + common, entries + store.size(), update);
     } else if (rightCount == 1) {
         combineOneInto(store, b, common, update, appended);
     } else if (rightCount <= VrexVariableKeyIndex::MOST) {

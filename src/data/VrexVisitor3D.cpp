@@ -64,8 +64,8 @@
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSphere3D.h"
 #include "data/geometry/3d/VrexSpinSurface3D.h"
-#include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexSpline3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 

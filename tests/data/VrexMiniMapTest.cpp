@@ -1,6 +1,8 @@
 #include "data/VrexMiniMap.h"
 
+#include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <type_traits>
 #include <utility>
 
@@ -38,7 +40,8 @@ bool livesInside(const Map& map) {
 
 TEST(VrexMiniMap, HoldsHeapInlineSizeAndCapacityInThisOrder) {
     static_assert(std::is_same_v<Map, VrexMiniMap<std::uint64_t, double, 10, void, void>>);
-    static_assert(sizeof(Map::Entry) == 16 && sizeof(Map) == 8 + 10 * 16 + 8 + 8);
+    // Behind them stand two words of the arithmetic's own.
+    static_assert(sizeof(Map::Entry) == 16 && sizeof(Map) == 8 + 10 * 16 + 8 + 8 + 16);
     const Map map = filled(3);
     const auto* words = reinterpret_cast<const std::uint64_t*>(&map);
     EXPECT_EQ(words[0], 0U);
@@ -215,4 +218,77 @@ TEST(VrexMiniMap, ReservingForAppendingGivesTheCapacityThatAppendingWouldGive) {
             expectFilled(reserved, before);
         }
     }
+}
+
+TEST(VrexMiniMap, TheWordOfKeysHoldsTheBitOfEachKey) {
+    Map map;
+    EXPECT_EQ(map.keyBits(), 0U);
+    map.append(3, 1.0);
+    map.set(64 + 5, 1.0);
+    map.set(3, 2.0);
+    EXPECT_EQ(map.keyBits(), 1U << 3U | 1U << 5U);
+    const Map copy(map);
+    EXPECT_EQ(copy.keyBits(), map.keyBits());
+    Map assigned = filled(12);
+    assigned = map;
+    EXPECT_EQ(assigned.keyBits(), map.keyBits());
+    map.resize(3);
+    EXPECT_EQ(map.keyBits(), 1U << 3U | 1U << 5U | 1U); // the new entry has key 0
+}
+
+TEST(VrexMiniMap, TheWordOfKeysStandsForAnyKeysOnceEntriesMayBeWritten) {
+    const auto bitsAfter = [](auto&& use) {
+        Map map = filled(2);
+        use(map);
+        return map.keyBits();
+    };
+    const std::uint64_t any = ~std::uint64_t{0};
+    EXPECT_EQ(bitsAfter([](Map& map) { map.begin()->key = 7; }), any);
+    EXPECT_EQ(bitsAfter([](Map& map) { std::prev(map.end())->key = 7; }), any);
+    EXPECT_EQ(bitsAfter([](Map& map) { map.find(99)->key = 7; }), any);
+    EXPECT_NE(bitsAfter([](const Map& map) { return map.begin()->key; }), any);
+    EXPECT_NE(bitsAfter([](const Map& map) { return map.find(99)->key; }), any);
+}
+
+TEST(VrexMiniMap, SettlingClearsTheSignOfEveryZero) {
+    for (const std::uint64_t count : {3U, 14U}) {
+        Map map = filled(count);
+        map.set(100, -0.0);
+        map.append(7, -0.0);
+        map.settle();
+        EXPECT_FALSE(std::signbit(map[100]));
+        EXPECT_FALSE(std::signbit(map[7]));
+        EXPECT_EQ(map[99], 0.5);
+    }
+}
+
+TEST(VrexMiniMap, ValuesWrittenAfterSettlingAreSettledAgain) {
+    const auto settledAfter = [](auto&& write) {
+        Map map = filled(4);
+        map.settle();
+        write(map);
+        map.settle();
+        for (const Map::Entry& entry : static_cast<const Map&>(map)) {
+            EXPECT_FALSE(std::signbit(entry.value)) << entry.key;
+        }
+    };
+    settledAfter([](Map& map) { map.begin()[1].value = -0.0; });
+    settledAfter([](Map& map) { map.find(98)->value = -0.0; });
+    settledAfter([](Map& map) { map.set(99, -0.0); });
+    settledAfter([](Map& map) { map.append(3, -0.0); });
+    settledAfter([](Map& map) { std::prev(map.end())->value = -0.0; });
+    settledAfter([](Map& map) { map.entries()[2].value = -0.0; });
+    settledAfter([](Map& map) {
+        Map other = filled(2);
+        other.set(99, -0.0);
+        map = other;
+    });
+    settledAfter([](Map& map) {
+        map.resize(2);
+        map.append(3, -0.0);
+    });
+    settledAfter([](Map& map) {
+        const Map::Entry entry{3, -0.0};
+        map.appendAll(&entry, 1, Map::keyBit(3));
+    });
 }

@@ -360,6 +360,43 @@ TEST(VrexVariableArithmetic, ACompoundFormUpdatesTheKeysThatTheRightSideLacks) {
     }
 }
 
+TEST(VrexVariableArithmetic, ASumThatGrowsKeyByKeyClearsTheSignOfZerosAtEachStep) {
+    for (const std::size_t count :
+         {4U, 9U, 40U}) { // inside, then on the heap, then with keys that share a bit
+        VrexVariable sum(0.5);
+        Entries expected;
+        for (std::size_t i = 0; i < count; ++i) {
+            sum += make(0.0, {{3 * i, -0.0}});
+            for (auto& [key, d] : expected) {
+                d = d + 0.0;
+            }
+            expected.emplace_back(3 * i, -0.0);
+            ASSERT_TRUE(sameResult(sum, 0.5, expected)) << i;
+            if (i % 3 == 1) { // makes zeros negative that are settled
+                sum *= -1.0;
+                sum += 1.0;
+                for (auto& [key, d] : expected) {
+                    d = d * -1.0;
+                }
+            }
+        }
+    }
+}
+
+TEST(VrexVariableArithmetic, KeysChangedThroughAnIteratorAreFound) {
+    VrexVariable a = make(2.0, {{1, 1.0}, {2, 3.0}});
+    const VrexVariable b = make(0.5, {{70, 5.0}});
+    a.derivatives().begin()[1].key = 70;
+    EXPECT_TRUE(sameResult(a + b, 2.5, {{1, 1.0}, {70, 8.0}}));
+    EXPECT_TRUE(sameResult(b + a, 2.5, {{70, 8.0}, {1, 1.0}}));
+    VrexVariable sum = a;
+    sum += b;
+    EXPECT_TRUE(sameResult(sum, 2.5, {{1, 1.0}, {70, 8.0}}));
+    VrexVariable other = b;
+    other += a;
+    EXPECT_TRUE(sameResult(other, 2.5, {{70, 8.0}, {1, 1.0}}));
+}
+
 TEST(VrexVariableArithmetic, CompoundFormsWithANumberFollowTheirRuleBitForBit) {
     for (const CompoundRow& row : compoundRows()) {
         for (const std::size_t n : sizesTo40()) {

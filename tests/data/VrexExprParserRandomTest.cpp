@@ -84,7 +84,7 @@ private:
         }
         std::string text = name + blanks() + "(";
         for (std::size_t i = 0, all = arguments != 0 ? arguments : count; i < all; ++i) {
-            text += (i > 0 ? "," : "") + expression();
+            text.append(i > 0 ? "," : "").append(expression());
         }
         return text + ")";
     }

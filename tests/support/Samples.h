@@ -186,6 +186,8 @@ inline std::shared_ptr<VrexExpressionEquation> makeSample() {
     return VrexExpressionEquation::create({{makeSample<VrexGeometryVariable>(), 0, "d"}},
                                           VrexEquationConditionType::greaterThanZero, "2 * d - 1");
 }
+
+template <>
 inline std::shared_ptr<VrexSpline3D> makeSample() {
     const auto point = [](double x, double y, double z) { return VrexPoint3D::create(x, y, z); };
     auto spline = VrexSpline3D::create({2,

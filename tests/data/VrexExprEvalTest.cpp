@@ -215,6 +215,14 @@ TEST(VrexExprEval, DifferentiableComparisonAtEqualityHasTwiceTheOppositeSlope) {
     EXPECT_EQ(parsed("x > 2", {x})->evalVar().value(), 0.0);
 }
 
+TEST(VrexExprEval, DifferentiableArcTangentHasItsOwnRule) {
+    const auto x = VrexVar::create("x", 2.0);
+    x->derivatives().set(0, 1.0);
+    const Expr tree = parsed("atan(x)", {x});
+    EXPECT_DOUBLE_EQ(tree->evalVar().derivatives()[0], 1.0 / std::sqrt(5.0));
+    EXPECT_DOUBLE_EQ(tree->deriv(x)->eval(), 0.2);
+}
+
 TEST(VrexExprEval, DifferentiableRemainderHasItsOwnRule) {
     const auto x = VrexVar::create("x", 7.0);
     x->derivatives().set(0, 1.0);

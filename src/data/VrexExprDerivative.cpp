@@ -236,7 +236,7 @@ private:
     Expr combineTwo(const VrexExpr& node) {
         const Expr second = take();
         const Expr first = take();
-        if (first == nullptr || second == nullptr) {
+        if (first == nullptr || second == nullptr || node.left == nullptr) {
             return nullptr;
         }
         return node.op == Op::If ? ifThenElse(node.left, first, second)

@@ -8,6 +8,9 @@
 
 namespace {
 
+/// Exponents beyond count as this one, which is more than any text has digits.
+constexpr std::int64_t LARGEST_EXPONENT = std::int64_t{1} << 62;
+
 /// Whether a number that no double holds is too large; otherwise it is too small.
 ///
 /// Decides by the place of the first digit that is not 0: n places before the point for n > 0, with the
@@ -24,11 +27,10 @@ bool isTooLarge(std::string_view number) {
     std::string_view exponent = number.substr(exponentAt + 1);
     const bool isNegative = exponent.starts_with('-');
     exponent.remove_prefix(isNegative || exponent.starts_with('+') ? 1 : 0);
-    std::int64_t size = 0;
-    const auto [end, failure] = std::from_chars(exponent.data(), exponent.data() + exponent.size(), size);
-    if (failure == std::errc::result_out_of_range) {
-        return !isNegative;
-    }
+    // Stays as it is where the conversion finds more than it can hold.
+    std::int64_t size = LARGEST_EXPONENT;
+    std::from_chars(exponent.data(), exponent.data() + exponent.size(), size);
+    size = std::min(size, LARGEST_EXPONENT);
     return place + (isNegative ? -size : size) > 0;
 }
 

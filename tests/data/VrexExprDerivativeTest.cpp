@@ -129,6 +129,25 @@ TEST(VrexExprDerivative, EachRuleAgreesWithADifference) {
     }
 }
 
+TEST(VrexExprDerivative, ComparisonsThatNoTextHasAreDifferentiatedAsTheStrictOnes) {
+    const auto x = VrexVar::create("x", 0.3);
+    const Expr low = sin(variable(x));
+    const Expr high = exp(variable(x));
+    const auto derivativeOf = [&](Op op, const Expr& a, const Expr& b) {
+        return VrexExpr::create(op, a, b)->deriv(x);
+    };
+    EXPECT_EQ(derivativeOf(Op::GreaterEqual, low, high)->toString(),
+              "sign(sin(x) - exp(x)) * (cos(x) - exp(x)) - (cos(x) - exp(x))");
+    EXPECT_EQ(derivativeOf(Op::LessEqual, low, high)->toString(),
+              "sign(sin(x) - exp(x)) * (cos(x) - exp(x)) - (exp(x) - cos(x))");
+    // Where they are violated 2 (b - a) and 2 (a - b), else 0.
+    const double slope = 2.0 * (std::exp(0.3) - std::cos(0.3));
+    EXPECT_DOUBLE_EQ(derivativeOf(Op::GreaterEqual, low, high)->eval(), slope);
+    EXPECT_EQ(derivativeOf(Op::GreaterEqual, high, low)->eval(), 0.0);
+    EXPECT_DOUBLE_EQ(derivativeOf(Op::LessEqual, high, low)->eval(), slope);
+    EXPECT_EQ(derivativeOf(Op::LessEqual, low, high)->eval(), 0.0);
+}
+
 TEST(VrexExprDerivative, NormHasTheDerivativeOfItsOperandButAtZero) {
     const auto x = VrexVar::create("x", -2.0);
     const Expr tree = parsed("norm(x)", {x});
@@ -228,6 +247,11 @@ TEST(VrexExprDerivative, MissingOperandHasNone) {
         (VrexExpr::getArgumentsNumber(op) == 1 ? node->left : node->right) = nullptr;
         const bool isFlat = op == Op::Sign || op == Op::Mod;
         EXPECT_EQ(node->deriv(x), isFlat ? VrexExpr::zero() : nullptr) << static_cast<int>(op);
+    }
+    for (const auto operand : {&VrexExpr::left, &VrexExpr::right, &VrexExpr::third}) {
+        const Expr choice = ifThenElse(variable(x), variable(x), variable(x));
+        (*choice).*operand = nullptr;
+        EXPECT_EQ(choice->deriv(x), nullptr);
     }
 }
 

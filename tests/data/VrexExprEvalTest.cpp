@@ -70,6 +70,32 @@ TEST(VrexExprEval, EachCodeFollowsItsFormulaBitForBit) {
     }
 }
 
+TEST(VrexExprEval, EachCodeFollowsItsFormulaForDifferentiableValues) {
+    std::vector<Op> ops = unaryOps();
+    ops.insert(ops.end(), binaryOps().begin(), binaryOps().end());
+    for (const double a : points()) {
+        for (const double b : points()) {
+            const auto x = VrexVar::create("x", a);
+            const auto y = VrexVar::create("y", b);
+            x->derivatives().set(4, 0.5);
+            x->derivatives().set(2, 3.0);
+            y->derivatives().set(2, -1.5);
+            const Expr constant = VrexExpr::create(b);
+            for (const Op op : ops) {
+                const bool isBinary = VrexExpr::getArgumentsNumber(op) == 2;
+                for (const Expr& second : {variable(y), constant}) {
+                    const Expr node = VrexExpr::create(op, variable(x), isBinary ? second : nullptr);
+                    ASSERT_TRUE(isSameVariable(node->evalVar(), nsNaive::evalVar(*node)))
+                        << node->toString() << " at " << a << ", " << b;
+                    const Expr turned = VrexExpr::create(op, second, isBinary ? variable(x) : nullptr);
+                    ASSERT_TRUE(isSameVariable(turned->evalVar(), nsNaive::evalVar(*turned)))
+                        << turned->toString() << " at " << b << ", " << a;
+                }
+            }
+        }
+    }
+}
+
 TEST(VrexExprEval, DivisionByNextToNothingIsTheLargestDouble) {
     EXPECT_EQ(evalOf(Op::Div, 5.0, 0.0), LARGEST);
     EXPECT_EQ(evalOf(Op::Div, -5.0, 0.0), LARGEST);
@@ -112,6 +138,11 @@ TEST(VrexExprEval, SignIsZeroAtZeroButNotForDifferentiableValues) {
 TEST(VrexExprEval, FresnelIntegralsAreZeroAtZero) {
     EXPECT_EQ(evalOf(Op::Sfres, 0.0), 0.0);
     EXPECT_EQ(evalOf(Op::Cfres, 0.0), 0.0);
+    // The differentiable sign of 0 is -1.
+    const double differentiable = parsed("sfres(0)")->evalVar().value();
+    EXPECT_EQ(differentiable, 0.0);
+    EXPECT_TRUE(std::signbit(differentiable));
+    EXPECT_FALSE(std::signbit(evalOf(Op::Sfres, 0.0)));
 }
 
 TEST(VrexExprEval, FresnelIntegralsAreNearTheTrueOnesAndOdd) {
@@ -182,6 +213,14 @@ TEST(VrexExprEval, DifferentiableComparisonAtEqualityHasTwiceTheOppositeSlope) {
     x->derivatives().set(0, 1.0);
     EXPECT_EQ(parsed("x > 2", {x})->evalVar().derivatives()[0], -2.0);
     EXPECT_EQ(parsed("x > 2", {x})->evalVar().value(), 0.0);
+}
+
+TEST(VrexExprEval, DifferentiableArcTangentHasItsOwnRule) {
+    const auto x = VrexVar::create("x", 2.0);
+    x->derivatives().set(0, 1.0);
+    const Expr tree = parsed("atan(x)", {x});
+    EXPECT_DOUBLE_EQ(tree->evalVar().derivatives()[0], 1.0 / std::sqrt(5.0));
+    EXPECT_DOUBLE_EQ(tree->deriv(x)->eval(), 0.2);
 }
 
 TEST(VrexExprEval, DifferentiableRemainderHasItsOwnRule) {

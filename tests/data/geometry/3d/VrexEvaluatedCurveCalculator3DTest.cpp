@@ -1,6 +1,7 @@
 #include "data/geometry/3d/VrexEvaluatedCurveCalculator3D.h"
 
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 
 #include <gtest/gtest.h>
@@ -126,6 +127,18 @@ TEST(VrexEvaluatedCurveCalculator3D, NegativeOrderGivesNothing) {
     EXPECT_TRUE(curve->evaluate(parameters, VrexVariable(0.5), -7).empty());
 }
 
+TEST(VrexEvaluatedCurveCalculator3D, HugeOrderThrows) {
+    const auto curve =
+        VrexEvaluatedCurve3D::create({0.0, 0.0, 0.0}, Quaternion::ONE(), {}, "t", "t * t", "1");
+    const std::vector<VrexVariable> parameters(VrexEvaluatedCurve3D::PARAMETERS_AMOUNT);
+    for (const int order : {100'001, std::numeric_limits<int>::max()}) {
+        EXPECT_THROW(static_cast<void>(curve->evaluate(0.5, order)), std::invalid_argument);
+        EXPECT_THROW(static_cast<void>(curve->evaluate(parameters, VrexVariable(0.5), order)),
+                     std::invalid_argument);
+    }
+    EXPECT_EQ(curve->evaluate(0.5, 1000).size(), 1001U);
+}
+
 TEST(VrexEvaluatedCurveCalculator3D, TooFewParametersThrow) {
     const auto curve = makeSample<VrexEvaluatedCurve3D>();
     const std::vector<VrexVariable> parameters(VrexEvaluatedCurve3D::PARAMETERS_AMOUNT + 1);
@@ -134,7 +147,12 @@ TEST(VrexEvaluatedCurveCalculator3D, TooFewParametersThrow) {
 
 TEST(VrexEvaluatedCurveCalculator3D, MissingOrWrongExpressionThrowsAfterALogLine) {
     const auto curve = VrexEvaluatedCurve3D::create({0.0, 0.0, 0.0}, Quaternion::ONE());
-    EXPECT_THROW(static_cast<void>(curve->evaluate(0.5, 0)), std::runtime_error) << "no expressions";
+    try {
+        static_cast<void>(curve->evaluate(0.5, 0));
+        ADD_FAILURE() << "no expressions";
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "The expression is not parsed.");
+    }
     ASSERT_TRUE(curve->setX("t") && curve->setY("t"));
     EXPECT_THROW(static_cast<void>(curve->evaluate(0.5, 0)), std::runtime_error) << "no third expression";
     ASSERT_FALSE(curve->setZ("t +"));

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/CalculatorChecks.h"
 #include "support/ExpectShapeDerivatives.h"
 #include "support/LogCapture.h"
 #include "support/RandomShapes.h"
@@ -124,6 +125,12 @@ TEST(VrexEvaluatedCurveCalculator3D, NegativeOrderGivesNothing) {
     EXPECT_TRUE(curve->evaluate(0.5, -1).empty());
     const std::vector<VrexVariable> parameters(9);
     EXPECT_TRUE(curve->evaluate(parameters, VrexVariable(0.5), -7).empty());
+}
+
+TEST(VrexEvaluatedCurveCalculator3D, TooHighAnOrderThrows) {
+    const auto curve = makeSample<VrexEvaluatedCurve3D>();
+    nsCalculatorChecks::expectTooHighOrder(*curve, VrexEvaluatedCurve3D::PARAMETERS_AMOUNT +
+                                                       curve->descriptors().size());
 }
 
 TEST(VrexEvaluatedCurveCalculator3D, TooFewParametersThrow) {

@@ -66,6 +66,25 @@ TEST(VrexParametricCurveCalculator3D, ZeroDerivativesListEveryParameter) {
     }
 }
 
+TEST(VrexParametricCurveCalculator3D, ZeroDerivativesListRepeatedParametersOnce) {
+    // Five keys at a time, most of them known: past the few that are looked through one by one.
+    for (const std::size_t count : {3U, 10U, 11U, 12U, 40U}) {
+        std::vector<VrexVariable> parameters;
+        nsScalarSamples::Entries expected;
+        for (std::size_t i = 0; i < count; ++i) {
+            nsScalarSamples::Entries entries;
+            for (std::size_t key = i < 4 ? 0 : i - 4; key <= i; ++key) {
+                entries.push_back({key, 1.0});
+            }
+            parameters.push_back(nsScalarSamples::make(2.0, entries));
+            expected.push_back({i, 0.0});
+        }
+        std::vector<VrexVector3DT<VrexVariable>> result(1);
+        ProbeCurveCalculator::addZeroDerivatives(parameters, result);
+        EXPECT_TRUE(nsScalarSamples::sameResult(result[0].x(), 0.0, expected)) << count;
+    }
+}
+
 TEST(VrexParametricCurveCalculator3D, ZeroDerivativesOfNoParametersChangeNothing) {
     std::vector<VrexVector3DT<VrexVariable>> result(1);
     result[0].x() = nsScalarSamples::make(1.5, {{2, 0.5}});

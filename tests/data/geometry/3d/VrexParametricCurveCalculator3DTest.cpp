@@ -10,6 +10,8 @@
 
 #include "data/geometry/3d/VrexCircleCalculator3D.h"
 #include "data/geometry/3d/VrexEllipseCalculator3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurveCalculator3D.h"
+#include "data/geometry/3d/VrexSplineCalculator3D.h"
 #include "support/LogCapture.h"
 #include "support/ProbeShapes.h"
 #include "support/Samples.h"
@@ -25,6 +27,8 @@ bool isOf(const VrexParametricCurve3D& curve) {
 TEST(VrexParametricCurveCalculator3D, EachClassHasItsOwn) {
     EXPECT_TRUE(isOf<VrexCircleCalculator3D>(*makeSample<VrexCircle3D>()));
     EXPECT_TRUE(isOf<VrexEllipseCalculator3D>(*makeSample<VrexEllipse3D>()));
+    EXPECT_TRUE(isOf<VrexSplineCalculator3D>(*makeSample<VrexSpline3D>()));
+    EXPECT_TRUE(isOf<VrexEvaluatedCurveCalculator3D>(*makeSample<VrexEvaluatedCurve3D>()));
 }
 
 TEST(VrexParametricCurveCalculator3D, UnknownClassThrows) {

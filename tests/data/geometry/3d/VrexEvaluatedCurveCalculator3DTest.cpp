@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/CalculatorChecks.h"
 #include "support/ExpectShapeDerivatives.h"
 #include "support/LogCapture.h"
 #include "support/RandomShapes.h"
@@ -127,16 +128,10 @@ TEST(VrexEvaluatedCurveCalculator3D, NegativeOrderGivesNothing) {
     EXPECT_TRUE(curve->evaluate(parameters, VrexVariable(0.5), -7).empty());
 }
 
-TEST(VrexEvaluatedCurveCalculator3D, HugeOrderThrows) {
-    const auto curve =
-        VrexEvaluatedCurve3D::create({0.0, 0.0, 0.0}, Quaternion::ONE(), {}, "t", "t * t", "1");
-    const std::vector<VrexVariable> parameters(VrexEvaluatedCurve3D::PARAMETERS_AMOUNT);
-    for (const int order : {100'001, std::numeric_limits<int>::max()}) {
-        EXPECT_THROW(static_cast<void>(curve->evaluate(0.5, order)), std::invalid_argument);
-        EXPECT_THROW(static_cast<void>(curve->evaluate(parameters, VrexVariable(0.5), order)),
-                     std::invalid_argument);
-    }
-    EXPECT_EQ(curve->evaluate(0.5, 1000).size(), 1001U);
+TEST(VrexEvaluatedCurveCalculator3D, TooHighAnOrderThrows) {
+    const auto curve = makeSample<VrexEvaluatedCurve3D>();
+    nsCalculatorChecks::expectTooHighOrder(*curve, VrexEvaluatedCurve3D::PARAMETERS_AMOUNT +
+                                                       curve->descriptors().size());
 }
 
 TEST(VrexEvaluatedCurveCalculator3D, TooFewParametersThrow) {

@@ -1,7 +1,6 @@
 #include "data/geometry/3d/VrexEvaluatedCurveCalculator3D.h"
 
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 
 #include <gtest/gtest.h>

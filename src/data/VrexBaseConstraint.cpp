@@ -4,8 +4,6 @@
 
 VREX_OBJECT_ACCEPT(VrexBaseConstraint)
 
-VrexBaseConstraint::VrexBaseConstraint(VrexObjectType type) : VrexBaseObject(type) {}
-
 VrexBaseConstraint::VrexBaseConstraint(VrexObjectType type, std::uint32_t parameterCount)
     : VrexBaseObject(type, parameterCount) {}
 

@@ -34,7 +34,7 @@ public:
     const VrexSolveMethodStatus& solveMethodStatus() const { return m_solveMethodStatus; }
 
 protected:
-    explicit VrexBaseConstraint(VrexObjectType type);
+    explicit VrexBaseConstraint(VrexObjectType type) : VrexBaseObject(type) {}
     VrexBaseConstraint(VrexObjectType type, std::uint32_t parameterCount);
     VrexBaseConstraint(const VrexBaseConstraint&) = default;
     VrexBaseConstraint(VrexBaseConstraint&&) = default;

@@ -9,8 +9,6 @@
 
 VREX_OBJECT_ACCEPT(VrexBaseObject)
 
-VrexBaseObject::VrexBaseObject(VrexObjectType type) : m_type(type) {}
-
 VrexBaseObject::VrexBaseObject(VrexObjectType type, std::uint32_t parameterCount)
     : m_type(type), m_parameters(parameterCount) {}
 

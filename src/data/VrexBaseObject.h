@@ -67,7 +67,7 @@ protected:
     /// The body of `updateFrom`; a class that keeps more than identifier and label overrides it.
     virtual void doUpdateFrom(const VrexBaseObject& other);
 
-    explicit VrexBaseObject(VrexObjectType type);
+    explicit VrexBaseObject(VrexObjectType type) : m_type(type) {}
     /// With `parameterCount` zeros.
     VrexBaseObject(VrexObjectType type, std::uint32_t parameterCount);
     VrexBaseObject(const VrexBaseObject& other);

@@ -156,9 +156,15 @@ public:
     }
     /// Appends entries whose keys, which are new, have these bits. There must be room.
     void appendAll(const Entry* source, std::uint64_t count, std::uint64_t keyBits) noexcept {
-        copyFew(first() + m_size, source, count);
+        copyFew(extend(count, keyBits), source, count);
+    }
+    /// Appends `count` raw entries, for which there is room; the caller must write key and value of each. The
+    /// keys are new and have these bits.
+    [[nodiscard]] Entry* extend(std::uint64_t count, std::uint64_t keyBits) noexcept {
+        Entry* const target = first() + m_size;
         m_size += count;
         m_keyBits |= keyBits;
+        return target;
     }
     /// Declares the first `count` entries of an empty store, for which there is room, live.
     void setFilled(std::uint64_t count, std::uint64_t keyBits) noexcept {

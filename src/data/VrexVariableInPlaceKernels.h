@@ -64,14 +64,30 @@ inline void appendInto(Store& store, const Store& b, const Update& update, const
     store.addKeyBits(b.keyBits());
 }
 
+/// Whether the word of keys tells that the stores have none in common, and `store` has the room for both.
+inline bool fitsBehind(const Store& store, const Store& b) {
+    return (store.keyBits() & b.keyBits()) == 0 && store.size() + b.size() <= store.room();
+}
+
 /// The sum in place of stores of which the word of keys tells that they have none in common, when `store` has
 /// the room. Otherwise gives false and leaves `store` alone.
 inline bool addInPlace(Store& store, const Store& b) {
-    if ((store.keyBits() & b.keyBits()) != 0 || store.size() + b.size() > store.room()) {
+    if (!fitsBehind(store, b)) {
         return false;
     }
     store.settle();
     store.appendAll(b.entries(), b.size(), b.keyBits());
+    return true;
+}
+
+/// `addInPlace` of factor * b.
+inline bool addScaledInPlace(Store& store, const Store& b, double factor) {
+    if (!fitsBehind(store, b)) {
+        return false;
+    }
+    store.settle();
+    writeFew(store.extend(b.size(), b.keyBits()), b.entries(), b.entries() + b.size(),
+             [factor](double d) { return factor * d; });
     return true;
 }
 

@@ -21,6 +21,22 @@ TEST(VrexExprSteps, HeldStepsFollowTheVariables) {
     }
 }
 
+TEST(VrexExprSteps, ResultIsTheCallersOwn) {
+    const Vars vars = someVars();
+    // Made by the last step, by either branch, by a shared node, and a variable as it is.
+    const Expr shared = parsed("sin(a)", vars);
+    for (const Expr& tree :
+         {parsed("a + b", vars), parsed("if(a < b, a, b / t)", vars), shared, parsed("a", vars)}) {
+        VrexExprSteps steps(*tree);
+        vars[0]->setValue(0.25);
+        const VrexVariable first = steps.evalVar();
+        const double expected = nsNaive::evalVar(*tree).value();
+        vars[0]->setValue(4.0);
+        EXPECT_EQ(steps.evalVar().value(), nsNaive::evalVar(*tree).value());
+        EXPECT_EQ(first.value(), expected);
+    }
+}
+
 TEST(VrexExprSteps, SharedNodesAreWorkedOutAnewInEachEvaluation) {
     const auto x = VrexVar::create("x", 2.0);
     const Expr shared = variable(x) * variable(x);

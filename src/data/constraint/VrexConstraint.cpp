@@ -1,7 +1,5 @@
 #include "data/constraint/VrexConstraint.h"
 
-#include <utility>
-
 #include "data/VrexCastList.h"
 #include "data/VrexDeferredRelease.h"
 #include "data/VrexMemberKeeper.h"
@@ -9,8 +7,6 @@
 #include "data/geometry/VrexGeometry.h"
 
 VREX_OBJECT_ACCEPT(VrexConstraint)
-
-VrexConstraint::VrexConstraint() : VrexBaseConstraint(VrexObjectType::Constraint) {}
 
 VrexConstraint::VrexConstraint(std::uint32_t parameterCount)
     : VrexBaseConstraint(VrexObjectType::Constraint, parameterCount) {}
@@ -45,16 +41,9 @@ void VrexConstraint::doUpdateFrom(const VrexBaseObject& other) {
     m_geometriesChanged = true;
 }
 
-void VrexConstraint::addGeometry(std::shared_ptr<VrexBaseGeometry> geometry) {
-    m_geometries.push_back(std::move(geometry));
-    m_geometriesChanged = true;
-}
-
 void VrexConstraint::eraseGeometry() {
     if (!m_geometries.empty()) {
         m_geometries.pop_back();
     }
     m_geometriesChanged = true;
 }
-
-void VrexConstraint::initGeometry(std::uint64_t capacity) { m_geometries.reserve(capacity); }

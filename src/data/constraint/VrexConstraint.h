@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "data/VrexBaseConstraint.h"
@@ -49,7 +50,7 @@ public:
     void setParent(const std::shared_ptr<VrexConstraint>& parent) { m_parent = parent; }
 
 protected:
-    VrexConstraint();
+    VrexConstraint() : VrexBaseConstraint(VrexObjectType::Constraint) {}
     explicit VrexConstraint(std::uint32_t parameterCount);
     VrexConstraint(const VrexConstraint&) = default;
     VrexConstraint(VrexConstraint&&) = default;
@@ -59,7 +60,10 @@ protected:
     /// Keeps the geometries besides identifier and label: an update never binds a constraint to others.
     void doUpdateFrom(const VrexBaseObject& other) override;
 
-    void addGeometry(std::shared_ptr<VrexBaseGeometry> geometry);
+    void addGeometry(std::shared_ptr<VrexBaseGeometry> geometry) {
+        m_geometries.push_back(std::move(geometry));
+        m_geometriesChanged = true;
+    }
     /// Appends the arguments of a new constraint, nulls too, with room for just these.
     template <class... Geometry>
     void addArguments(const std::shared_ptr<Geometry>&... arguments) {
@@ -70,7 +74,7 @@ protected:
     void eraseGeometry();
     std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries() { return m_geometries; }
     /// Reserves room for `capacity` geometries.
-    void initGeometry(std::uint64_t capacity);
+    void initGeometry(std::uint64_t capacity) { m_geometries.reserve(capacity); }
 
 private:
     bool m_geometriesChanged = false;

@@ -2,8 +2,6 @@
 
 #include "data/geometry/VrexGeometryVariable.h"
 
-VrexDimensionValue::VrexDimensionValue(double value) : m_value(value) {}
-
 double VrexDimensionValue::get() const {
     const auto bound = m_variable.lock();
     return bound != nullptr ? bound->getValue() : m_value;

@@ -14,7 +14,7 @@ class VrexGeometryVariable;
 /// gone. Nothing is validated. Copies are bound to the same variable; what was moved from is bound to none.
 class VREX_DATA_EXPORT VrexDimensionValue {
 public:
-    explicit VrexDimensionValue(double value);
+    explicit VrexDimensionValue(double value) : m_value(value) {}
 
     /// The bound variable's value, without one the stored number.
     double get() const;

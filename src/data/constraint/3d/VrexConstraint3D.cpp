@@ -38,13 +38,6 @@ constexpr VrexGeometry3DTypeSet WITH_FREE_PARAMETER{VrexGeometry3DType::CYLINDER
 
 VREX_OBJECT_ACCEPT(VrexConstraint3D)
 
-VrexConstraint3D::VrexConstraint3D(VrexConstraint3DType type, VrexGeometryComponentType component1,
-                                   VrexGeometryComponentType component2)
-    : m_type(type), m_geomComponents{component1, component2} {}
-
-VrexConstraint3D::VrexConstraint3D(VrexConstraint3DType type)
-    : VrexConstraint3D(type, VrexGeometryComponentType::UNKNOWN, VrexGeometryComponentType::UNKNOWN) {}
-
 VrexConstraint3D::~VrexConstraint3D() = default;
 
 std::shared_ptr<VrexGeometry3D> VrexConstraint3D::getGeometryByParameterIndex(std::uint64_t index) const {

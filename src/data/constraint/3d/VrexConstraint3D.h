@@ -84,9 +84,11 @@ public:
 
 protected:
     VrexConstraint3D(VrexConstraint3DType type, VrexGeometryComponentType component1,
-                     VrexGeometryComponentType component2);
+                     VrexGeometryComponentType component2)
+        : m_type(type), m_geomComponents{component1, component2} {}
     /// Without components.
-    explicit VrexConstraint3D(VrexConstraint3DType type);
+    explicit VrexConstraint3D(VrexConstraint3DType type)
+        : VrexConstraint3D(type, VrexGeometryComponentType::UNKNOWN, VrexGeometryComponentType::UNKNOWN) {}
     VrexConstraint3D(const VrexConstraint3D&) = default;
     VrexConstraint3D(VrexConstraint3D&&) = default;
     VrexConstraint3D& operator=(const VrexConstraint3D&) = default;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 
@@ -39,7 +41,10 @@ const char* enumeratorOf(Type type) {
 }
 
 std::string unfitText(const Geometries& geometries) {
-    std::string text = "Do not supported geometry types combination (";
+    constexpr std::size_t USUAL_LENGTH = 128;
+    std::string text;
+    text.reserve(USUAL_LENGTH);
+    text += "Do not supported geometry types combination (";
     const char* separator = "";
     for (const auto& geometry : geometries) {
         if (const char* const name = enumeratorOf(geometry->type()); *name != '\0') {
@@ -74,12 +79,18 @@ bool fits(const Combination& combination, Matching matching, std::span<const Typ
                                             : combination.fitsInAnyOrder(types);
 }
 
+/// Refuses with a text that is complete.
+bool refuse(nsLog::Place place, std::uint32_t level, VrexLogRecorder& recorder, VrexErrorCode code,
+            const std::string& text) {
+    recorder.recordMessage(code, "%s", text.c_str());
+    nsLog::write(level, place, "%s", recorder.getErrorMessage());
+    return false;
+}
+
 /// Kept: the refusals of a planar angle stand in the log as failures, though nothing is thrown.
 bool refuseAsFailure(nsLog::Place place, VrexLogRecorder& recorder, VrexErrorCode code,
                      const std::string& text) {
-    recorder.recordMessage(code, "%s", text.c_str());
-    nsLog::write(nsLog::FAILURE, place, "%s", recorder.getErrorMessage());
-    return false;
+    return refuse(place, nsLog::FAILURE, recorder, code, text);
 }
 
 } // namespace
@@ -279,11 +290,10 @@ bool VrexConstraint3DPreValidator::checkDistinct(const Geometries& geometries) c
 bool VrexConstraint3DPreValidator::refuseCombination(const Geometries& geometries) const {
     const std::string text = unfitText(geometries);
     if (m_recorder.isNoError()) {
-        VREX_REFUSE(m_recorder, VrexErrorCode::GEOMETRY_TYPE_ERROR, "%s", text.c_str());
-    } else {
-        // Kept: an earlier error stays the recorded one, and only the log tells of this.
-        VREX_LOG(nsLog::REFUSAL, "%s", text.c_str());
+        return refuse(VREX_HERE, nsLog::REFUSAL, m_recorder, VrexErrorCode::GEOMETRY_TYPE_ERROR, text);
     }
+    // Kept: an earlier error stays the recorded one, and only the log tells of this.
+    VREX_LOG(nsLog::REFUSAL, "%s", text.c_str());
     return false;
 }
 

@@ -6,13 +6,6 @@
 
 VREX_OBJECT_ACCEPT(VrexDimension3D)
 
-VrexDimension3D::VrexDimension3D(VrexConstraint3DType type, double value,
-                                 VrexGeometryComponentType component1, VrexGeometryComponentType component2)
-    : VrexConstraint3D(type, component1, component2), m_value(value) {}
-
-VrexDimension3D::VrexDimension3D(VrexConstraint3DType type, double value)
-    : VrexDimension3D(type, value, VrexGeometryComponentType::UNKNOWN, VrexGeometryComponentType::UNKNOWN) {}
-
 bool VrexDimension3D::isRigid() const { return m_value.isRigid(); }
 
 void VrexDimension3D::setRigid(bool rigid) { m_value.setRigid(rigid); }

@@ -38,9 +38,10 @@ public:
 
 protected:
     VrexDimension3D(VrexConstraint3DType type, double value, VrexGeometryComponentType component1,
-                    VrexGeometryComponentType component2);
+                    VrexGeometryComponentType component2)
+        : VrexConstraint3D(type, component1, component2), m_value(value) {}
     /// Without components.
-    VrexDimension3D(VrexConstraint3DType type, double value);
+    VrexDimension3D(VrexConstraint3DType type, double value) : VrexConstraint3D(type), m_value(value) {}
     VrexDimension3D(const VrexDimension3D&) = default;
     VrexDimension3D(VrexDimension3D&&) = default;
     VrexDimension3D& operator=(const VrexDimension3D&) = default;

@@ -131,7 +131,10 @@ TEST_F(VrexConstraint3DPreValidatorTest, EqualRadiiCountTheGeometriesBeforeTheyA
 
 TEST_F(VrexConstraint3DPreValidatorTest, RepeatedIdentifierIsRefusedExceptBetweenCurveProperties) {
     const Geometries same = twice(Type::SPLINE);
-    for (const auto kind : {Distance3D, Incidence3D, Tangency3D, Instance3D, Angle3D, SliderMate3D}) {
+    for (const auto kind : {Distance3D, DirectionDistance3D, Incidence3D, Angle3D, Parallelism3D,
+                            Perpendicularity3D, Concentricity3D, Tangency3D, EqualRadius3D, SliderMate3D,
+                            FastenedMate3D, CylinderMate3D, RevoluteMate3D, PlanarMate3D, PinSlotMate3D,
+                            ParallelMate3D, BallMate3D, SurfaceNormal3D, Instance3D}) {
         EXPECT_FALSE(check(same, kind));
         expectRecorded(CONSTRAINT_ID_ERROR, REPEATED);
     }
@@ -140,6 +143,15 @@ TEST_F(VrexConstraint3DPreValidatorTest, RepeatedIdentifierIsRefusedExceptBetwee
         EXPECT_TRUE(check(same, kind));
         EXPECT_TRUE(m_recorder.isNoError());
     }
+}
+
+TEST_F(VrexConstraint3DPreValidatorTest, ComponentsAreLookedAtBeforeIdentifiers) {
+    EXPECT_FALSE(check(twice(Type::RIGID_SET), Distance3D));
+    expectRecorded(GEOMETRY_TYPE_ERROR, "Unsupported constraint component type: UNKNOWN");
+    EXPECT_FALSE(check(twice(Type::TORUS), EqualRadius3D, Component::MAJOR));
+    expectRecorded(CONSTRAINT_PARAM_ERROR, WRONG_COMPONENT);
+    EXPECT_FALSE(check(twice(Type::TORUS), EqualRadius3D, Component::MAJOR, Component::MINOR));
+    expectRecorded(CONSTRAINT_ID_ERROR, REPEATED);
 }
 
 TEST_F(VrexConstraint3DPreValidatorTest, RepetitionIsFoundBetweenAnyTwoPlaces) {

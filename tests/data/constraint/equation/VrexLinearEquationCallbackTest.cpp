@@ -1,7 +1,9 @@
 #include "data/constraint/equation/VrexLinearEquationCallback.h"
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <iterator>
 #include <stdexcept>
 #include <utility>
@@ -71,6 +73,53 @@ TEST(VrexLinearEquationCallback, LogGoesOnWhenTheFirstArgumentHasOne) {
     EXPECT_EQ(sum.value(), 95.0);
     EXPECT_TRUE(sum.hasLog());
     EXPECT_FALSE(VrexLinearEquationCallback({2.0}, 1.0)({args[1]}).hasLog());
+}
+
+VrexVariable withEntries(double value, std::initializer_list<std::pair<std::uint64_t, double>> entries) {
+    VrexVariable variable(value);
+    for (const auto& [key, derivative] : entries) {
+        variable.derivatives().set(key, derivative);
+    }
+    return variable;
+}
+
+/// Bit for bit, the signs of zeros and the room for entries included.
+void expectSame(const VrexVariable& a, const VrexVariable& b) {
+    EXPECT_EQ(std::bit_cast<std::uint64_t>(a.value()), std::bit_cast<std::uint64_t>(b.value()));
+    EXPECT_EQ(a.convertLogToString(), b.convertLogToString());
+    EXPECT_EQ(a.derivatives().capacity(), b.derivatives().capacity());
+    ASSERT_EQ(a.derivatives().size(), b.derivatives().size());
+    for (std::size_t i = 0; i < a.derivatives().size(); ++i) {
+        const auto& left = a.derivatives().begin()[i];
+        const auto& right = b.derivatives().begin()[i];
+        EXPECT_EQ(left.key, right.key);
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(left.value), std::bit_cast<std::uint64_t>(right.value));
+    }
+}
+
+TEST(VrexLinearEquationCallback, IsWhatTheOperatorsMakeToTheLastBit) {
+    VrexVariable logged = withEntries(2.0, {{7, 1.0}});
+    logged.enableLog("l");
+    VrexVariable many(0.5);
+    for (std::uint64_t key = 20; key < 33; ++key) {
+        many.derivatives().set(key, 0.1 * static_cast<double>(key));
+    }
+    const VrexVariable zeros = withEntries(-0.0, {{1, -0.0}, {2, 0.0}});
+    const VrexVariable some = withEntries(0.3, {{3, 0.7}, {4, -0.0}, {5, 1e-310}});
+    const VrexVariable overlapping =
+        withEntries(1e16, {{4, 0.1}, {2, 3.0}, {66, 0.2}}); // 66 has the bit of 2
+    const VrexVariable constant(-0.0);
+    const Args all{zeros, some, overlapping, constant, many, logged};
+    const std::vector<double> coefficients{-0.0, 0.1, -3.0};
+    for (std::size_t i = 0; i < all.size() * all.size() * all.size(); ++i) {
+        const Args args{all[i % all.size()], all[i / all.size() % all.size()],
+                        all[i / (all.size() * all.size())]};
+        VrexVariable expected = coefficients[0] * args[0];
+        expected += coefficients[1] * args[1];
+        expected += coefficients[2] * args[2];
+        expected += -0.0;
+        expectSame(VrexLinearEquationCallback(coefficients, -0.0)(args), expected);
+    }
 }
 
 TEST(VrexLinearEquationCallback, OtherCountOfArgumentsThrows) {

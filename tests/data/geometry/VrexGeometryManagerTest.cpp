@@ -221,7 +221,7 @@ TEST_F(VrexGeometryManagerTest, ASetThatHoldsItsOwnConnectorIsEnteredOnce) {
 
 TEST_F(VrexGeometryManagerTest, DeepSetsAreEnteredOnASmallStack) {
     runOnSmallStack([this] {
-        constexpr std::uint64_t depth = 200'000;
+        constexpr std::uint64_t depth = 100'000;
         std::shared_ptr<VrexRigidSet3D> set = rigidSet(1, {});
         const auto deepest = set;
         for (std::uint64_t id = 2; id <= depth; ++id) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <unordered_map>
 #include <unordered_set>
@@ -12,9 +13,7 @@
 /// one pair takes constant time on average, however many belong to one key.
 class VREX_DATA_EXPORT VrexIDRelation {
 public:
-    using Ids = std::unordered_set<std::uint64_t, VrexIDHash>;
-
-    void add(std::uint64_t key, std::uint64_t id) { m_map[key].insert(id); }
+    void add(std::uint64_t key, std::uint64_t id);
     /// Forgets one pair, if it is there; the key goes with its last identifier.
     void remove(std::uint64_t key, std::uint64_t id);
     /// The same, but the key stays, with nothing that belongs to it.
@@ -22,12 +21,19 @@ public:
     /// Forgets the key, if it is there, and tells what belonged to it, rising.
     std::vector<std::uint64_t> take(std::uint64_t key);
 
-    bool contains(std::uint64_t key) const { return m_map.contains(key); }
+    bool contains(std::uint64_t key) const { return m_few.contains(key) || m_many.contains(key); }
     /// What belongs to the key, rising; a copy, which outlives every change.
     std::vector<std::uint64_t> find(std::uint64_t key) const;
-    void erase(std::uint64_t key) { m_map.erase(key); }
-    void clear() { m_map.clear(); }
+    void erase(std::uint64_t key);
+    void clear();
 
 private:
-    std::unordered_map<std::uint64_t, Ids, VrexIDHash> m_map;
+    /// Up to so many are looked through one by one, which is faster than a hash and takes less memory.
+    static constexpr std::size_t FEW = 16;
+    using Few = std::vector<std::uint64_t>;
+    using Many = std::unordered_set<std::uint64_t, VrexIDHash>;
+
+    /// A key is in one of the two, and stays with the many until it goes.
+    std::unordered_map<std::uint64_t, Few, VrexIDHash> m_few;
+    std::unordered_map<std::uint64_t, Many, VrexIDHash> m_many;
 };

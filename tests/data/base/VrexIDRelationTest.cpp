@@ -1,5 +1,10 @@
 #include "data/base/VrexIDRelation.h"
 
+#include <algorithm>
+#include <map>
+#include <random>
+#include <set>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -55,8 +60,52 @@ TEST(VrexIDRelation, TakingLeavesNothingOfTheKey) {
 TEST(VrexIDRelation, ClearForgetsEverything) {
     VrexIDRelation relation;
     relation.add(5, 2);
+    for (std::uint64_t id = 1; id <= 100; ++id) {
+        relation.add(6, id);
+    }
     relation.clear();
     EXPECT_FALSE(relation.contains(5));
+    EXPECT_FALSE(relation.contains(6));
+}
+
+TEST(VrexIDRelation, FollowsTheNaiveModelFromFewToManyAndBack) {
+    std::mt19937 engine(9);
+    VrexIDRelation relation;
+    std::map<std::uint64_t, std::set<std::uint64_t>> model;
+    for (int step = 0; step < 30'000; ++step) {
+        const std::uint64_t key = engine() % 3;
+        const std::uint64_t id = engine() % 40;
+        const bool grows = step / 1'000 % 2 == 0; // to some 40 a key, and down to none
+        const unsigned choice = engine() % 8;
+        if (grows ? choice > 1 : choice > 6) {
+            relation.add(key, id);
+            model[key].insert(id);
+        } else if (choice == 0) {
+            relation.removeKeepingKey(key, id);
+            if (model.contains(key)) {
+                model[key].erase(id);
+            }
+        } else {
+            relation.remove(key, id);
+            if (model.contains(key)) {
+                model[key].erase(id);
+                if (model[key].empty()) {
+                    model.erase(key);
+                }
+            }
+        }
+        if (step % 997 == 0) {
+            const auto taken = relation.take(key);
+            const std::set<std::uint64_t> expected =
+                model.contains(key) ? model[key] : std::set<std::uint64_t>{};
+            ASSERT_EQ(std::set<std::uint64_t>(taken.begin(), taken.end()), expected);
+            model.erase(key);
+        }
+        ASSERT_EQ(relation.contains(key), model.contains(key));
+        const auto found = relation.find(key);
+        const std::set<std::uint64_t> expected = model.contains(key) ? model[key] : std::set<std::uint64_t>{};
+        ASSERT_TRUE(std::equal(found.begin(), found.end(), expected.begin(), expected.end()));
+    }
 }
 
 } // namespace

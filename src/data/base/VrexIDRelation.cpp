@@ -33,9 +33,11 @@ bool removeFrom(Map& map, std::uint64_t key, std::uint64_t id, bool keepKey) {
 } // namespace
 
 void VrexIDRelation::add(std::uint64_t key, std::uint64_t id) {
-    if (const auto many = m_many.find(key); many != m_many.end()) {
-        many->second.insert(id);
-        return;
+    if (!m_many.empty()) {
+        if (const auto many = m_many.find(key); many != m_many.end()) {
+            many->second.insert(id);
+            return;
+        }
     }
     Few& few = m_few[key];
     if (std::find(few.begin(), few.end(), id) != few.end()) {
@@ -64,8 +66,10 @@ void VrexIDRelation::removeKeepingKey(std::uint64_t key, std::uint64_t id) {
 }
 
 std::vector<std::uint64_t> VrexIDRelation::take(std::uint64_t key) {
-    auto ids = find(key);
-    erase(key);
+    std::vector<std::uint64_t> ids = find(key);
+    if (!ids.empty() || contains(key)) {
+        erase(key);
+    }
     return ids;
 }
 

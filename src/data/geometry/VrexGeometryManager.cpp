@@ -94,17 +94,17 @@ void VrexGeometryManager::addGeometryRelateSet(const std::shared_ptr<VrexBaseGeo
     if (!checkNotNull(geometry)) {
         return;
     }
+    m_geometrySetManager.addToSet(geometry->getID(), setId);
     // Rings and shared parts are entered once, and depth takes no stack.
-    std::unordered_set<const VrexBaseGeometry*> seen{geometry.get()};
-    std::vector<std::shared_ptr<VrexBaseGeometry>> pending{geometry};
+    std::unordered_set<const VrexBaseGeometry*> seen;
+    std::vector<std::shared_ptr<VrexBaseGeometry>> pending = geometry->getGeometries();
     while (!pending.empty()) {
         const auto part = std::move(pending.back());
         pending.pop_back();
-        m_geometrySetManager.addToSet(part->getID(), setId);
-        for (auto& below : part->getGeometries()) {
-            if (below != nullptr && seen.insert(below.get()).second) {
-                pending.push_back(std::move(below));
-            }
+        if (part != nullptr && seen.insert(part.get()).second) {
+            m_geometrySetManager.addToSet(part->getID(), setId);
+            const auto below = part->getGeometries();
+            pending.insert(pending.end(), below.begin(), below.end());
         }
     }
 }

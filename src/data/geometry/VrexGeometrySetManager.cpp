@@ -4,8 +4,11 @@ bool VrexGeometrySetManager::addToSet(std::uint64_t id, std::uint64_t setId) {
     if (id == 0 || setId == 0) {
         return false;
     }
-    removeGeometryFromSet(id);
-    m_sets[id] = setId;
+    const auto [entry, isNew] = m_sets.try_emplace(id, setId);
+    if (!isNew) {
+        m_members.remove(entry->second, id);
+        entry->second = setId;
+    }
     m_members.add(setId, id);
     return true;
 }

@@ -1,0 +1,96 @@
+#include "data/base/VrexIDRelation.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+/// The order of the few has no meaning.
+void eraseId(std::vector<std::uint64_t>& few, std::uint64_t id) {
+    const auto found = std::find(few.begin(), few.end(), id);
+    if (found != few.end()) {
+        *found = few.back();
+        few.pop_back();
+    }
+}
+
+void eraseId(std::unordered_set<std::uint64_t, VrexIDHash>& many, std::uint64_t id) { many.erase(id); }
+
+/// Whether the key is in the map.
+template <class Map>
+bool removeFrom(Map& map, std::uint64_t key, std::uint64_t id, bool keepKey) {
+    const auto found = map.find(key);
+    if (found == map.end()) {
+        return false;
+    }
+    eraseId(found->second, id);
+    if (!keepKey && found->second.empty()) {
+        map.erase(found);
+    }
+    return true;
+}
+
+} // namespace
+
+void VrexIDRelation::add(std::uint64_t key, std::uint64_t id) {
+    if (!m_many.empty()) {
+        if (const auto many = m_many.find(key); many != m_many.end()) {
+            many->second.insert(id);
+            return;
+        }
+    }
+    Few& few = m_few[key];
+    if (std::find(few.begin(), few.end(), id) != few.end()) {
+        return;
+    }
+    if (few.size() < FEW) {
+        few.push_back(id);
+        return;
+    }
+    Many many(few.begin(), few.end());
+    many.insert(id);
+    m_many.emplace(key, std::move(many));
+    m_few.erase(key);
+}
+
+void VrexIDRelation::remove(std::uint64_t key, std::uint64_t id) {
+    if (!removeFrom(m_few, key, id, false)) {
+        removeFrom(m_many, key, id, false);
+    }
+}
+
+void VrexIDRelation::removeKeepingKey(std::uint64_t key, std::uint64_t id) {
+    if (!removeFrom(m_few, key, id, true)) {
+        removeFrom(m_many, key, id, true);
+    }
+}
+
+std::vector<std::uint64_t> VrexIDRelation::take(std::uint64_t key) {
+    std::vector<std::uint64_t> ids = find(key);
+    if (!ids.empty() || contains(key)) {
+        erase(key);
+    }
+    return ids;
+}
+
+std::vector<std::uint64_t> VrexIDRelation::find(std::uint64_t key) const {
+    std::vector<std::uint64_t> ids;
+    if (const auto few = m_few.find(key); few != m_few.end()) {
+        ids = few->second;
+    } else if (const auto many = m_many.find(key); many != m_many.end()) {
+        ids.assign(many->second.begin(), many->second.end());
+    }
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
+
+void VrexIDRelation::erase(std::uint64_t key) {
+    if (m_few.erase(key) == 0) {
+        m_many.erase(key);
+    }
+}
+
+void VrexIDRelation::clear() {
+    m_few.clear();
+    m_many.clear();
+}

@@ -104,7 +104,7 @@ private:
     template <class First, class Second>
     void joinOrAdd(const std::shared_ptr<First>& first, const std::shared_ptr<Second>& second);
     std::uint32_t indexOf(VrexVertex* vertex) const;
-    std::uint32_t appendObject(VrexVertexType type, const std::shared_ptr<VrexBaseObject>& object);
+    void appendObject(VrexVertexType type, std::shared_ptr<VrexBaseObject> object);
     /// An edge between two objects; false, and nothing done, where one is missing.
     template <class First, class Second>
     bool join(const std::shared_ptr<First>& first, const std::shared_ptr<Second>& second);

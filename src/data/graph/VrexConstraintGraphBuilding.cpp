@@ -187,10 +187,9 @@ bool VrexConstraintGraph::isSkipGeometry(const std::shared_ptr<VrexBaseGeometry>
     return geometry->isPattern();
 }
 
-std::uint32_t VrexConstraintGraph::appendObject(VrexVertexType type,
-                                                const std::shared_ptr<VrexBaseObject>& object) {
+void VrexConstraintGraph::appendObject(VrexVertexType type, std::shared_ptr<VrexBaseObject> object) {
+    m_objects.add(type, std::move(object));
     vertices().emplace_back();
-    return m_objects.add(type, object);
 }
 
 template <class First, class Second>

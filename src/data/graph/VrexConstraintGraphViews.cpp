@@ -1,6 +1,8 @@
 // The vertices and edges that a graph makes when somebody looks at them.
 
 #include <algorithm>
+#include <memory>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 
@@ -9,6 +11,30 @@
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexConstraintVertex.h"
 #include "data/graph/VrexGeometryVertex.h"
+
+namespace {
+
+template <class Vertex>
+using ObjectOf =
+    std::conditional_t<std::is_same_v<Vertex, VrexGeometryVertex>, VrexBaseGeometry, VrexBaseConstraint>;
+
+/// Both vertices of an edge lie in one block, which lives as long as either.
+template <class First, class Second>
+VrexEdge edgeOf(const std::shared_ptr<VrexBaseObject>& first, const std::shared_ptr<VrexBaseObject>& second) {
+    struct Vertices {
+        Vertices(std::shared_ptr<ObjectOf<First>> firstObject, std::shared_ptr<ObjectOf<Second>> secondObject)
+            : one(std::move(firstObject)), two(std::move(secondObject)) {}
+        First one;
+        Second two;
+    };
+    auto both = std::make_shared<Vertices>(std::static_pointer_cast<ObjectOf<First>>(first),
+                                           std::static_pointer_cast<ObjectOf<Second>>(second));
+    Vertices& vertices = *both;
+    std::shared_ptr<VrexVertex> one(both, &vertices.one);
+    return {std::move(one), std::shared_ptr<VrexVertex>(std::move(both), &vertices.two)};
+}
+
+} // namespace
 
 std::shared_ptr<VrexVertex> VrexConstraintGraph::makeVertex(std::uint64_t index) const {
     const auto place = static_cast<std::uint32_t>(index);
@@ -21,7 +47,15 @@ std::shared_ptr<VrexVertex> VrexConstraintGraph::makeVertex(std::uint64_t index)
 
 VrexEdge VrexConstraintGraph::makeEdge(std::uint32_t edge) const {
     const VrexEdgeIndex::Ends& ends = m_edges.ends(edge);
-    return {makeVertex(ends.first), makeVertex(ends.second)};
+    const bool isFirstGeometry = m_objects.type(ends.first) == VrexVertexType::Geometry;
+    const bool isSecondGeometry = m_objects.type(ends.second) == VrexVertexType::Geometry;
+    const auto& first = m_objects.object(ends.first);
+    const auto& second = m_objects.object(ends.second);
+    if (isFirstGeometry && !isSecondGeometry) {
+        return edgeOf<VrexGeometryVertex, VrexConstraintVertex>(first, second);
+    }
+    return isFirstGeometry ? edgeOf<VrexGeometryVertex, VrexGeometryVertex>(first, second)
+                           : edgeOf<VrexConstraintVertex, VrexConstraintVertex>(first, second);
 }
 
 std::vector<VrexEdge> VrexConstraintGraph::makeEdges(std::uint64_t index) const {
@@ -40,7 +74,11 @@ std::vector<VrexEdge> VrexConstraintGraph::makeEdges(std::uint64_t index) const 
             // The second time of a loop follows the first.
             const bool isRepeated = incidence.edge == last;
             const VrexEdge* seen = isRepeated ? &edges.back() : seenEdge(incidence);
-            edges.push_back(seen != nullptr ? VrexEdge(*seen) : makeEdge(incidence.edge));
+            if (seen != nullptr) {
+                edges.emplace_back(*seen);
+            } else {
+                edges.push_back(makeEdge(incidence.edge));
+            }
             last = incidence.edge;
         }
     }

@@ -12,9 +12,8 @@ void VrexVertexIndex::reserve(std::size_t count) {
     m_types.reserve(count);
 }
 
-std::uint32_t VrexVertexIndex::add(VrexVertexType type, std::shared_ptr<VrexBaseObject> object) {
-    const std::uint32_t index = size();
-    if (index == NONE) {
+void VrexVertexIndex::add(VrexVertexType type, std::shared_ptr<VrexBaseObject>&& object) {
+    if (size() == NONE) {
         VREX_RAISE(std::length_error, "Too many objects for one graph.");
     }
     const std::uint64_t id = object->getID();
@@ -22,7 +21,6 @@ std::uint32_t VrexVertexIndex::add(VrexVertexType type, std::shared_ptr<VrexBase
     m_objects.push_back(std::move(object));
     m_types.push_back(type);
     m_chains.add(id);
-    return index;
 }
 
 std::vector<std::uint32_t> VrexVertexIndex::byID(VrexVertexType type) const {

@@ -23,7 +23,7 @@ public:
     std::uint32_t size() const { return m_chains.size(); }
     void reserve(std::size_t count);
     /// At index `size()`. Throws `std::length_error` beyond 2^32 - 1 objects.
-    std::uint32_t add(VrexVertexType type, std::shared_ptr<VrexBaseObject> object);
+    void add(VrexVertexType type, std::shared_ptr<VrexBaseObject>&& object);
     /// `NONE` where there is none.
     std::uint32_t find(VrexVertexType type, std::uint64_t id) const {
         std::uint32_t index = m_chains.latest(id);

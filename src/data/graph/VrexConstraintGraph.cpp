@@ -1,0 +1,104 @@
+#include "data/graph/VrexConstraintGraph.h"
+
+#include <stdexcept>
+
+#include "data/VrexBaseConstraint.h"
+#include "data/VrexBaseGeometry.h"
+#include "data/VrexLog.h"
+#include "data/VrexStandardTexts.h"
+
+namespace {
+
+constexpr std::uint64_t NO_INDEX = ~std::uint64_t(0);
+
+std::uint64_t widened(std::uint32_t index) { return index == VrexVertexIndex::NONE ? NO_INDEX : index; }
+
+template <class Object>
+std::vector<std::shared_ptr<Object>> objectsByID(const VrexVertexIndex& objects, VrexVertexType type) {
+    std::vector<std::shared_ptr<Object>> result;
+    for (const std::uint32_t index : objects.byID(type)) {
+        result.push_back(std::static_pointer_cast<Object>(objects.object(index)));
+    }
+    return result;
+}
+
+} // namespace
+
+VrexConstraintGraph::VrexConstraintGraph() = default;
+VrexConstraintGraph::VrexConstraintGraph(const VrexConstraintGraph&) = default;
+VrexConstraintGraph::VrexConstraintGraph(VrexConstraintGraph&&) noexcept = default;
+VrexConstraintGraph& VrexConstraintGraph::operator=(const VrexConstraintGraph&) = default;
+VrexConstraintGraph& VrexConstraintGraph::operator=(VrexConstraintGraph&&) noexcept = default;
+VrexConstraintGraph::~VrexConstraintGraph() = default;
+
+void VrexConstraintGraph::clear() {
+    VrexVertexAdjacency::clear();
+    m_objects.clear();
+    m_edges.clear();
+    m_fixedMap.clear();
+}
+
+bool VrexConstraintGraph::hasGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry) const {
+    return geometry != nullptr &&
+           m_objects.find(VrexVertexType::Geometry, geometry->getID()) != VrexVertexIndex::NONE;
+}
+
+bool VrexConstraintGraph::hasConstraint(const std::shared_ptr<VrexBaseConstraint>& constraint) const {
+    return constraint != nullptr &&
+           m_objects.find(VrexVertexType::Constraint, constraint->getID()) != VrexVertexIndex::NONE;
+}
+
+std::uint32_t VrexConstraintGraph::indexOf(VrexVertex* vertex) const {
+    return vertex == nullptr ? VrexVertexIndex::NONE
+                             : m_objects.find(vertex->getVertexType(), vertex->getID());
+}
+
+std::uint64_t VrexConstraintGraph::getIndex(const std::shared_ptr<VrexVertex>& vertex) {
+    return widened(indexOf(vertex.get()));
+}
+
+std::vector<VrexEdge>& VrexConstraintGraph::getAdjacents(const std::shared_ptr<VrexVertex>& vertex) {
+    if (vertex == nullptr || vertex->getVertexType() > VrexVertexType::Constraint) {
+        VREX_LOG(nsLog::FAILURE, "The VrexVertexType cannot be found");
+        static std::vector<VrexEdge> none;
+        none.clear(); // whoever had it before may have written to it
+        return none;
+    }
+    const std::uint32_t index = indexOf(vertex.get());
+    if (index == VrexVertexIndex::NONE) {
+        VREX_RAISE(std::out_of_range, nsStandardTexts::UNORDERED_MAP_KEY);
+    }
+    return getAdjacents(index);
+}
+
+std::vector<std::shared_ptr<VrexBaseConstraint>>
+VrexConstraintGraph::getAdjacentConstraints(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    std::vector<std::shared_ptr<VrexBaseConstraint>> result;
+    if (hasGeometry(geometry)) {
+        for (VrexEdge& edge : getAdjacents(m_objects.find(VrexVertexType::Geometry, geometry->getID()))) {
+            result.push_back(edge.getSecond()->getConstraintPtr());
+        }
+    }
+    return result;
+}
+
+std::vector<std::shared_ptr<VrexBaseGeometry>>
+VrexConstraintGraph::getAdjacentGeometries(const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    std::vector<std::shared_ptr<VrexBaseGeometry>> result;
+    if (hasConstraint(constraint)) {
+        for (VrexEdge& edge : getAdjacents(m_objects.find(VrexVertexType::Constraint, constraint->getID()))) {
+            result.push_back(edge.getFirst()->getGeometryPtr());
+        }
+    }
+    return result;
+}
+
+std::vector<std::shared_ptr<VrexBaseGeometry>> VrexConstraintGraph::getGeometries() {
+    return objectsByID<VrexBaseGeometry>(m_objects, VrexVertexType::Geometry);
+}
+
+std::vector<std::shared_ptr<VrexBaseConstraint>> VrexConstraintGraph::getConstraints() {
+    return objectsByID<VrexBaseConstraint>(m_objects, VrexVertexType::Constraint);
+}
+
+bool VrexConstraintGraph::isRelated(std::uint64_t id) const { return m_relatedMap.contains(id); }

@@ -1,0 +1,282 @@
+// How a graph comes to its vertices and edges.
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <variant>
+
+#include "data/VrexBaseConstraint.h"
+#include "data/VrexBaseGeometry.h"
+#include "data/VrexLog.h"
+#include "data/graph/VrexConstraintGraph.h"
+#include "data/graph/VrexGraphTimer.h"
+
+namespace {
+
+VrexVertexType typeOf(const VrexBaseGeometry&) { return VrexVertexType::Geometry; }
+VrexVertexType typeOf(const VrexBaseConstraint&) { return VrexVertexType::Constraint; }
+
+} // namespace
+
+/// Additions that lead to others, in the order in which a recursion would do them, and without one: chains of
+/// constraints that depend on each other may have any length.
+class VrexConstraintGraph::Additions {
+public:
+    using Geometry = std::shared_ptr<VrexBaseGeometry>;
+    using Constraint = std::shared_ptr<VrexBaseConstraint>;
+
+    explicit Additions(VrexConstraintGraph& graph) : m_graph(graph) {}
+
+    template <class Object>
+    void addVertex(const Object& object) {
+        m_waiting.emplace_back(Vertex<Object>{object});
+        run();
+    }
+    template <class First, class Second>
+    void addEdge(const First& first, const Second& second) {
+        m_waiting.emplace_back(Edge<First, Second>{first, second});
+        run();
+    }
+
+private:
+    template <class Object>
+    struct Vertex {
+        Object object;
+    };
+    template <class First, class Second>
+    struct Edge {
+        First first;
+        Second second;
+        bool isCounted = false;
+    };
+    using Step = std::variant<Vertex<Geometry>, Vertex<Constraint>, Edge<Geometry, Constraint>,
+                              Edge<Geometry, Geometry>, Edge<Constraint, Constraint>>;
+
+    void run() {
+        while (!m_waiting.empty()) {
+            const Step step = std::move(m_waiting.back());
+            m_waiting.pop_back();
+            std::visit([this](const auto& what) { take(what); }, step);
+        }
+    }
+    void take(const Vertex<Geometry>& vertex) {
+        if (m_graph.hasGeometry(vertex.object)) {
+            return;
+        }
+        m_graph.appendObject(VrexVertexType::Geometry, vertex.object);
+        const auto fixation = m_graph.m_fixedMap.find(vertex.object->getID());
+        if (fixation != m_graph.m_fixedMap.end()) {
+            m_waiting.emplace_back(Vertex<Constraint>{fixation->second});
+        }
+    }
+    void take(const Vertex<Constraint>& vertex) {
+        if (m_graph.hasConstraint(vertex.object)) {
+            return;
+        }
+        m_graph.appendObject(VrexVertexType::Constraint, vertex.object);
+        const std::size_t start = m_waiting.size();
+        for (const Geometry& geometry : vertex.object->getGeometries()) {
+            pushEdge(geometry, vertex.object);
+        }
+        for (const Constraint& dependency : vertex.object->getConstraints()) {
+            pushEdge(dependency, vertex.object);
+        }
+        std::reverse(m_waiting.begin() + static_cast<std::ptrdiff_t>(start), m_waiting.end());
+    }
+    template <class First, class Second>
+    void pushEdge(const First& first, const Second& second) {
+        if (first != nullptr) {
+            m_waiting.emplace_back(Edge<First, Second>{first, second});
+        }
+    }
+    /// The first time counts the edge and asks for its ends, the second time joins them.
+    template <class First, class Second>
+    void take(const Edge<First, Second>& edge) {
+        if (!edge.isCounted) {
+            m_graph.countEdge();
+            m_waiting.emplace_back(Edge<First, Second>{edge.first, edge.second, true});
+            m_waiting.emplace_back(Vertex<Second>{edge.second});
+            m_waiting.emplace_back(Vertex<First>{edge.first});
+            return;
+        }
+        m_graph.join(edge.first, edge.second);
+    }
+
+    VrexConstraintGraph& m_graph;
+    std::vector<Step> m_waiting;
+};
+
+VrexConstraintGraph::VrexConstraintGraph(
+    const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries,
+    const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints) {
+    constructGraph(geometries, constraints);
+}
+
+void VrexConstraintGraph::constructGraph(
+    const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries,
+    const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints) {
+    const VrexGraphTimer timer("VrexConstraintGraph::constructGraph");
+    m_objects.reserve(geometries.size() + constraints.size());
+    vertices().reserve(geometries.size() + constraints.size());
+    m_edges.reserve(2 * constraints.size());
+    for (const auto& geometry : geometries) {
+        if (geometry != nullptr) {
+            appendObject(VrexVertexType::Geometry, geometry);
+        }
+    }
+    for (const auto& geometry : geometries) {
+        if (geometry != nullptr) {
+            addParts(geometry);
+        }
+    }
+    std::vector<std::shared_ptr<VrexBaseConstraint>> fixations;
+    for (const auto& constraint : constraints) {
+        if (constraint != nullptr && constraint->isCompleteFixed()) {
+            fixations.push_back(constraint);
+        } else if (constraint != nullptr) {
+            appendObject(VrexVertexType::Constraint, constraint);
+        }
+    }
+    for (const auto& constraint : constraints) {
+        if (constraint != nullptr && !constraint->isCompleteFixed()) {
+            joinArguments(constraint);
+        }
+    }
+    for (const auto& fixation : fixations) {
+        const auto& arguments = fixation->getGeometries();
+        if (arguments.empty() || arguments.front() == nullptr) {
+            VREX_LOG(nsLog::FAILURE, "A complete fixation without geometry is left out, id : %lld.",
+                     static_cast<long long>(fixation->getID()));
+            continue;
+        }
+        setFixedGeometry(arguments.front(), fixation);
+    }
+}
+
+void VrexConstraintGraph::addParts(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    for (const auto& part : geometry->getGeometries()) {
+        if (part != nullptr) {
+            addEdge(part, geometry);
+            const std::uint32_t owner = m_objects.find(VrexVertexType::Geometry, geometry->getID());
+            m_relatedMap.try_emplace(part->getID(), (*this)[owner]);
+        }
+    }
+}
+
+void VrexConstraintGraph::joinArguments(const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    for (const auto& geometry : constraint->getGeometries()) {
+        if (geometry != nullptr) {
+            addEdge(geometry, constraint);
+        }
+    }
+    for (const auto& dependency : constraint->getConstraints()) {
+        if (dependency != nullptr) {
+            addEdge(dependency, constraint);
+        }
+    }
+}
+
+void VrexConstraintGraph::setFixedGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry,
+                                           const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    if (isSkipGeometry(geometry) || !m_fixedMap.try_emplace(geometry->getID(), constraint).second) {
+        addVertex(constraint);
+    }
+}
+
+bool VrexConstraintGraph::isSkipGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    return geometry->isPattern();
+}
+
+void VrexConstraintGraph::appendObject(VrexVertexType type, std::shared_ptr<VrexBaseObject> object) {
+    m_objects.add(type, std::move(object));
+    vertices().emplace_back();
+}
+
+template <class First, class Second>
+bool VrexConstraintGraph::join(const std::shared_ptr<First>& first, const std::shared_ptr<Second>& second) {
+    const std::uint32_t from = m_objects.find(typeOf(*first), first->getID());
+    const std::uint32_t to = m_objects.find(typeOf(*second), second->getID());
+    if (from == VrexVertexIndex::NONE || to == VrexVertexIndex::NONE) {
+        return false;
+    }
+    if (m_objects.object(from) == first && m_objects.object(to) == second) {
+        m_edges.add(from, to);
+        showLatestEdge();
+    } else { // another object with the identifier of one that is there: its edges are its own
+        append(from, to, VrexEdge(first, second));
+    }
+    return true;
+}
+
+void VrexConstraintGraph::showLatestEdge() {
+    if (adjacency().empty()) {
+        return;
+    }
+    const std::uint32_t number = m_edges.size() - 1;
+    const VrexEdgeIndex::Ends ends = m_edges.ends(number);
+    const VrexEdge edge = makeEdge(number);
+    for (const std::uint32_t end : {ends.first, ends.second}) {
+        const auto list = adjacency().find(end);
+        if (list != adjacency().end()) {
+            list->second.push_back(edge);
+        }
+    }
+}
+
+void VrexConstraintGraph::addVertex(const std::shared_ptr<VrexVertex>& vertex) {
+    if (vertex == nullptr) {
+        return;
+    }
+    if (vertex->getVertexType() == VrexVertexType::Geometry) {
+        addVertex(vertex->getGeometryPtr());
+    } else if (vertex->getVertexType() == VrexVertexType::Constraint) {
+        addVertex(vertex->getConstraintPtr());
+    }
+}
+
+void VrexConstraintGraph::addVertex(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    if (geometry != nullptr) {
+        Additions(*this).addVertex(geometry);
+    }
+}
+
+void VrexConstraintGraph::addVertex(const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    if (constraint != nullptr) {
+        Additions(*this).addVertex(constraint);
+    }
+}
+
+template <class First, class Second>
+void VrexConstraintGraph::joinOrAdd(const std::shared_ptr<First>& first,
+                                    const std::shared_ptr<Second>& second) {
+    if (first == nullptr || second == nullptr) {
+        countEdge();
+        VREX_LOG(nsLog::FAILURE, "An edge lacks an end and is not added.");
+    } else if (join(first, second)) {
+        countEdge();
+    } else {
+        Additions(*this).addEdge(first, second);
+    }
+}
+
+void VrexConstraintGraph::addEdge(const VrexEdge& edge) {
+    const auto& first = edge.getFirst();
+    const auto& second = edge.getSecond();
+    addEdge(first != nullptr ? first->getGeometryPtr() : nullptr,
+            second != nullptr ? second->getConstraintPtr() : nullptr);
+}
+
+void VrexConstraintGraph::addEdge(const std::shared_ptr<VrexBaseGeometry>& geometry,
+                                  const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    joinOrAdd(geometry, constraint);
+}
+
+void VrexConstraintGraph::addEdge(const std::shared_ptr<VrexBaseGeometry>& first,
+                                  const std::shared_ptr<VrexBaseGeometry>& second) {
+    joinOrAdd(first, second);
+}
+
+void VrexConstraintGraph::addEdge(const std::shared_ptr<VrexBaseConstraint>& first,
+                                  const std::shared_ptr<VrexBaseConstraint>& second) {
+    joinOrAdd(first, second);
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+#include "data/VrexExport.h"
+
+/// The edges of a constraint graph as pairs of vertex indices, and for each vertex the edges at it, in the
+/// order of their addition; a loop stands twice at its vertex.
+///
+/// Edges are collected, and laid out by vertex in one go when somebody first asks; those that come later are
+/// kept beside until `layOut` is called again.
+class VREX_DATA_EXPORT VrexEdgeIndex {
+public:
+    struct Ends {
+        std::uint32_t first;
+        std::uint32_t second;
+    };
+    /// An edge as one of its ends sees it.
+    struct Incidence {
+        std::uint32_t other; ///< The vertex at the other end.
+        std::uint32_t edge;
+    };
+
+    void reserve(std::size_t edgeCount) { m_ends.reserve(edgeCount); }
+    /// Throws `std::length_error` beyond 2^31 - 1 edges.
+    void add(std::uint32_t first, std::uint32_t second);
+    std::uint32_t size() const { return static_cast<std::uint32_t>(m_ends.size()); }
+    const Ends& ends(std::uint32_t edge) const { return m_ends[edge]; }
+    /// Brings every edge of `vertexCount` vertices into place.
+    void layOut(std::uint32_t vertexCount);
+    bool hasLayout() const { return !m_starts.empty(); }
+    /// Whether no edge came since `layOut` was called, and no vertex.
+    bool isLaidOut(std::uint32_t vertexCount) const {
+        return m_starts.size() == vertexCount + 1ULL && m_later.empty();
+    }
+    /// The edges at a vertex that are in place.
+    std::span<const Incidence> laidOut(std::uint32_t vertex) const {
+        if (vertex + 1ULL >= m_starts.size()) {
+            return {};
+        }
+        return {m_incidences.data() + m_starts[vertex], m_incidences.data() + m_starts[vertex + 1]};
+    }
+    /// The edges at a vertex that came later.
+    std::span<const Incidence> later(std::uint32_t vertex) const;
+    std::size_t degree(std::uint32_t vertex) const { return laidOut(vertex).size() + later(vertex).size(); }
+    /// At which place `edge` stands at its end `vertex`; the first one of a loop.
+    std::size_t placeOf(std::uint32_t edge, std::uint32_t vertex) const;
+    void clear() { *this = {}; }
+
+private:
+    std::vector<Ends> m_ends;
+    std::vector<std::uint32_t> m_starts; ///< By vertex, and one more for the end; empty before `layOut`.
+    std::vector<Incidence> m_incidences;
+    std::unordered_map<std::uint32_t, std::vector<Incidence>> m_later;
+};

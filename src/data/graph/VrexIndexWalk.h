@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "data/graph/VrexEdgeIndex.h"
+#include "data/graph/VrexGraphColorMap.h"
+#include "data/graph/VrexGraphVertexColor.h"
+#include "data/graph/VrexVertexType.h"
+
+class VrexComponentGenerator;
+class VrexConstraintGraph;
+
+/// Hidden: the walk of the component generator on vertex indices, which makes no vertex and no edge.
+///
+/// The same components as by its callbacks, with the same content in the same order, and the same colours in
+/// the end. What only callbacks could tell apart is left out: a depth-first walk ends with everything that is
+/// neither fixed nor unmet in black, so it does not pass through gray.
+class VrexIndexWalk {
+public:
+    /// Whether the graph is what its index says: each object still has its identifier, and no other object
+    /// has it; and the vertices and edges that were handed out have not been written to.
+    static bool isAble(VrexConstraintGraph& graph);
+
+    VrexIndexWalk(VrexConstraintGraph& graph, VrexComponentGenerator& generator);
+
+    void traverse(bool isDepthFirst);
+    /// The colours of all vertices in the end; those of parts that are none go into `others`.
+    VrexGraphFlatColors takeColors(VrexGraphColorMap& others);
+
+    /// For those who colour by identifier.
+    VrexGraphVertexColor vertexColor(std::uint64_t id);
+    void setFixGeometryColor(std::uint64_t id, VrexGraphVertexColor color);
+
+private:
+    void searchFrom(VrexVertexType type, bool isDepthFirst);
+    void searchDepthFirst(std::uint32_t seed);
+    void searchBroadFirst(std::uint32_t seed);
+    void expandBroadFirst(std::uint32_t index);
+    /// Takes a vertex into the component; false where the walk does not pass through it.
+    bool discover(std::uint32_t index, bool isFixed);
+    /// Those that were discovered since, in order.
+    void takeWaiting();
+    void take(std::uint32_t index);
+
+    VrexGraphVertexColor color(std::uint32_t index) const {
+        return static_cast<VrexGraphVertexColor>(m_colors[index]);
+    }
+    void setColor(std::uint32_t index, VrexGraphVertexColor color) {
+        m_colors[index] = static_cast<std::uint8_t>(color);
+    }
+
+    VrexConstraintGraph& m_graph;
+    VrexComponentGenerator& m_generator;
+    std::vector<std::uint8_t> m_colors;
+    VrexGraphColorMap m_colorsOfOthers; ///< Of parts without a vertex.
+    std::vector<std::uint32_t> m_waiting;
+    bool m_isSpecial = false; ///< The component may hold what the walk has yet to meet.
+    std::vector<std::span<const VrexEdgeIndex::Incidence>> m_frames;
+    std::vector<std::uint32_t> m_queue;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "data/VrexBaseObject.h"
+#include "data/VrexExport.h"
+#include "data/base/VrexIDHash.h"
+#include "data/graph/VrexIndexChains.h"
+#include "data/graph/VrexVertexType.h"
+
+/// The objects of a constraint graph in the order of its vertices, found by kind and identifier.
+///
+/// An identifier is noted when its object is added. Where several objects of one kind share one, the latest
+/// is found.
+class VREX_DATA_EXPORT VrexVertexIndex {
+public:
+    using Chains = VrexIndexChains<VrexIDHash>;
+    static constexpr std::uint32_t NONE = Chains::NONE;
+
+    std::uint32_t size() const { return m_chains.size(); }
+    void reserve(std::size_t count);
+    /// At index `size()`. Throws `std::length_error` beyond 2^32 - 1 objects.
+    void add(VrexVertexType type, std::shared_ptr<VrexBaseObject>&& object);
+    /// `NONE` where there is none.
+    std::uint32_t find(VrexVertexType type, std::uint64_t id) const {
+        std::uint32_t index = m_chains.latest(id);
+        while (index != NONE && m_types[index] != type)
+            [[unlikely]] { index = m_chains.before(index); }
+        return index;
+    }
+    /// The latest object of either kind.
+    std::uint32_t findAny(std::uint64_t id) const { return m_chains.latest(id); }
+    VrexVertexType type(std::uint32_t index) const { return m_types[index]; }
+    const std::shared_ptr<VrexBaseObject>& object(std::uint32_t index) const { return m_objects[index]; }
+    std::uint64_t id(std::uint32_t index) const { return m_chains.key(index); }
+    const std::vector<std::uint64_t>& ids() const { return m_chains.keys(); }
+    /// The indices of all objects of a kind that are found, rising by identifier.
+    std::vector<std::uint32_t> byID(VrexVertexType type) const;
+    /// Whether an identifier stands at more than one index.
+    bool hasRepeatedIDs() const { return m_repeated; }
+    void clear() { *this = {}; }
+
+private:
+    Chains m_chains;
+    std::vector<std::shared_ptr<VrexBaseObject>> m_objects;
+    std::vector<VrexVertexType> m_types;
+    bool m_repeated = false;
+};

@@ -1,0 +1,57 @@
+// What a graph takes before anybody looks at its edges.
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "data/graph/VrexComponentGenerator.h"
+#include "data/graph/VrexConstraintGraph.h"
+#include "data/graph/VrexDepthFirstSearch.h"
+#include "support/AllocationCounter.h"
+#include "support/GraphSystems.h"
+
+namespace {
+
+std::vector<std::shared_ptr<VrexBaseGeometry>> geometriesOf(std::size_t count) {
+    std::vector<std::shared_ptr<VrexBaseGeometry>> geometries;
+    for (std::size_t i = 0; i < count; ++i) {
+        geometries.push_back(PartedGeometry::create(i + 1));
+    }
+    return geometries;
+}
+
+TEST(VrexGraphMemory, VertexTakesAtMost200Bytes) {
+    constexpr std::size_t VERTICES = 10'000;
+    const auto geometries = geometriesOf(VERTICES);
+    const AllocationCounter counter;
+    VrexConstraintGraph graph(geometries, {});
+    VrexComponentGenerator generator;
+    EXPECT_LE(counter.bytes(), 200 * VERTICES);
+    EXPECT_EQ(graph.numVertices(), VERTICES);
+}
+
+TEST(VrexGraphMemory, EdgeTakesAtMost100BytesAndWalksMakeNone) {
+    constexpr std::size_t VERTICES = 10'000;
+    constexpr std::size_t ARGUMENTS = 10;
+    const auto geometries = geometriesOf(VERTICES);
+    std::vector<std::shared_ptr<VrexBaseConstraint>> constraints;
+    for (std::size_t i = 0; i < VERTICES; ++i) {
+        auto constraint = LooseConstraint::create(VERTICES + i + 1, {});
+        for (std::size_t argument = 0; argument < ARGUMENTS; ++argument) {
+            constraint->geometries.push_back(geometries[(i + argument) % VERTICES]);
+        }
+        constraints.push_back(constraint);
+    }
+    const AllocationCounter counter;
+    VrexConstraintGraph graph(geometries, constraints);
+    VrexComponentGenerator generator;
+    VrexDepthFirstSearch().traverse(graph, generator);
+    // Of the components 16 bytes an object, twice while their vectors grow, and the walk's own arrays.
+    EXPECT_LE(counter.bytes(), 2 * VERTICES * 200 + VERTICES * ARGUMENTS * 100);
+    EXPECT_LE(counter.count(), 100U);
+    EXPECT_EQ(graph.numEdges(), VERTICES * ARGUMENTS);
+}
+
+} // namespace

@@ -1,0 +1,252 @@
+#include "data/graph/VrexGraphTraverser.h"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "data/graph/VrexBroadFirstSearch.h"
+#include "data/graph/VrexConstraintGraph.h"
+#include "data/graph/VrexDepthFirstSearch.h"
+#include "data/graph/VrexGeometryVertex.h"
+#include "support/GraphRecorder.h"
+#include "support/GraphSystems.h"
+#include "support/LogCapture.h"
+
+namespace {
+
+using Color = VrexGraphVertexColor;
+using Pieces = std::vector<GraphPiece>;
+using Steps = std::vector<GraphStep>;
+using nsGraphPieces::piecesOf;
+
+/// Two points, and a constraint that joins them.
+struct Pair {
+    std::shared_ptr<PartedGeometry> first = PartedGeometry::create(1);
+    std::shared_ptr<PartedGeometry> second = PartedGeometry::create(2);
+    std::shared_ptr<LooseConstraint> constraint = LooseConstraint::create(3, {first, second});
+
+    VrexConstraintGraph graph() const { return {{first, second}, {constraint}}; }
+};
+
+TEST(VrexDepthFirstSearch, StepsAreThoseOfARecursion) {
+    VrexConstraintGraph graph = Pair().graph();
+    GraphRecorder recorder;
+    VrexDepthFirstSearch().traverse(graph, recorder);
+    EXPECT_EQ(recorder.steps(), (Steps{{"initialize", 1},
+                                       {"initialize", 2},
+                                       {"initialize", 3},
+                                       {"start", 3},
+                                       {"discover", 3},
+                                       {"examine", 1, 3},
+                                       {"discover", 1},
+                                       {"examine", 1, 3},
+                                       {"finishEdge", 1, 3},
+                                       {"finish", 1},
+                                       {"finishEdge", 1, 3},
+                                       {"examine", 2, 3},
+                                       {"discover", 2},
+                                       {"examine", 2, 3},
+                                       {"finishEdge", 2, 3},
+                                       {"finish", 2},
+                                       {"finishEdge", 2, 3},
+                                       {"finish", 3}}));
+}
+
+TEST(VrexBroadFirstSearch, NeighboursAreDiscoveredAfterTheirVertexIsFinished) {
+    VrexConstraintGraph graph = Pair().graph();
+    GraphRecorder recorder;
+    VrexBroadFirstSearch walk;
+    walk.traverse(graph, recorder);
+    EXPECT_EQ(recorder.steps(), (Steps{{"initialize", 1},
+                                       {"initialize", 2},
+                                       {"initialize", 3},
+                                       {"start", 3},
+                                       {"discover", 3},
+                                       {"examine", 1, 3},
+                                       {"finishEdge", 1, 3},
+                                       {"examine", 2, 3},
+                                       {"finishEdge", 2, 3},
+                                       {"finish", 3},
+                                       {"discover", 1},
+                                       {"examine", 1, 3},
+                                       {"finishEdge", 1, 3},
+                                       {"finish", 1},
+                                       {"discover", 2},
+                                       {"examine", 2, 3},
+                                       {"finishEdge", 2, 3},
+                                       {"finish", 2}}));
+    EXPECT_EQ(recorder.vertexColor(3), Color::Gray); // from black, by its neighbours
+    EXPECT_EQ(recorder.vertexColor(2), Color::Black);
+}
+
+TEST(VrexDepthFirstSearch, StopInDiscoveryEndsTheWalkAtItsNextTest) {
+    VrexConstraintGraph graph = Pair().graph();
+    GraphRecorder recorder(7); // the discovery of vertex 1
+    VrexDepthFirstSearch().traverse(graph, recorder);
+    EXPECT_EQ(Steps(recorder.steps().begin() + 6, recorder.steps().end()),
+              (Steps{{"discover", 1}, {"finishEdge", 1, 3}}));
+}
+
+TEST(VrexDepthFirstSearch, FrameWithoutFurtherEdgeFinishesAfterAStop) {
+    Pair pair;
+    pair.constraint->geometries.pop_back();
+    VrexConstraintGraph graph = pair.graph();
+    GraphRecorder recorder(7);
+    VrexDepthFirstSearch().traverse(graph, recorder);
+    EXPECT_EQ(Steps(recorder.steps().begin() + 6, recorder.steps().end()),
+              (Steps{{"discover", 1}, {"finishEdge", 1, 3}, {"finish", 3}}));
+    EXPECT_EQ(recorder.getComponents().size(), 1U); // no further seed
+}
+
+TEST(VrexGraphTraverser, StopInStartStillDiscoversDepthFirstOnly) {
+    const auto stepsBehindStart = [](VrexGraphTraverser&& walk) {
+        VrexConstraintGraph graph = Pair().graph();
+        GraphRecorder recorder(4);
+        walk.traverse(graph, recorder);
+        return Steps(recorder.steps().begin() + 4, recorder.steps().end());
+    };
+    EXPECT_EQ(stepsBehindStart(VrexDepthFirstSearch()), (Steps{{"discover", 3}}));
+    EXPECT_EQ(stepsBehindStart(VrexBroadFirstSearch()), Steps());
+}
+
+/// Does not colour fixed geometries.
+class Watcher : public VrexGraphVisitor {
+public:
+    void discoverVertex(VrexConstraintGraph&, std::shared_ptr<VrexVertex>& vertex) override {
+        met.push_back(vertex->getID());
+    }
+    std::vector<std::uint64_t> met;
+};
+
+TEST(VrexBroadFirstSearch, FixedSeedConductsUnlessTheVisitorColoursIt) {
+    const auto part = PartedGeometry::create(2);
+    const auto set = PartedGeometry::create(1, {part});
+    VrexConstraintGraph graph({set, part}, {LooseConstraint::fix(3, set)});
+    Watcher breadth;
+    VrexBroadFirstSearch().traverse(graph, breadth);
+    EXPECT_EQ(breadth.met, (std::vector<std::uint64_t>{1, 2}));
+    Watcher depth;
+    VrexDepthFirstSearch().traverse(graph, depth); // two seeds: the set keeps its colour, the part meets it
+    EXPECT_EQ(depth.met, (std::vector<std::uint64_t>{1, 2, 1}));
+}
+
+TEST(VrexGraphVisitor, WithoutColoursReadsWhiteAndWritesNothing) {
+    VrexGraphVisitor visitor;
+    visitor.setFixGeometryColor(1, Color::Black);
+    EXPECT_EQ(visitor.vertexColor(1), Color::White);
+    EXPECT_FALSE(visitor.isStopped());
+    VrexGraphColorMap colors;
+    visitor.setColorMap(&colors);
+    EXPECT_EQ(visitor.vertexColor(1), Color::White);
+    EXPECT_TRUE(colors.contains(1));
+    visitor.setFixGeometryColor(2, Color::PartOfFixed);
+    EXPECT_EQ(colors.at(2), Color::PartOfFixed);
+}
+
+TEST(VrexGraphTraverser, ColoursOfAFormerGraphAreForgotten) {
+    Pair pair;
+    VrexConstraintGraph first = pair.graph();
+    VrexConstraintGraph second({PartedGeometry::create(9)}, {});
+    for (const bool isByIndex : {true, false}) {
+        VrexDepthFirstSearch walk;
+        VrexComponentGenerator generator;
+        GraphRecorder recorder;
+        VrexComponentGenerator& visitor = isByIndex ? generator : recorder;
+        walk.traverse(first, visitor);
+        EXPECT_EQ(visitor.vertexColor(1), Color::Black);
+        walk.traverse(second, visitor);
+        EXPECT_EQ(visitor.vertexColor(1), Color::White);
+        EXPECT_EQ(visitor.vertexColor(9), Color::Black);
+    }
+}
+
+TEST(VrexGraphTraverser, ObjectThatChangedItsIdentifierIsNotFound) {
+    Pair pair;
+    VrexConstraintGraph graph = pair.graph();
+    pair.second->setID(77);
+    VrexComponentGenerator generator;
+    EXPECT_THROW(VrexDepthFirstSearch().traverse(graph, generator), std::out_of_range);
+    EXPECT_THROW(VrexBroadFirstSearch().traverse(graph, generator), std::out_of_range);
+}
+
+TEST(VrexGraphTraverser, SharedIdentifierSharesItsColourWithOneAdvice) {
+    const auto geometry = PartedGeometry::create(1);
+    VrexConstraintGraph graph({geometry, PartedGeometry::create(1)}, {LooseConstraint::create(1, {})});
+    VrexComponentGenerator generator;
+    const LogCapture log(2);
+    VrexDepthFirstSearch().traverse(graph, generator);
+    EXPECT_EQ(piecesOf(generator), (Pieces{{{}, {1}}})); // the geometries are taken for visited
+    ASSERT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(log.lines()[0].level, 2U);
+}
+
+TEST(VrexGraphTraverser, SameObjectTwiceIsWalkedOnceWithoutAdvice) {
+    const auto geometry = PartedGeometry::create(1);
+    VrexConstraintGraph graph({geometry, geometry}, {});
+    VrexComponentGenerator generator;
+    const LogCapture log(2);
+    VrexDepthFirstSearch().traverse(graph, generator);
+    EXPECT_EQ(piecesOf(generator), (Pieces{{{1}, {}}}));
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST(VrexGraphTraverser, WalkFollowsListsAsCallersLeftThem) {
+    Pair pair;
+    VrexConstraintGraph graph = pair.graph();
+    graph.getAdjacents(2).pop_back(); // from the constraint to the second point
+    VrexComponentGenerator generator;
+    VrexDepthFirstSearch().traverse(graph, generator);
+    EXPECT_EQ(piecesOf(generator), (Pieces{{{1}, {3}}, {{2}, {}}}));
+}
+
+TEST(VrexGraphTraverser, WalkFollowsVerticesAsCallersLeftThem) {
+    Pair pair;
+    VrexConstraintGraph graph = pair.graph();
+    graph[1] = std::make_shared<VrexGeometryVertex>(PartedGeometry::create(50));
+    VrexComponentGenerator generator;
+    EXPECT_THROW(VrexDepthFirstSearch().traverse(graph, generator), std::out_of_range);
+    graph[1] = nullptr;
+    VrexComponentGenerator other;
+    VrexDepthFirstSearch().traverse(graph, other);
+    EXPECT_EQ(piecesOf(other), (Pieces{{{1, 2}, {3}}}));
+}
+
+/// Adds a constraint at each point that it meets for the first time.
+class Adder : public Watcher {
+public:
+    void examineEdge(VrexConstraintGraph& graph, VrexEdge& edge) override {
+        if (graph.numVertices() < 300) {
+            const auto geometry = edge.getFirst()->getGeometryPtr();
+            graph.addVertex(LooseConstraint::create(1000 + graph.numVertices(), {geometry}));
+        }
+    }
+};
+
+TEST(VrexGraphTraverser, VisitorMayAddToTheGraph) {
+    for (const bool isDepthFirst : {true, false}) {
+        VrexConstraintGraph graph = Pair().graph();
+        Adder adder;
+        if (isDepthFirst) {
+            VrexDepthFirstSearch().traverse(graph, adder);
+        } else {
+            VrexBroadFirstSearch().traverse(graph, adder);
+        }
+        EXPECT_EQ(graph.numVertices(), 300U);
+        EXPECT_EQ(adder.met.size(), 300U);
+    }
+}
+
+TEST(VrexGraphTraverser, TimeIsADiagnostic) {
+    VrexConstraintGraph graph = Pair().graph();
+    const LogCapture log;
+    VrexComponentGenerator generator;
+    VrexDepthFirstSearch().traverse(graph, generator);
+    ASSERT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(log.lines()[0].level, 4U);
+    EXPECT_EQ(log.lines()[0].text.rfind("VrexGraphTraverser::traverse: ", 0), 0U);
+}
+
+} // namespace

@@ -23,8 +23,8 @@ public:
     /// surface and interpolated points are not visited, and ranges stay. Of control points, matched by their
     /// place, positions and weights; throws `std::out_of_range`, with nothing changed, when `source` has
     /// fewer than `target`. An evaluated curve takes over texts and descriptors, and so names the objects
-    /// that the source names. Throws `std::runtime_error` for an ellipse whose rotation gives no right angle,
-    /// when the center has been taken over and nothing else.
+    /// that the source names. An ellipse takes over its axes, by either of their two quaternions; throws
+    /// `std::runtime_error` where they give no right angle, with the center taken over and nothing else.
     /// Kept: shared values take over the status, not the value.
     void operator()(const VrexGeometry3D& source, VrexGeometry3D& target) const;
 

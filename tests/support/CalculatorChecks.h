@@ -264,6 +264,23 @@ void expectTooFewParameters(const Evaluate& evaluate, std::size_t count) {
     }
 }
 
+/// Expects that a curve refuses orders whose result nobody could use, with a line in the log.
+inline void expectTooHighOrder(const VrexParametricCurve3D& curve, std::size_t count) {
+    const auto expectThrow = [](int order, const auto& call) {
+        const LogCapture log;
+        const std::string text = "Too high an order: " + std::to_string(order) + ".";
+        EXPECT_THAT(call, testing::ThrowsMessage<std::invalid_argument>(text));
+        ASSERT_EQ(log.lines().size(), 1U);
+        EXPECT_EQ(log.lines().front().level, 1U);
+        EXPECT_THAT(log.lines().front().text, testing::EndsWith("(): " + text));
+    };
+    for (const int order : {100'001, std::numeric_limits<int>::max()}) {
+        expectThrow(order, [&] { static_cast<void>(curve.evaluate(0.7, order)); });
+        expectThrow(order,
+                    [&] { static_cast<void>(curve.evaluate(Variables(count), VrexVariable(0.7), order)); });
+    }
+}
+
 /// Expects that orders above 2 give the second order, and that negative ones touch nothing.
 template <class Surface>
 void expectOrderLimits(const std::shared_ptr<Surface>& surface) {

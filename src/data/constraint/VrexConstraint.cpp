@@ -53,8 +53,8 @@ void VrexConstraint::addGeometry(std::shared_ptr<VrexBaseGeometry> geometry) {
 void VrexConstraint::eraseGeometry() {
     if (!m_geometries.empty()) {
         m_geometries.pop_back();
-        m_geometriesChanged = true;
     }
+    m_geometriesChanged = true;
 }
 
 void VrexConstraint::initGeometry(std::uint64_t capacity) { m_geometries.reserve(capacity); }

@@ -66,7 +66,7 @@ protected:
         initGeometry(sizeof...(arguments));
         (addGeometry(arguments), ...);
     }
-    /// Removes the last geometry, if there is one.
+    /// Removes the last geometry, if there is one; the flag is set also without one.
     void eraseGeometry();
     std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries() { return m_geometries; }
     /// Reserves room for `capacity` geometries.

@@ -90,7 +90,13 @@ TEST(VrexConstraint, EraseSetsTheFlagOfAnUnchangedList) {
     EXPECT_FALSE(constraint.areGeometriesChanged());
     constraint.eraseGeometry();
     EXPECT_TRUE(constraint.areGeometriesChanged());
-    EXPECT_NO_THROW(constraint.eraseGeometry());
+}
+
+TEST(VrexConstraint, EraseFromAnEmptyListSetsTheFlagAlone) {
+    ProbeConstraint constraint;
+    constraint.eraseGeometry();
+    EXPECT_THAT(constraint.getGeometries(), IsEmpty());
+    EXPECT_TRUE(constraint.areGeometriesChanged());
 }
 
 TEST(VrexConstraint, GeomArgumentsAreTheEntitiesInOrderWithoutVariables) {

@@ -123,13 +123,15 @@ VrexGeometryComponentType VrexConstraint3D::getGeomComponentType(std::uint32_t n
 
 void VrexConstraint3D::setGeomComponentType(std::uint32_t number, VrexGeometryComponentType component) {
     const auto target = geometry(number);
-    if (target == nullptr || !supportedGeomTypeForComponentType(target->type(), component)) {
+    if (target == nullptr) {
         return;
     }
     if (number > m_geomComponents.size()) {
         VREX_RAISE(std::out_of_range, nsStandardTexts::ARRAY_SUBSCRIPT);
     }
-    m_geomComponents[number - 1] = component;
+    if (supportedGeomTypeForComponentType(target->type(), component)) {
+        m_geomComponents[number - 1] = component;
+    }
 }
 
 void VrexConstraint3D::fixHelpParameter1(bool fix) {

@@ -52,7 +52,7 @@ public:
     /// The component of geometry 1 or 2. Throws `std::out_of_range` for any other number.
     VrexGeometryComponentType getGeomComponentType(std::uint32_t number) const;
     /// Does nothing when the geometry is missing or its kind has no such component. Throws
-    /// `std::out_of_range` for a geometry beyond the second.
+    /// `std::out_of_range` for a geometry beyond the second, whatever the component.
     void setGeomComponentType(std::uint32_t number, VrexGeometryComponentType component);
 
     std::optional<VrexVector3DT<double>>& helpPoint1() { return m_helpPoint1; }

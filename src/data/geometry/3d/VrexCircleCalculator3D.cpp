@@ -11,13 +11,13 @@ namespace {
 
 template <typename T>
 std::vector<VrexVector3DT<T>> evaluate(const VrexVector3DT<T>& center, const T& r,
-                                       const VrexAxisFrame3D<T>& frame, const T& t, int order) {
+                                       const VrexAxisFrame3D<T>& frame, const T& t, std::size_t order) {
     using std::cos;
     using std::sin;
     const T cosine = r * cos(t);
     const T sine = r * sin(t);
     const T zero(0.0);
-    std::vector<VrexVector3DT<T>> result(static_cast<std::size_t>(order) + 1);
+    std::vector<VrexVector3DT<T>> result(order + 1);
     result[0] = frame.combine({cosine, sine, zero});
     if (order >= 1) {
         result[1] = frame.combine({-sine, cosine, zero});
@@ -42,7 +42,8 @@ VrexCircleCalculator3D::calculate(const std::vector<VrexVariable>& parameters, c
         return {};
     }
     return evaluate(nsCalculator::getVector(parameters, VrexCircle3D::X), parameters[VrexCircle3D::RADIUS],
-                    {parameters[VrexCircle3D::POLAR], parameters[VrexCircle3D::AZIMUTHAL]}, t, order);
+                    {parameters[VrexCircle3D::POLAR], parameters[VrexCircle3D::AZIMUTHAL]}, t,
+                    nsCalculator::requireOrder(order));
 }
 
 std::vector<VrexVector3DT<double>> VrexCircleCalculator3D::calculate(double t, int order) {
@@ -52,5 +53,5 @@ std::vector<VrexVector3DT<double>> VrexCircleCalculator3D::calculate(double t, i
     return evaluate(m_circle.getCenter(), m_circle.getRadius(),
                     m_frame.at(m_circle.getParameter(VrexCircle3D::POLAR),
                                m_circle.getParameter(VrexCircle3D::AZIMUTHAL)),
-                    t, order);
+                    t, nsCalculator::requireOrder(order));
 }

@@ -37,6 +37,10 @@ inline bool isMarkedChanged(const std::shared_ptr<const VrexBaseGeometry>& geome
     return geometry != nullptr && geometry->getChangeStatus() == VrexGeometryChangeStatus::Changed;
 }
 
+/// Throws `std::invalid_argument` for a list with fewer parameters than the profile's calculator and the line
+/// read together. Where it is a spline or evaluated, the profile has other ones than its own slots.
+void requireParameters(const std::vector<VrexVariable>& parameters, const VrexParametricCurve3D& profile);
+
 /// Where the slots of the line begin in a list of parameters that ends with them.
 inline int firstLineSlot(const std::vector<VrexVariable>& parameters) {
     return static_cast<int>(parameters.size()) - VrexLine3D::PARAMETERS_AMOUNT;

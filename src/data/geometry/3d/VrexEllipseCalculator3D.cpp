@@ -19,14 +19,14 @@ struct Ellipse {
 };
 
 template <typename T>
-std::vector<VrexVector3DT<T>> evaluate(const Ellipse<T>& ellipse, const T& t, int order) {
+std::vector<VrexVector3DT<T>> evaluate(const Ellipse<T>& ellipse, const T& t, std::size_t order) {
     using std::cos;
     using std::sin;
     const auto& [center, rotation, a, b] = ellipse;
     const T cosine = cos(t);
     const T sine = sin(t);
     const T zero(0.0);
-    std::vector<VrexVector3DT<T>> result(static_cast<std::size_t>(order) + 1);
+    std::vector<VrexVector3DT<T>> result(order + 1);
     result[0] = {a * cosine, b * sine, zero};
     if (order >= 1) {
         result[1] = {-(a * sine), b * cosine, zero};
@@ -51,7 +51,7 @@ VrexEllipseCalculator3D::calculate(const std::vector<VrexVariable>& parameters, 
     return evaluate<VrexVariable>({nsCalculator::getVector(parameters, VrexEllipse3D::X),
                                    nsCalculator::getRotation(parameters, VrexEllipse3D::SCALAR),
                                    parameters[VrexEllipse3D::R1], parameters[VrexEllipse3D::R2]},
-                                  t, order);
+                                  t, nsCalculator::requireOrder(order));
 }
 
 std::vector<VrexVector3DT<double>> VrexEllipseCalculator3D::calculate(double t, int order) {
@@ -60,5 +60,5 @@ std::vector<VrexVector3DT<double>> VrexEllipseCalculator3D::calculate(double t, 
     }
     return evaluate<double>({m_ellipse.getCenter(), m_ellipse.getRotation(), m_ellipse.getMajorRadius(),
                              m_ellipse.getMinorRadius()},
-                            t, order);
+                            t, nsCalculator::requireOrder(order));
 }

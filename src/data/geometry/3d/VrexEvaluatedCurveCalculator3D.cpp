@@ -1,18 +1,21 @@
 #include "data/geometry/3d/VrexEvaluatedCurveCalculator3D.h"
 
+#include <cstddef>
+
+#include "data/geometry/3d/VrexCalculatorInput.h"
 #include "data/geometry/3d/VrexEvaluatedFormulas.h"
 
 namespace {
 
 template <typename T>
 std::vector<VrexVector3DT<T>> evaluate(const VrexEvaluatedCurve3D& curve, const std::vector<T>& values,
-                                       const nsEvaluated::Frame<T>& frame, int order) {
+                                       const nsEvaluated::Frame<T>& frame, std::size_t order) {
     nsEvaluated::requireBound(curve, values.size());
     const auto t = curve.getT();
     std::vector<VrexVector3DT<T>> result;
-    for (int k = 0; k <= order; ++k) {
+    for (std::size_t k = 0; k <= order; ++k) {
         result.push_back(nsEvaluated::turned(curve, frame.rotation, [&](VrexExpressionParser& parser) {
-            return nsEvaluated::derivative(parser, values, t, static_cast<std::uint64_t>(k));
+            return nsEvaluated::derivative(parser, values, t, k);
         }));
     }
     result[0] += frame.origin;
@@ -29,7 +32,8 @@ VrexEvaluatedCurveCalculator3D::calculate(const std::vector<VrexVariable>& param
     if (order < 0) {
         return {};
     }
-    auto result = evaluate(m_curve, values, nsEvaluated::frameOf<VrexEvaluatedCurve3D>(parameters), order);
+    auto result = evaluate(m_curve, values, nsEvaluated::frameOf<VrexEvaluatedCurve3D>(parameters),
+                           nsCalculator::requireOrder(order));
     if (isAddZeroDerivatives()) {
         addZeroDerivatives(parameters, result);
     }
@@ -42,5 +46,5 @@ std::vector<VrexVector3DT<double>> VrexEvaluatedCurveCalculator3D::calculate(dou
     }
     std::vector<double> values{t};
     nsEvaluated::appendDescriptorValues(m_curve, values);
-    return evaluate(m_curve, values, nsEvaluated::frameOf(m_curve), order);
+    return evaluate(m_curve, values, nsEvaluated::frameOf(m_curve), nsCalculator::requireOrder(order));
 }

@@ -11,7 +11,8 @@
 /// Evaluates an evaluated curve: C(t) = q (X(t), Y(t), Z(t)) q* + o, derivatives by symbolic differentiation.
 ///
 /// Differentiable parameters are the seven slots of the curve, then one value for each descriptor, in order.
-/// Throws `std::runtime_error` where an expression is missing, cannot be parsed, or has other variables.
+/// Throws `std::runtime_error` where an expression is missing, cannot be parsed, or has other variables, and
+/// `std::invalid_argument` for an order above 100000.
 class VREX_DATA_EXPORT VrexEvaluatedCurveCalculator3D : public VrexParametricCurveCalculator3D {
 public:
     explicit VrexEvaluatedCurveCalculator3D(const VrexEvaluatedCurve3D& curve) : m_curve(curve) {}

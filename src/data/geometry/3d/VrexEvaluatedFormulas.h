@@ -50,15 +50,16 @@ template <class Shape>
 void appendDescriptorValues(const Shape& shape, const std::vector<VrexVariable>& parameters,
                             std::vector<VrexVariable>& values) {
     const std::size_t count = shape.descriptors().size();
-    nsCalculator::requireParameters(parameters, static_cast<int>(Shape::PARAMETERS_AMOUNT + count));
+    nsCalculator::requireParameters(parameters, Shape::PARAMETERS_AMOUNT + count);
     const auto first = parameters.begin() + Shape::PARAMETERS_AMOUNT;
     values.insert(values.end(), first, first + static_cast<std::ptrdiff_t>(count));
 }
 
 /// An expression that was refused may still have the variables of former descriptors. It must not be given
-/// values that are not meant for it.
+/// values that are not meant for it. One that is missing has no tree, which the parser tells by itself.
 inline void requireBound(const VrexExpressionParser& parser, std::size_t count) {
-    if (const std::size_t bound = parser.getVariables().size(); bound != count) {
+    const std::size_t bound = parser.getVariables().size();
+    if (bound != count && !parser.getExpression().empty()) {
         VREX_RAISE(std::runtime_error, "The expression has " + std::to_string(bound) +
                                            " variables, and the shape has " + std::to_string(count) + ".");
     }

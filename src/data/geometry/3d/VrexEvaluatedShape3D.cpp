@@ -17,9 +17,10 @@ VrexEvaluatedShape3D::VrexEvaluatedShape3D(const VrexEvaluatedShape3D& other)
 
 bool VrexEvaluatedShape3D::set(const std::string& x, const std::string& y, const std::string& z,
                                std::vector<VrexVariableDescriptor> descriptors) {
+    const std::array<std::string, 3> texts{x, y, z}; // copies: they may be the shape's own
     m_descriptors = std::move(descriptors);
     updateVariables(false);
-    return setText(X, x) && setText(Y, y) && setText(Z, z);
+    return setText(X, texts[X]) && setText(Y, texts[Y]) && setText(Z, texts[Z]);
 }
 
 bool VrexEvaluatedShape3D::setText(std::size_t coordinate, const std::string& text) {

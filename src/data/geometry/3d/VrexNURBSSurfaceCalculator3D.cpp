@@ -80,7 +80,9 @@ private:
 const VrexSpline3D::ControlPoint& requireControlPoint(const VrexNURBSSurface3D& surface, std::size_t row,
                                                       std::size_t column) {
     const auto& rows = surface.controlPoints();
-    if (row >= rows.size() || column >= rows[row].size() || rows[row][column].point == nullptr) {
+    // Behind the length of the first row there are no parameters either.
+    const bool isInNet = row < rows.size() && column < std::min(rows.front().size(), rows[row].size());
+    if (!isInNet || rows[row][column].point == nullptr) {
         VREX_RAISE(std::invalid_argument, "Broken internal state: a control point is missing.");
     }
     return rows[row][column];

@@ -25,7 +25,7 @@ public:
     ///
     /// The shape is read from `parameters`, the slots of the curve in order, whatever the curve itself holds;
     /// what is no parameter still comes from the curve. Throws `std::invalid_argument` for too few
-    /// parameters.
+    /// parameters, and for an order above 100000.
     virtual std::vector<VrexVector3DT<VrexVariable>> calculate(const std::vector<VrexVariable>& parameters,
                                                                const VrexVariable& t, int order) = 0;
     /// The same over plain numbers, with the shape that the curve has now.

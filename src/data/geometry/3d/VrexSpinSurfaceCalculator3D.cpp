@@ -59,7 +59,7 @@ VrexSurfaceSample<VrexVector3DT<VrexVariable>>
 VrexSpinSurfaceCalculator3D::calculate(const std::vector<VrexVariable>& parameters, const VrexVariable& u,
                                        const VrexVariable& v, int order) {
     requireCurves();
-    nsCalculator::requireParameters(parameters, VrexLine3D::PARAMETERS_AMOUNT);
+    nsDrawn::requireParameters(parameters, *m_surface.getProfileCurve());
     if (order < 0) {
         return {};
     }

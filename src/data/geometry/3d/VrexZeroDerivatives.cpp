@@ -6,13 +6,34 @@
 
 #include "data/base/VrexIDHash.h"
 
+namespace {
+
+using Entries = VrexVariable::Derivatives;
+using Keys = boost::unordered_flat_set<std::uint64_t, VrexIDHash>;
+
+/// Whether `entries` lack the key. `seen` keeps their keys once they are too many to be looked through; few
+/// need no memory.
+bool isNew(const Entries& entries, Keys& seen, std::uint64_t key) {
+    if (entries.isInside()) {
+        return entries.find(key) == entries.end();
+    }
+    if (seen.empty()) {
+        for (const auto& entry : entries) {
+            seen.insert(entry.key);
+        }
+    }
+    return seen.insert(key).second;
+}
+
+} // namespace
+
 VrexVariable nsCalculator::makeZero(const std::vector<VrexVariable>& parameters) {
     VrexVariable zero;
-    VrexVariable::Derivatives& entries = zero.derivatives();
-    boost::unordered_flat_set<std::uint64_t, VrexIDHash> seen;
+    Entries& entries = zero.derivatives();
+    Keys seen;
     for (const VrexVariable& parameter : parameters) {
         for (const auto& entry : parameter.derivatives()) {
-            if (seen.insert(entry.key).second) {
+            if (isNew(entries, seen, entry.key)) {
                 entries.append(entry.key, 0.0);
             }
         }

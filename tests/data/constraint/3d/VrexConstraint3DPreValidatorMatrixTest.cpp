@@ -68,7 +68,7 @@ private:
 std::string describe(const Types& types) {
     std::string text = "types";
     for (const Type type : types) {
-        text += " " + std::to_string(static_cast<int>(type));
+        text.append(" ").append(std::to_string(static_cast<int>(type)));
     }
     return text;
 }

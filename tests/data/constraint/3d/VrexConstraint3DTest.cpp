@@ -228,8 +228,16 @@ TEST(VrexConstraint3D, ComponentOfAMissingGeometryIsNotStored) {
 TEST(VrexConstraint3D, ComponentOfAThirdGeometryThrowsAndStoresNothing) {
     const auto constraint = ProbeConstraint3D::of(makeSample<VrexPoint3D>(), makeSample<VrexPoint3D>(),
                                                   makeSample<VrexTorus3D>());
-    EXPECT_EQ(outOfRangeOf([&] { constraint->setGeomComponentType(3, VrexGeometryComponentType::SPINE); }),
-              "invalid array<T, N> subscript");
+    // One that the torus has, and one that it has not.
+    for (const auto component : {VrexGeometryComponentType::SPINE, VrexGeometryComponentType::APEX}) {
+        const LogCapture log;
+        EXPECT_EQ(outOfRangeOf([&] { constraint->setGeomComponentType(3, component); }),
+                  "invalid array<T, N> subscript");
+        ASSERT_EQ(log.lines().size(), 1U);
+        EXPECT_EQ(log.lines().front().level, 1U);
+        EXPECT_EQ(log.lines().front().text,
+                  "VrexConstraint3D::setGeomComponentType(): invalid array<T, N> subscript");
+    }
     EXPECT_EQ(constraint->getGeomComponentType(1), VrexGeometryComponentType::UNKNOWN);
     EXPECT_EQ(constraint->getGeomComponentType(2), VrexGeometryComponentType::UNKNOWN);
 }

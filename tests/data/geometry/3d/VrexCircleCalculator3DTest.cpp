@@ -168,6 +168,12 @@ TEST(VrexCircleCalculator3D, NegativeOrderGivesNothing) {
     }
 }
 
+TEST(VrexCircleCalculator3D, TooHighAnOrderThrows) {
+    const auto circle = VrexCircle3D::create({1.0, -2.0, 3.0}, {2.0, -1.0, 2.0}, 1.5);
+    EXPECT_EQ(circle->evaluate(0.7, 100'000).size(), 100'001U);
+    nsCalculatorChecks::expectTooHighOrder(*circle, VrexCircle3D::PARAMETERS_AMOUNT);
+}
+
 TEST(VrexCircleCalculator3D, TooFewParametersThrow) {
     const auto circle = VrexCircle3D::create({1.0, -2.0, 3.0}, {2.0, -1.0, 2.0}, 1.5);
     nsCalculatorChecks::expectTooFewParameters(

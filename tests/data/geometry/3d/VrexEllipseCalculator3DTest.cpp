@@ -102,6 +102,13 @@ TEST(VrexEllipseCalculator3D, NegativeOrderGivesNothing) {
     EXPECT_TRUE(ellipse->evaluate(list, VrexVariable(0.7), -1).empty());
 }
 
+TEST(VrexEllipseCalculator3D, TooHighAnOrderThrows) {
+    nsCalculatorChecks::Random random(7);
+    const auto ellipse = makeRandom(random);
+    EXPECT_EQ(ellipse->evaluate(0.7, 100'000).size(), 100'001U);
+    nsCalculatorChecks::expectTooHighOrder(*ellipse, VrexEllipse3D::PARAMETERS_AMOUNT);
+}
+
 TEST(VrexEllipseCalculator3D, TooFewParametersThrow) {
     nsCalculatorChecks::Random random(6);
     const auto ellipse = makeRandom(random);

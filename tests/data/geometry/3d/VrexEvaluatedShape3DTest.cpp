@@ -88,6 +88,15 @@ TEST(VrexEvaluatedShape3D, SetReplacesDescriptorsAndTexts) {
     EXPECT_EQ(valueOf(shape, Z), 15.0);
 }
 
+TEST(VrexEvaluatedShape3D, SetTakesItsOwnTextsInAnotherOrder) {
+    VrexEvaluatedShape3D shape(NAMES);
+    ASSERT_TRUE(shape.set("1", "2", "3", {}));
+    EXPECT_TRUE(shape.set(shape.getText(Z), shape.getText(X), shape.getText(Y), shape.descriptors()));
+    EXPECT_EQ(shape.getText(X), "3");
+    EXPECT_EQ(shape.getText(Y), "1");
+    EXPECT_EQ(shape.getText(Z), "2");
+}
+
 TEST(VrexEvaluatedShape3D, SetStopsAtTheFirstRefusedText) {
     VrexEvaluatedShape3D shape(NAMES);
     ASSERT_TRUE(shape.set("1", "2", "3", {}));

@@ -127,6 +127,21 @@ TEST(VrexInterpolatedSplineCalculator3D, ParametersOfAClosedCurveRunOnceRoundFro
     EXPECT_NEAR(Interpolation(BOX, 3, true, false).parameters[1], 3.0 + std::sqrt(3.0) / total * 4.0, 1e-14);
 }
 
+Points makeRectangle(double width, double height) {
+    return {{0.0, 0.0, 0.0}, {width, 0.0, 0.0}, {width, height, 0.0}, {0.0, height, 0.0}};
+}
+
+TEST(VrexInterpolatedSplineCalculator3D, CentripetalRunDiffersFromTheChordLengthRunInTheLengthsOnly) {
+    for (const bool periodic : {false, true}) {
+        for (std::size_t degree = 1; degree <= 3; ++degree) {
+            const Interpolation centripetal(makeRectangle(4.0, 25.0), degree, periodic, false);
+            const Interpolation chord(makeRectangle(2.0, 5.0), degree, periodic, true);
+            EXPECT_EQ(centripetal.parameters, chord.parameters);
+            EXPECT_EQ(centripetal.knots, chord.knots);
+        }
+    }
+}
+
 TEST(VrexInterpolatedSplineCalculator3D, InnerKnotsOfAnOpenCurveAreMeansOfParameters) {
     for (std::size_t degree = 1; degree <= 5; ++degree) {
         const Interpolation fit(makePoints(4, 11), degree, false, false);

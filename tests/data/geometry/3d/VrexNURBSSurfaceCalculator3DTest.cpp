@@ -260,6 +260,22 @@ TEST(VrexNURBSSurfaceCalculator3D, MissingOrNullControlPointThrowsWhereItIsNeede
     expectBroken(*surface, -1.0, -1.0);
 }
 
+TEST(VrexNURBSSurfaceCalculator3D, WhatStandsBehindTheFirstRowsLengthIsMissing) {
+    Maker maker(13);
+    const auto surface = maker.surface(1, 1, 3, 3);
+    const double uEnd = *surface->intervalU().second;
+    const double vEnd = *surface->intervalV().second;
+    surface->controlPoints()[0].pop_back();
+    // The last row and column are there, but no parameters are theirs.
+    const LogCapture log(1);
+    VrexNURBSSurfaceCalculator3D calculator(*surface);
+    EXPECT_THROW(calculator.calculate(uEnd, vEnd, 1), std::invalid_argument);
+    const std::vector<VrexVariable> parameters(3 * 3 * 2, VrexVariable(1.0));
+    EXPECT_THROW(calculator.calculate(parameters, uEnd, vEnd, 1), std::invalid_argument);
+    EXPECT_EQ(log.lines().size(), 2U);
+    EXPECT_EQ(calculator.calculate(parameters, uEnd, -1.0, 0)[0].x().value(), 1.0);
+}
+
 TEST(VrexNURBSSurfaceCalculator3D, ZeroWeightsGiveNoNumbers) {
     const auto surface = Maker(14).surface(1, 1, 2, 2);
     setWeights(*surface, 0.0);

@@ -10,6 +10,8 @@
 
 #include "data/geometry/3d/VrexCircleCalculator3D.h"
 #include "data/geometry/3d/VrexEllipseCalculator3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurveCalculator3D.h"
+#include "data/geometry/3d/VrexSplineCalculator3D.h"
 #include "support/LogCapture.h"
 #include "support/ProbeShapes.h"
 #include "support/Samples.h"
@@ -25,6 +27,8 @@ bool isOf(const VrexParametricCurve3D& curve) {
 TEST(VrexParametricCurveCalculator3D, EachClassHasItsOwn) {
     EXPECT_TRUE(isOf<VrexCircleCalculator3D>(*makeSample<VrexCircle3D>()));
     EXPECT_TRUE(isOf<VrexEllipseCalculator3D>(*makeSample<VrexEllipse3D>()));
+    EXPECT_TRUE(isOf<VrexSplineCalculator3D>(*makeSample<VrexSpline3D>()));
+    EXPECT_TRUE(isOf<VrexEvaluatedCurveCalculator3D>(*makeSample<VrexEvaluatedCurve3D>()));
 }
 
 TEST(VrexParametricCurveCalculator3D, UnknownClassThrows) {
@@ -63,6 +67,25 @@ TEST(VrexParametricCurveCalculator3D, ZeroDerivativesListEveryParameter) {
     for (const VrexVariable& other :
          {result[0].y(), result[0].z(), result[1].x(), result[1].y(), result[1].z()}) {
         EXPECT_TRUE(nsScalarSamples::sameResult(other, 0.0, {{7, 0.0}, {2, 0.0}, {1, 0.0}}));
+    }
+}
+
+TEST(VrexParametricCurveCalculator3D, ZeroDerivativesListRepeatedParametersOnce) {
+    // Five keys at a time, most of them known: past the few that are looked through one by one.
+    for (const std::size_t count : {3U, 10U, 11U, 12U, 40U}) {
+        std::vector<VrexVariable> parameters;
+        nsScalarSamples::Entries expected;
+        for (std::size_t i = 0; i < count; ++i) {
+            nsScalarSamples::Entries entries;
+            for (std::size_t key = i < 4 ? 0 : i - 4; key <= i; ++key) {
+                entries.push_back({key, 1.0});
+            }
+            parameters.push_back(nsScalarSamples::make(2.0, entries));
+            expected.push_back({i, 0.0});
+        }
+        std::vector<VrexVector3DT<VrexVariable>> result(1);
+        ProbeCurveCalculator::addZeroDerivatives(parameters, result);
+        EXPECT_TRUE(nsScalarSamples::sameResult(result[0].x(), 0.0, expected)) << count;
     }
 }
 

@@ -9,6 +9,10 @@
 
 #include "data/geometry/3d/VrexConeCalculator3D.h"
 #include "data/geometry/3d/VrexCylinderCalculator3D.h"
+#include "data/geometry/3d/VrexEvaluatedSurfaceCalculator3D.h"
+#include "data/geometry/3d/VrexNURBSSurfaceCalculator3D.h"
+#include "data/geometry/3d/VrexSpinSurfaceCalculator3D.h"
+#include "data/geometry/3d/VrexSweepSurfaceCalculator3D.h"
 #include "data/geometry/3d/VrexTorusCalculator3D.h"
 #include "support/LogCapture.h"
 #include "support/ProbeShapes.h"
@@ -26,6 +30,10 @@ TEST(VrexParametricSurfaceCalculator3D, EachClassHasItsOwn) {
     EXPECT_TRUE(isOf<VrexConeCalculator3D>(*makeSample<VrexCone3D>()));
     EXPECT_TRUE(isOf<VrexCylinderCalculator3D>(*makeSample<VrexCylinder3D>()));
     EXPECT_TRUE(isOf<VrexTorusCalculator3D>(*makeSample<VrexTorus3D>()));
+    EXPECT_TRUE(isOf<VrexNURBSSurfaceCalculator3D>(*makeSample<VrexNURBSSurface3D>()));
+    EXPECT_TRUE(isOf<VrexEvaluatedSurfaceCalculator3D>(*makeSample<VrexEvaluatedSurface3D>()));
+    EXPECT_TRUE(isOf<VrexSpinSurfaceCalculator3D>(*makeSample<VrexSpinSurface3D>()));
+    EXPECT_TRUE(isOf<VrexSweepSurfaceCalculator3D>(*makeSample<VrexSweepSurface3D>()));
 }
 
 TEST(VrexParametricSurfaceCalculator3D, UnknownClassThrows) {

@@ -6,6 +6,7 @@
 
 #include "support/ExpectShapeDerivatives.h"
 #include "support/LogCapture.h"
+#include "support/ProfileSamples.h"
 #include "support/RandomShapes.h"
 #include "support/Samples.h"
 #include "support/VectorSamples.h"
@@ -168,6 +169,19 @@ TEST(VrexSweepSurfaceCalculator3D, TooFewParametersThrow) {
     const std::vector<VrexVariable> five(5);
     EXPECT_THROW(static_cast<void>(surface->evaluate(five, VrexVariable(), VrexVariable(), 0)),
                  std::invalid_argument);
+}
+
+TEST(VrexSweepSurfaceCalculator3D, ProfileAndLineShareNoParameters) {
+    const auto line = makeSample<VrexLine3D>();
+    for (const auto& [profile, count] : makeProfiles()) {
+        const auto surface = VrexSweepSurface3D::create(profile, line, {});
+        std::vector<VrexVariable> parameters(count + 5, VrexVariable(0.5));
+        EXPECT_NO_THROW(static_cast<void>(surface->evaluate(parameters, VrexVariable(), VrexVariable(), 0)));
+        parameters.pop_back();
+        EXPECT_THROW(static_cast<void>(surface->evaluate(parameters, VrexVariable(), VrexVariable(), 0)),
+                     std::invalid_argument)
+            << count;
+    }
 }
 
 TEST(VrexSweepSurfaceCalculator3D, MissingProfileOrLineThrows) {

@@ -22,11 +22,11 @@ public:
             m_pairs.emplace_back(first, second);
         }
     }
-    /// The pairs of two lists by place, as far as both go.
+    /// The elements of `second` with those of `first` in their places, with null where there is none.
     template <class List>
     void addAll(const List& first, const List& second) {
-        for (std::size_t i = 0; i < first.size() && i < second.size(); ++i) {
-            add(first[i], second[i]);
+        for (std::size_t i = 0; i < second.size(); ++i) {
+            add(i < first.size() ? Geometry(first[i]) : nullptr, second[i]);
         }
     }
 

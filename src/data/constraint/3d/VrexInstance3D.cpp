@@ -134,5 +134,6 @@ void VrexInstance3D::satisfy() {
     }
     VrexGeometryTransformation3DVisitor visitor(VrexTransformation3DT<double>(getInstanceTransform()), false);
     visitor.markGeometriesVisited(untouched);
+    visitor.markGeometriesVisited(nsInstanceParts::unpairedOf(pairs));
     second->accept(visitor);
 }

@@ -37,7 +37,8 @@ public:
     /// and moves the second into place. Doing so again changes nothing.
     ///
     /// The first geometry stays as it is: what it is built on is neither written nor moved, also where the
-    /// second shares it. Assumes `checkData()`. Throws what `getInstanceTransform` throws and what
+    /// second shares it. So stays a part of the second that the first has no counterpart of.
+    /// Assumes `checkData()`. Throws what `getInstanceTransform` throws and what
     /// `VrexAssigner3D` throws, as for an evaluated surface; the second may then be half written.
     void satisfy() override;
 

@@ -72,4 +72,17 @@ VrexGeometryPairs pairsOf(const std::shared_ptr<VrexGeometry3D>& first,
     return pairs;
 }
 
+std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(const VrexGeometryPairs& pairs) {
+    std::unordered_set<std::shared_ptr<VrexGeometry3D>> unpaired;
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        unpaired.insert(pairs[i].second);
+    }
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        if (pairs[i].first != nullptr) {
+            unpaired.erase(pairs[i].second);
+        }
+    }
+    return {unpaired.begin(), unpaired.end()};
+}
+
 } // namespace nsInstanceParts

@@ -15,8 +15,12 @@ std::vector<std::shared_ptr<VrexGeometry3D>> reachableFrom(const std::shared_ptr
 
 /// The two and their parts that move with them and have values of their own, pair by pair: members of sets,
 /// profile and line, interpolated points. Control points are not among them: they belong to the values of
-/// their curve or surface. A part whose counterpart is missing is left out.
+/// their curve or surface. A part of the second may stand with null.
 VrexGeometryPairs pairsOf(const std::shared_ptr<VrexGeometry3D>& first,
                           const std::shared_ptr<VrexGeometry3D>& second);
+
+/// The parts of the second that stand with null in every pair: axis lines and interpolated points that the
+/// first has none of.
+std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(const VrexGeometryPairs& pairs);
 
 } // namespace nsInstanceParts

@@ -236,6 +236,31 @@ TEST(VrexInstance3D, SharedPointsComeBackWhenAssigningFails) {
     EXPECT_EQ(second->controlPoints()[2][2].point, shared);
 }
 
+TEST(VrexInstance3D, PartsWithoutACounterpartStay) {
+    const auto plain = makeSample<VrexSpline3D>();
+    plain->setInterpolatedPoints({plain->getInterpolatedPoints()[0]});
+    const auto fitted = makeMoved<VrexSpline3D>();
+    const auto left = fitted->getInterpolatedPoints()[1];
+    const Pose before = poseOf(*left);
+    instanceOf(plain, fitted)->satisfy();
+    expectPose(*left, before);
+    expectPose(*fitted->getInterpolatedPoints()[0], placing()(poseOf(*plain->getInterpolatedPoints()[0])));
+
+    const auto axis = makeSample<VrexLine3D>();
+    const auto otherAxis = makeMoved<VrexLine3D>();
+    const Pose axisBefore = poseOf(*otherAxis);
+    const auto spin = [](const std::shared_ptr<VrexLine3D>& line) {
+        return VrexSpinSurface3D::create(makeMoved<VrexCircle3D>(), line);
+    };
+    instanceOf(spin(nullptr), spin(otherAxis))->satisfy();
+    expectPose(*otherAxis, axisBefore);
+    // As a member it has one.
+    instanceOf(VrexRigidSet3D::create({spin(nullptr), axis}),
+               VrexRigidSet3D::create({spin(otherAxis), otherAxis}))
+        ->satisfy();
+    expectPose(*otherAxis, placing()(poseOf(*axis)));
+}
+
 TEST(VrexInstance3D, GeometryAsItsOwnInstanceStays) {
     const auto point = makeSample<VrexPoint3D>();
     const auto before = parametersOf(point);

@@ -277,8 +277,9 @@ TEST(VrexInstance3D, SharedCircularAndDeepSetsAreComparedOnce) {
 }
 
 TEST(VrexInstance3D, LinearStepsAddUp) {
-    const auto one = instanceOf({linear({2.0, 0.0, 0.0}, 2.0)}, {3});
-    EXPECT_EQ(one->getInstanceTransform(), VrexTransformMatrix3D::translate({6.0, 0.0, 0.0}));
+    const auto one =
+        instanceOf({linear({0.0, 0.0, 2.0}, 2.0)}, {3}); // the one axis that two angles give exactly
+    EXPECT_EQ(one->getInstanceTransform(), VrexTransformMatrix3D::translate({0.0, 0.0, 6.0}));
     const auto three =
         instanceOf({linear({1.0, 0.0, 0.0}, 2.0), linear({0.0, 0.0, 1.0}, 0.5), linear({0.0, 1.0, 0.0}, 7.0)},
                    {3, -4, 0});

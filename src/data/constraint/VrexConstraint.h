@@ -73,6 +73,8 @@ protected:
     void initGeometry(std::uint64_t capacity);
 
 private:
+    friend class VrexConstraintSystemCloner;
+
     bool m_geometriesChanged = false;
     VrexConstraintAlignment m_alignment = VrexConstraintAlignment::Current;
     VrexConstraintOrientation m_orientation = VrexConstraintOrientation::Current;

@@ -7,5 +7,6 @@ namespace nsStandardTexts {
 constexpr const char* ARRAY_SUBSCRIPT = "invalid array<T, N> subscript";
 constexpr const char* MAP_KEY = "invalid map<K, T> key";
 constexpr const char* UNORDERED_MAP_KEY = "invalid unordered_map<K, T> key";
+constexpr const char* VECTOR_SUBSCRIPT = "invalid vector subscript";
 
 } // namespace nsStandardTexts

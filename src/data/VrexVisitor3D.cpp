@@ -23,6 +23,7 @@
 #include "data/constraint/3d/VrexHalfAngle3D.h"
 #include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/constraint/3d/VrexIncidenceToCenter3D.h"
+#include "data/constraint/3d/VrexInstance3D.h"
 #include "data/constraint/3d/VrexMate3D.h"
 #include "data/constraint/3d/VrexMateDimensionInterval3D.h"
 #include "data/constraint/3d/VrexMateRelation3D.h"

@@ -10,6 +10,7 @@
 #include "data/constraint/3d/VrexFixation3D.h"
 #include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/constraint/3d/VrexIncidenceToCenter3D.h"
+#include "data/constraint/3d/VrexInstance3D.h"
 #include "data/constraint/3d/VrexMidPoint3D.h"
 #include "data/constraint/3d/VrexParallelism3D.h"
 #include "data/constraint/3d/VrexPerpendicularity3D.h"
@@ -121,4 +122,10 @@ inline std::shared_ptr<VrexEqualDimension3D> makeSample() {
     return nsSamples::filled(
         VrexEqualDimension3D::create({makeSample<VrexDistance3D>(), makeSample<VrexDistance3D>()},
                                      makeSample<VrexEqualDimensionElement3D>()));
+}
+
+template <>
+inline std::shared_ptr<VrexInstance3D> makeSample() {
+    return nsSamples::filled(VrexInstance3D::create(makeSample<VrexPoint3D>(), makeSample<VrexPoint3D>(),
+                                                    makeSample<VrexArrayPattern3D>(), {3, -2}));
 }

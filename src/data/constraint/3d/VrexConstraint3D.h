@@ -98,6 +98,8 @@ protected:
                                                   VrexGeometryComponentType component);
 
 private:
+    friend class VrexAssigner3DImpl;
+
     bool canFixHelpParameter(std::uint32_t number) const;
 
     VrexConstraint3DType m_type;

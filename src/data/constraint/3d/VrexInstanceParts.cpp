@@ -1,0 +1,75 @@
+#include "data/constraint/3d/VrexInstanceParts.h"
+
+#include <cstddef>
+#include <unordered_set>
+
+#include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexPoint3D.h"
+#include "data/geometry/3d/VrexRigidSet3D.h"
+#include "data/geometry/3d/VrexSpinSurface3D.h"
+#include "data/geometry/3d/VrexSpline3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
+
+namespace {
+
+// The pairs of parts of two geometries of one class.
+
+void addParts(const VrexRigidSet3D& first, const VrexRigidSet3D& second, VrexGeometryPairs& pairs) {
+    pairs.addAll(first.geometries(), second.geometries());
+}
+
+void addParts(const VrexSpinSurface3D& first, const VrexSpinSurface3D& second, VrexGeometryPairs& pairs) {
+    pairs.add(first.getProfileCurve(), second.getProfileCurve());
+    pairs.add(first.getAxisLine(), second.getAxisLine());
+}
+
+void addParts(const VrexSweepSurface3D& first, const VrexSweepSurface3D& second, VrexGeometryPairs& pairs) {
+    pairs.add(first.getProfileCurve(), second.getProfileCurve());
+    pairs.add(first.getTrajectoryLine(), second.getTrajectoryLine());
+}
+
+void addParts(const VrexSpline3D& first, const VrexSpline3D& second, VrexGeometryPairs& pairs) {
+    pairs.addAll(first.getInterpolatedPoints(), second.getInterpolatedPoints());
+}
+
+template <class Geometry>
+void addPartsAs(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs) {
+    const auto* const first = dynamic_cast<const Geometry*>(pair.first.get());
+    const auto* const second = dynamic_cast<const Geometry*>(pair.second.get());
+    if (first != nullptr && second != nullptr) {
+        addParts(*first, *second, pairs);
+    }
+}
+
+} // namespace
+
+namespace nsInstanceParts {
+
+std::vector<std::shared_ptr<VrexGeometry3D>> reachableFrom(const std::shared_ptr<VrexGeometry3D>& geometry) {
+    std::vector<std::shared_ptr<VrexGeometry3D>> reached{geometry};
+    std::unordered_set<const VrexGeometry3D*> known{geometry.get()};
+    for (std::size_t i = 0; i < reached.size(); ++i) {
+        const VrexGeometry3D& next = *reached[i];
+        for (auto& part : next.geometries()) {
+            if (known.insert(part.get()).second) {
+                reached.push_back(std::move(part));
+            }
+        }
+    }
+    return reached;
+}
+
+VrexGeometryPairs pairsOf(const std::shared_ptr<VrexGeometry3D>& first,
+                          const std::shared_ptr<VrexGeometry3D>& second) {
+    VrexGeometryPairs pairs(first, second);
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        const VrexGeometryPairs::Pair pair = pairs[i];
+        addPartsAs<VrexRigidSet3D>(pair, pairs);
+        addPartsAs<VrexSpinSurface3D>(pair, pairs);
+        addPartsAs<VrexSweepSurface3D>(pair, pairs);
+        addPartsAs<VrexSpline3D>(pair, pairs);
+    }
+    return pairs;
+}
+
+} // namespace nsInstanceParts

@@ -1,0 +1,3 @@
+#include "data/operation/VrexOperationData.h"
+
+VrexOperationData::~VrexOperationData() = default;

@@ -1,0 +1,3 @@
+#include "data/operation/VrexOperationListener.h"
+
+VrexOperationListener::~VrexOperationListener() = default;

@@ -1,0 +1,3 @@
+#include "data/serialization/VrexOutputStream.h"
+
+VrexOutputStream::~VrexOutputStream() = default;

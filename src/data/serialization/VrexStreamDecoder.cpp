@@ -1,0 +1,214 @@
+#include "data/serialization/VrexStreamDecoder.h"
+
+#include <cstring>
+#include <utility>
+
+#include "data/VrexBaseConstraint.h"
+#include "data/VrexBaseGeometry.h"
+#include "data/VrexVariableDescriptor.h"
+#include "data/serialization/VrexStreamEncoder.h"
+
+VrexStreamDecoder::VrexStreamDecoder(const unsigned char* input, std::uint32_t size)
+    : m_input(input), m_size(input != nullptr ? size : 0) {}
+
+VrexStreamDecoder::~VrexStreamDecoder() = default;
+
+bool VrexStreamDecoder::expectTag() {
+    if (isAtEnd() || m_input[m_position] != VrexStreamEncoder::TAG) {
+        return false;
+    }
+    ++m_position;
+    return true;
+}
+
+bool VrexStreamDecoder::readU32(std::uint32_t& out) { return readBytes(&out, sizeof out); }
+
+bool VrexStreamDecoder::readI32(std::int32_t& out) { return readBytes(&out, sizeof out); }
+
+bool VrexStreamDecoder::readU64(std::uint64_t& out) { return readBytes(&out, sizeof out); }
+
+bool VrexStreamDecoder::readF64(double& out) { return readBytes(&out, sizeof out); }
+
+bool VrexStreamDecoder::readBool(bool& out) {
+    std::uint8_t byte = 0;
+    if (!readU8(byte)) {
+        return false;
+    }
+    out = byte != 0;
+    return true;
+}
+
+bool VrexStreamDecoder::readU8(std::uint8_t& out) { return readBytes(&out, sizeof out); }
+
+bool VrexStreamDecoder::readString(std::string& out) {
+    const std::uint32_t start = m_position;
+    std::uint32_t count = 0;
+    if (readU32(count) && count != 0 && count <= m_size - m_position) {
+        const unsigned char* const text = m_input + m_position;
+        if (const void* const end = std::memchr(text, 0, count)) {
+            out.assign(text, static_cast<const unsigned char*>(end));
+            m_position += count;
+            return true;
+        }
+    }
+    m_position = start;
+    return false;
+}
+
+bool VrexStreamDecoder::readVector(VrexVector3DT<double>& out) {
+    double numbers[3];
+    if (!readBytes(numbers, sizeof numbers)) {
+        return false;
+    }
+    out = {numbers[0], numbers[1], numbers[2]};
+    return true;
+}
+
+bool VrexStreamDecoder::readVector2(VrexVector2DT<double>& out) {
+    double numbers[2];
+    if (!readBytes(numbers, sizeof numbers)) {
+        return false;
+    }
+    out = {numbers[0], numbers[1]};
+    return true;
+}
+
+bool VrexStreamDecoder::readDescriptor(std::vector<VrexVariableDescriptor>& out) {
+    std::uint64_t id = 0;
+    std::int32_t index = 0;
+    std::string name;
+    std::shared_ptr<VrexBaseObject> object;
+    const bool read = readBlock([&] {
+        if (!readU64(id) || !readI32(index) || !readString(name)) {
+            return false;
+        }
+        object = findObject(id);
+        return object != nullptr;
+    });
+    if (read) {
+        out.emplace_back(std::move(object), static_cast<std::uint32_t>(index), name.c_str());
+    }
+    return read;
+}
+
+bool VrexStreamDecoder::readOptionalF64(std::optional<double>& out) {
+    std::optional<double> value;
+    const bool read = readBlock([&] { return isAtEnd() || readF64(value.emplace()); });
+    if (read) {
+        out = value;
+    }
+    return read;
+}
+
+bool VrexStreamDecoder::readOptionalVector(std::optional<VrexVector3DT<double>>& out) {
+    std::optional<VrexVector3DT<double>> value;
+    const bool read = readBlock([&] { return isAtEnd() || readVector(value.emplace()); });
+    if (read) {
+        out = value;
+    }
+    return read;
+}
+
+bool VrexStreamDecoder::readOptionalVector2(std::optional<VrexVector2DT<double>>& out) {
+    std::optional<VrexVector2DT<double>> value;
+    const bool read = readBlock([&] { return isAtEnd() || readVector2(value.emplace()); });
+    if (read) {
+        out = value;
+    }
+    return read;
+}
+
+bool VrexStreamDecoder::readF64List(std::vector<double>& out) { return readNumbers(out); }
+
+bool VrexStreamDecoder::readIdList(std::vector<std::uint64_t>& out) { return readNumbers(out); }
+
+bool VrexStreamDecoder::readDescriptorList(std::vector<VrexVariableDescriptor>& out) {
+    std::vector<VrexVariableDescriptor> list;
+    const bool read = readList([&] { return readDescriptor(list); });
+    if (read) {
+        out = std::move(list);
+    }
+    return read;
+}
+
+bool VrexStreamDecoder::readObjectList(std::vector<std::shared_ptr<VrexBaseObject>>& out) {
+    std::vector<std::shared_ptr<VrexBaseObject>> list;
+    const bool read = readList([&] {
+        list.push_back(decodeObject());
+        return list.back() != nullptr;
+    });
+    if (read) {
+        out = std::move(list);
+    }
+    return read;
+}
+
+void VrexStreamDecoder::enterObject(const std::shared_ptr<VrexBaseObject>& object) {
+    if (auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(object)) {
+        m_objects[object->getID()].geometry = std::move(geometry);
+    } else if (auto constraint = std::dynamic_pointer_cast<VrexBaseConstraint>(object)) {
+        m_objects[object->getID()].constraint = std::move(constraint);
+    }
+}
+
+std::shared_ptr<VrexBaseGeometry> VrexStreamDecoder::findGeometry(std::uint64_t id) const {
+    const auto found = m_objects.find(id);
+    return found != m_objects.end() ? found->second.geometry : nullptr;
+}
+
+std::shared_ptr<VrexBaseConstraint> VrexStreamDecoder::findConstraint(std::uint64_t id) const {
+    const auto found = m_objects.find(id);
+    return found != m_objects.end() ? found->second.constraint : nullptr;
+}
+
+std::shared_ptr<VrexBaseObject> VrexStreamDecoder::findObject(std::uint64_t id) const {
+    if (auto geometry = findGeometry(id)) {
+        return geometry;
+    }
+    return findConstraint(id);
+}
+
+VrexStreamDecoder::Scope::Scope(VrexStreamDecoder& decoder)
+    : m_decoder(decoder),
+      m_position(decoder.m_position),
+      m_size(decoder.m_size),
+      m_open(decoder.openBlock()) {}
+
+VrexStreamDecoder::Scope::~Scope() {
+    m_decoder.m_size = m_size;
+    if (!m_closed) {
+        m_decoder.m_position = m_position;
+    }
+}
+
+/// A block that reaches beyond the enclosing one is not opened.
+bool VrexStreamDecoder::openBlock() {
+    std::uint32_t length = 0;
+    if (!expectTag() || !readU32(length) || length > m_size - m_position) {
+        return false;
+    }
+    m_size = m_position + length;
+    return true;
+}
+
+bool VrexStreamDecoder::readBytes(void* out, std::uint32_t count) {
+    if (count > m_size - m_position) {
+        return false;
+    }
+    std::memcpy(out, m_input + m_position, count);
+    m_position += count;
+    return true;
+}
+
+/// All numbers of a list in one step.
+template <class Number>
+bool VrexStreamDecoder::readNumbers(std::vector<Number>& out) {
+    return readBlock([&] {
+        const std::uint32_t bytes = m_size - m_position;
+        if (bytes % sizeof(Number) != 0) {
+            return false;
+        }
+        out.resize(bytes / sizeof(Number));
+        return bytes == 0 || readBytes(out.data(), bytes);
+    });
+}

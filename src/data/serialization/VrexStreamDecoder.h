@@ -1,0 +1,126 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "data/VrexExport.h"
+#include "data/VrexVector2DT.h"
+#include "data/VrexVector3DT.h"
+#include "data/base/VrexIDHash.h"
+
+class VrexBaseConstraint;
+class VrexBaseGeometry;
+class VrexBaseObject;
+class VrexVariableDescriptor;
+
+/// Reads the compact stream that `VrexStreamEncoder` writes.
+///
+/// Every operation answers false when its bytes do not make sense or reach beyond the innermost open block or
+/// the input; then neither the position nor what it would have read into has changed, except for the objects
+/// that a list of objects has entered into the table.
+///
+/// Objects that were decoded are known by identifier, geometries and variables apart from constraints and
+/// equations, which may have the same numbers.
+class VREX_DATA_EXPORT VrexStreamDecoder {
+public:
+    /// The input must outlive the decoder.
+    VrexStreamDecoder(const unsigned char* input, std::uint32_t size);
+    VrexStreamDecoder(const VrexStreamDecoder&) = delete;
+    VrexStreamDecoder& operator=(const VrexStreamDecoder&) = delete;
+    virtual ~VrexStreamDecoder();
+    /// Reads one object; null where it cannot.
+    virtual std::shared_ptr<VrexBaseObject> decodeObject() = 0;
+
+    bool expectTag();
+    bool readU32(std::uint32_t& out);
+    bool readI32(std::int32_t& out);
+    bool readU64(std::uint64_t& out);
+    bool readF64(double& out);
+    bool readBool(bool& out); ///< True for every byte but 0.
+    bool readU8(std::uint8_t& out);
+    /// Takes the text up to its first zero byte, which has to stand within the count.
+    bool readString(std::string& out);
+    bool readVector(VrexVector3DT<double>& out);
+    bool readVector2(VrexVector2DT<double>& out);
+    /// Appends a descriptor, whose object has to be known.
+    bool readDescriptor(std::vector<VrexVariableDescriptor>& out);
+
+    bool readOptionalF64(std::optional<double>& out);
+    bool readOptionalVector(std::optional<VrexVector3DT<double>>& out);
+    bool readOptionalVector2(std::optional<VrexVector2DT<double>>& out);
+    /// The lists replace what `out` held.
+    bool readF64List(std::vector<double>& out);
+    bool readIdList(std::vector<std::uint64_t>& out);
+    bool readDescriptorList(std::vector<VrexVariableDescriptor>& out);
+    bool readObjectList(std::vector<std::shared_ptr<VrexBaseObject>>& out);
+
+    /// Opens a block and runs `read`, which has to answer true and to read all of it.
+    template <class Read>
+    bool readBlock(Read read) {
+        Scope block(*this);
+        return block.isOpen() && read() && block.close();
+    }
+    /// A block of elements: runs `readElement` until the block is used up; each has to read something.
+    template <class ReadElement>
+    bool readList(ReadElement readElement) {
+        return readBlock([&] {
+            while (!isAtEnd()) {
+                const std::uint32_t before = m_position;
+                if (!readElement() || m_position == before) {
+                    return false;
+                }
+            }
+            return true;
+        });
+    }
+    /// Whether the innermost open block, without one the input, is used up.
+    bool isAtEnd() const { return m_position == m_size; }
+    std::uint32_t position() const { return m_position; }
+
+    /// Makes an object known; one that was known under its identifier is replaced. Does nothing for null.
+    void enterObject(const std::shared_ptr<VrexBaseObject>& object);
+    /// Null for an identifier that is not known, as is `findConstraint`.
+    std::shared_ptr<VrexBaseGeometry> findGeometry(std::uint64_t id) const;
+    std::shared_ptr<VrexBaseConstraint> findConstraint(std::uint64_t id) const;
+    /// The geometry, or if there is none the constraint.
+    std::shared_ptr<VrexBaseObject> findObject(std::uint64_t id) const;
+
+private:
+    struct Known {
+        std::shared_ptr<VrexBaseGeometry> geometry;
+        std::shared_ptr<VrexBaseConstraint> constraint;
+    };
+    /// A block while it is read. At its end the size is that of the enclosing block again; unless the block
+    /// was closed, the position is the one before it, too.
+    class VREX_DATA_EXPORT Scope {
+    public:
+        explicit Scope(VrexStreamDecoder& decoder);
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+        ~Scope();
+        bool isOpen() const { return m_open; }
+        /// False unless all was read.
+        bool close() { return m_closed = m_decoder.isAtEnd(); }
+
+    private:
+        VrexStreamDecoder& m_decoder;
+        std::uint32_t m_position;
+        std::uint32_t m_size;
+        bool m_open;
+        bool m_closed = false;
+    };
+
+    bool openBlock();
+    bool readBytes(void* out, std::uint32_t count);
+    template <class Number>
+    bool readNumbers(std::vector<Number>& out);
+
+    const unsigned char* m_input;
+    std::uint32_t m_size; ///< The end of the innermost open block, without one of the input.
+    std::uint32_t m_position = 0;
+    std::unordered_map<std::uint64_t, Known, VrexIDHash> m_objects;
+};

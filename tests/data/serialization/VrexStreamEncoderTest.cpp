@@ -1,0 +1,180 @@
+#include "data/serialization/VrexStreamEncoder.h"
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "data/VrexVariableDescriptor.h"
+#include "support/Numbered.h"
+#include "support/StreamProbe.h"
+
+namespace {
+
+using nsStreamProbe::append;
+using nsStreamProbe::block;
+using nsStreamProbe::Bytes;
+using nsStreamProbe::f64;
+using nsStreamProbe::little;
+using nsStreamProbe::written;
+
+const Bytes EMPTY_BLOCK{0x30, 0, 0, 0, 0};
+
+std::shared_ptr<VrexGeometryVariable> variable(std::uint64_t id, double value) {
+    return numbered(VrexGeometryVariable::create(value), id);
+}
+
+Bytes joined(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts) {
+        append(all, part);
+    }
+    return all;
+}
+
+TEST(VrexStreamEncoder, PrimitivesAreLittleEndianWithoutPadding) {
+    EXPECT_EQ(written([](auto& e) { return e.writeTag(); }), Bytes{0x30});
+    EXPECT_EQ(written([](auto& e) { return e.writeBool(true) && e.writeBool(false) && e.writeU8(0xFE); }),
+              (Bytes{1, 0, 0xFE}));
+    EXPECT_EQ(written([](auto& e) { return e.writeU32(0x01020304); }), (Bytes{4, 3, 2, 1}));
+    EXPECT_EQ(written([](auto& e) { return e.writeI32(-2); }), (Bytes{0xFE, 0xFF, 0xFF, 0xFF}));
+    EXPECT_EQ(written([](auto& e) { return e.writeU64(0x0102030405060708); }),
+              (Bytes{8, 7, 6, 5, 4, 3, 2, 1}));
+    EXPECT_EQ(written([](auto& e) { return e.writeF64(-2.0); }), (Bytes{0, 0, 0, 0, 0, 0, 0, 0xC0}));
+    EXPECT_EQ(written([](auto& e) {
+                  return e.writeVector({1.5, -2.0, 0.0});
+              }),
+              joined({f64(1.5), f64(-2.0), f64(0.0)}));
+    EXPECT_EQ(written([](auto& e) { return e.writeVector2({1.5, -0.0}); }), joined({f64(1.5), f64(-0.0)}));
+}
+
+TEST(VrexStreamEncoder, StringsCountTheirTerminator) {
+    EXPECT_EQ(written([](auto& e) { return e.writeString(""); }), (Bytes{1, 0, 0, 0, 0}));
+    EXPECT_EQ(written([](auto& e) { return e.writeString("ab"); }), (Bytes{3, 0, 0, 0, 'a', 'b', 0}));
+}
+
+TEST(VrexStreamEncoder, AStringWithAZeroByteIsRefused) {
+    VrexOutputLength output;
+    ProbeEncoder encoder(&output);
+    EXPECT_FALSE(encoder.writeString(std::string("a\0b", 3)));
+    EXPECT_EQ(output.length(), 0U);
+}
+
+TEST(VrexStreamEncoder, ABlockIsTheTagTheLengthAndThePayload) {
+    EXPECT_EQ(written([](auto& e) { return e.beginBlock() && e.writeF64(1.0) && e.endBlock(); }),
+              (Bytes{0x30, 8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0xF0, 0x3F}));
+    EXPECT_EQ(written([](auto& e) { return e.writeEmptyBlock(); }), EMPTY_BLOCK);
+}
+
+TEST(VrexStreamEncoder, NestedBlocksGetTheRightLengths) {
+    const Bytes bytes = written([](auto& e) {
+        return e.beginBlock() && e.writeU8(7) && e.beginBlock() && e.writeU32(1) && e.endBlock() &&
+               e.writeU8(9) && e.endBlock();
+    });
+    // The outer length: the inner one, 5 for the inner frame, 2 for the bytes around it.
+    EXPECT_EQ(bytes, (Bytes{0x30, 11, 0, 0, 0, 7, 0x30, 4, 0, 0, 0, 1, 0, 0, 0, 9}));
+}
+
+TEST(VrexStreamEncoder, EndingABlockThatIsNotOpenDoesNothing) {
+    VrexOutputLength output;
+    ProbeEncoder encoder(&output);
+    EXPECT_TRUE(encoder.endBlock());
+    EXPECT_EQ(output.length(), 0U);
+}
+
+TEST(VrexStreamEncoder, BlocksNestToAnyDepth) {
+    constexpr int depth = 100'000;
+    const Bytes bytes = written([](auto& e) {
+        bool good = true;
+        for (int i = 0; i < depth; ++i) {
+            good = good && e.beginBlock();
+        }
+        good = good && e.writeU8(5);
+        for (int i = 0; i < depth; ++i) {
+            good = good && e.endBlock();
+        }
+        return good;
+    });
+    ASSERT_EQ(bytes.size(), 5U * depth + 1U);
+    EXPECT_EQ(Bytes(bytes.begin() + 1, bytes.begin() + 5), little(5U * (depth - 1) + 1, 4));
+    EXPECT_EQ(Bytes(bytes.end() - 6, bytes.end()), (Bytes{0x30, 1, 0, 0, 0, 5}));
+}
+
+TEST(VrexStreamEncoder, OptionsAreABlockOrTheEmptyBlock) {
+    EXPECT_EQ(written([](auto& e) { return e.writeOptionalF64(2.5); }), block(f64(2.5)));
+    EXPECT_EQ(written([](auto& e) { return e.writeOptionalF64({}); }), EMPTY_BLOCK);
+    EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector(VrexVector3DT<double>(1.0, 2.0, 3.0)); }),
+              block(joined({f64(1.0), f64(2.0), f64(3.0)})));
+    EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector({}); }), EMPTY_BLOCK);
+    EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector2(VrexVector2DT<double>(1.0, 2.0)); }),
+              block(joined({f64(1.0), f64(2.0)})));
+    EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector2({}); }), EMPTY_BLOCK);
+}
+
+TEST(VrexStreamEncoder, ListsAreABlockOfTheirElementsOrTheEmptyBlock) {
+    EXPECT_EQ(written([](auto& e) {
+                  return e.writeF64List({1.0, 2.0});
+              }),
+              block(joined({f64(1.0), f64(2.0)})));
+    EXPECT_EQ(written([](auto& e) { return e.writeF64List({}); }), EMPTY_BLOCK);
+    const std::vector<std::uint64_t> ids{5, 6};
+    EXPECT_EQ(written([&](auto& e) { return e.writeIdList(ids); }),
+              block(joined({little(5, 8), little(6, 8)})));
+    EXPECT_EQ(written([&](auto& e) { return e.writeIdList(std::vector<std::uint64_t>{}); }), EMPTY_BLOCK);
+    const std::vector<std::shared_ptr<VrexGeometryVariable>> objects{variable(5, 1.5), nullptr,
+                                                                     variable(6, 2.5)};
+    EXPECT_EQ(written([&](auto& e) { return e.writeIdList(objects); }),
+              block(joined({little(5, 8), little(6, 8)})));
+    EXPECT_EQ(
+        written([&](auto& e) { return e.writeObjectList(objects); }),
+        block(joined({block(joined({little(5, 8), f64(1.5)})), block(joined({little(6, 8), f64(2.5)}))})));
+    const std::vector<std::shared_ptr<VrexGeometryVariable>> nulls{nullptr, nullptr};
+    EXPECT_EQ(written([&](auto& e) { return e.writeIdList(nulls); }), EMPTY_BLOCK);
+    EXPECT_EQ(written([&](auto& e) { return e.writeObjectList(nulls); }), EMPTY_BLOCK);
+}
+
+TEST(VrexStreamEncoder, ADescriptorIsABlockOfObjectIndexAndName) {
+    const VrexVariableDescriptor descriptor(variable(9, 1.0), 3, "r");
+    const Bytes expected = block(joined({little(9, 8), little(3, 4), nsStreamProbe::string("r")}));
+    EXPECT_EQ(written([&](auto& e) { return e.writeDescriptor(descriptor); }), expected);
+    EXPECT_EQ(written([&](auto& e) {
+                  return e.writeDescriptorList({descriptor, descriptor});
+              }),
+              block(joined({expected, expected})));
+    EXPECT_EQ(written([&](auto& e) { return e.writeDescriptorList({}); }), EMPTY_BLOCK);
+}
+
+TEST(VrexStreamEncoder, ADescriptorWithoutAnObjectIsRefused) {
+    VrexOutputLength output;
+    ProbeEncoder encoder(&output);
+    EXPECT_FALSE(encoder.writeDescriptor({nullptr, 0, "r"}));
+    EXPECT_EQ(output.length(), 0U);
+}
+
+TEST(VrexStreamEncoder, ABufferThatIsTooShortIsRefusedWhereverItEnds) {
+    const std::vector<std::shared_ptr<VrexGeometryVariable>> objects{variable(5, 1.5), variable(6, 2.5)};
+    const nsStreamProbe::Write write = [&](VrexStreamEncoder& e) {
+        return e.beginBlock() && e.writeObjectList(objects) && e.writeOptionalF64({}) &&
+               e.writeString("name") && e.writeF64List({1.0, 2.0}) && e.endBlock();
+    };
+    const Bytes whole = written(write);
+    for (std::uint32_t size = 0; size < whole.size(); ++size) {
+        Bytes bytes(size);
+        VrexOutputMemory output(bytes.data(), size);
+        ProbeEncoder encoder(&output);
+        EXPECT_FALSE(write(encoder)) << size;
+    }
+}
+
+/// Takes nothing in, so that a stream beyond all memory can be measured.
+TEST(VrexStreamEncoder, MeasuringBeyondTheLargestLengthIsRefused) {
+    VrexOutputLength output;
+    ProbeEncoder encoder(&output);
+    output.write(nullptr, std::numeric_limits<std::uint32_t>::max() - 12);
+    EXPECT_TRUE(encoder.writeEmptyBlock());
+    EXPECT_FALSE(encoder.writeF64(1.0));
+    EXPECT_TRUE(encoder.beginBlock());
+    EXPECT_TRUE(encoder.endBlock());
+    EXPECT_FALSE(encoder.writeF64List({1.0}));
+}
+
+} // namespace

@@ -10,7 +10,8 @@
 ///
 /// An entity that others are built on, a variable that a constraint binds and an object that a descriptor
 /// names is cloned, and listed, whether it is in the input or not. What a constraint binds besides has to be:
-/// otherwise, and where a rigid set or a connector needs itself, `std::runtime_error` is thrown.
+/// otherwise, and where a rigid set or a connector needs itself or an instance is not valid,
+/// `std::runtime_error` is thrown.
 ///
 /// Also the number that a bound dimension holds for the time after is that of the variable.
 class VREX_DATA_EXPORT VrexConstraintSystemCloner3D : public VrexConstraintSystemCloner {
@@ -69,6 +70,7 @@ public:
     void visitVariableFixation3D(VrexVariableFixation3D& constraint) override;
     void visitEqualParameter3D(VrexEqualParameter3D& constraint) override;
     void visitHalfAngle3D(VrexHalfAngle3D& dimension) override;
+    void visitInstance3D(VrexInstance3D& instance) override;
     void visitPatternValue3D(VrexPatternValue3D& dimension) override;
     void visitCurveLength3D(VrexCurveLength3D& dimension) override;
     void visitEqualCurveProperty3D(VrexEqualCurveProperty3D& constraint) override;

@@ -1,5 +1,8 @@
 #include "data/3d/VrexConstraintSystemCloner3D.h"
 
+#include <stdexcept>
+
+#include "data/VrexLog.h"
 #include "data/constraint/3d/VrexAngle3D.h"
 #include "data/constraint/3d/VrexBallMate3D.h"
 #include "data/constraint/3d/VrexConcentricity3D.h"
@@ -18,6 +21,7 @@
 #include "data/constraint/3d/VrexHalfAngle3D.h"
 #include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/constraint/3d/VrexIncidenceToCenter3D.h"
+#include "data/constraint/3d/VrexInstance3D.h"
 #include "data/constraint/3d/VrexMateDimensionInterval3D.h"
 #include "data/constraint/3d/VrexMateRelation3D.h"
 #include "data/constraint/3d/VrexMidPoint3D.h"
@@ -155,6 +159,17 @@ void VrexConstraintSystemCloner3D::visitEqualParameter3D(VrexEqualParameter3D& c
 }
 
 void VrexConstraintSystemCloner3D::visitHalfAngle3D(VrexHalfAngle3D& dimension) { cloneDimension(dimension); }
+
+void VrexConstraintSystemCloner3D::visitInstance3D(VrexInstance3D& instance) {
+    if (!isDue(instance)) {
+        return;
+    }
+    const auto clone = boundCopyOf(instance);
+    if (!clone->checkData()) {
+        VREX_RAISE(std::runtime_error, "VrexConstraintSystemCloner: instance was not created");
+    }
+    setClone(clone);
+}
 
 void VrexConstraintSystemCloner3D::visitPatternValue3D(VrexPatternValue3D& dimension) {
     cloneDimension(dimension);

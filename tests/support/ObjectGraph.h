@@ -268,6 +268,12 @@ private:
         using VrexBaseObject::getParameterSize;
     };
 
+    template <class Object>
+    void addAddress(const std::shared_ptr<Object>& object) {
+        if (object != nullptr) {
+            m_addresses.insert(object.get());
+        }
+    }
     void add(const std::string& text) { m_text += text + " "; }
     void putOne(const std::string& text) { add("\"" + text + "\""); }
     void putOne(const char* text) { add(text); }
@@ -297,7 +303,7 @@ private:
         const auto [place, isNew] = m_numbers.try_emplace(object.get(), m_objects.size());
         if (isNew) {
             m_objects.push_back(object);
-            m_addresses.insert(static_cast<const VrexBaseObject*>(object.get()));
+            addAddress(std::shared_ptr<const VrexBaseObject>(object));
         }
         add("#" + std::to_string(place->second));
     }

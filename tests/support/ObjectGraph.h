@@ -35,7 +35,7 @@ public:
     }
 
     const std::string& text() const { return m_text; }
-    /// Of the objects, and of the variables of their expressions.
+    /// Of the objects, and of the variables and trees of their expressions.
     const std::set<const void*>& addresses() const { return m_addresses; }
     const std::vector<std::shared_ptr<VrexBaseObject>>& objects() const { return m_objects; }
 
@@ -178,8 +178,7 @@ public:
     void visitExpressionEquation(VrexExpressionEquation& equation) override {
         visitBaseEquation(equation);
         put(equation.expression());
-        equation.traverse(
-            [this](const std::shared_ptr<VrexExpr>& expression) { m_addresses.insert(expression.get()); });
+        putTree(equation);
     }
     void visitConstraint(VrexConstraint& constraint) override {
         visitBaseConstraint(constraint);
@@ -346,8 +345,16 @@ private:
             put(variable->name);
             m_addresses.insert(variable.get());
         }
-        parser.traverse(
-            [this](const std::shared_ptr<VrexExpr>& expression) { m_addresses.insert(expression.get()); });
+        putTree(parser);
+    }
+    /// Trees share the numbers that never change.
+    template <class Holder>
+    void putTree(const Holder& holder) {
+        holder.traverse([this](const std::shared_ptr<VrexExpr>& node) {
+            if (node != nullptr && !node->isConst()) {
+                m_addresses.insert(node.get());
+            }
+        });
     }
 
     std::string m_text;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -64,7 +65,7 @@ private:
     }
 
     template <class Geometry>
-    std::shared_ptr<Geometry> enter(std::shared_ptr<Geometry> geometry, bool mayBeUnlisted = true) {
+    std::shared_ptr<Geometry> enter(const std::shared_ptr<Geometry>& geometry, bool mayBeUnlisted = true) {
         dressed(geometry)->setChangeStatus(VrexGeometryChangeStatus::Changed);
         m_geometries.push_back(geometry);
         if (!mayBeUnlisted || chance(0.7)) {
@@ -78,16 +79,24 @@ private:
         const auto fitting = keepOnly<Geometry>(list);
         return fitting.empty() || chance(0.05) ? nullptr : fitting[index(fitting.size())];
     }
+    template <class Geometry>
+    std::shared_ptr<Geometry> made() {
+        if constexpr (std::is_abstract_v<Geometry>) {
+            return makeSample<VrexPoint3D>();
+        } else {
+            return makeSample<Geometry>();
+        }
+    }
     /// One that constraints may bind, made if there is none.
     template <class Geometry>
     std::shared_ptr<Geometry> listed() {
         auto found = anyOf<Geometry>(m_listed);
-        return found != nullptr || chance(0.05) ? found : enter(makeSample<Geometry>(), false);
+        return found != nullptr || chance(0.05) ? found : enter(made<Geometry>(), false);
     }
     template <class Geometry>
     std::shared_ptr<Geometry> part() {
         auto found = anyOf<Geometry>(m_geometries);
-        return found != nullptr || chance(0.1) ? found : enter(makeSample<Geometry>());
+        return found != nullptr || chance(0.1) ? found : enter(made<Geometry>());
     }
     std::shared_ptr<VrexGeometryVariable> variable() {
         if (m_variables.empty() || chance(0.5)) {
@@ -97,8 +106,9 @@ private:
     }
     std::vector<VrexVariableDescriptor> descriptors() {
         std::vector<VrexVariableDescriptor> result{{variable(), 0, "a"}, {part<VrexCircle3D>(), 0, "b"}};
-        if (!m_constraints.empty() && chance(0.3)) {
-            result.emplace_back(m_constraints[index(m_constraints.size())], 0, "c");
+        if (chance(0.3)) {
+            // No relation: equations are cloned before its mates are.
+            result.emplace_back(anyOf<VrexDimension3D>(m_constraints), 0, "c");
         }
         return result;
     }

@@ -77,6 +77,8 @@ protected:
     void initGeometry(std::uint64_t capacity) { m_geometries.reserve(capacity); }
 
 private:
+    friend class VrexConstraintSystemCloner;
+
     bool m_geometriesChanged = false;
     VrexConstraintAlignment m_alignment = VrexConstraintAlignment::Current;
     VrexConstraintOrientation m_orientation = VrexConstraintOrientation::Current;

@@ -36,6 +36,7 @@ public:
     std::shared_ptr<VrexEqualDimensionElement3D> getElement() const;
 
 private:
+    friend class VrexConstraintSystemCloner3D;
     friend class VrexObjectAccess;
 
     VrexEqualDimension3D(Dimensions dimensions, const std::shared_ptr<VrexEqualDimensionElement3D>& element);

@@ -51,6 +51,7 @@ public:
     const std::array<ParameterIndices, 2>& getParameterIndices() const { return m_parameterIndices; }
 
 private:
+    friend class VrexConstraintSystemCloner3D;
     friend class VrexObjectAccess;
 
     using Constraints = std::array<std::shared_ptr<VrexConstraint3D>, 2>;

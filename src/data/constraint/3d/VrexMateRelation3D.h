@@ -38,6 +38,7 @@ public:
     void setRatio(double ratio) { m_ratio = ratio; }
 
 private:
+    friend class VrexConstraintSystemCloner3D;
     friend class VrexObjectAccess;
 
     VrexMateRelation3D(std::vector<std::shared_ptr<VrexMate3D>> mates, std::vector<std::uint64_t> indices,

@@ -54,5 +54,6 @@ const std::vector<VrexVariableDescriptor>& VrexBaseEquation::descriptors() const
 
 void VrexBaseEquation::setDescriptors(std::vector<VrexVariableDescriptor> descriptors) {
     m_descriptors = std::move(descriptors);
+    m_geometries.clear(); // Else it would keep what no descriptor names any more.
     m_geometriesDirty = true;
 }

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <memory>
+#include <memory_resource>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "data/VrexExport.h"
+#include "data/VrexVariableDescriptor.h"
+#include "data/VrexVisitor3D.h"
+
+class VrexVariableDescriptorInterface;
+
+/// The base of what copies a system of geometries and constraints: the clones refer to each other as their
+/// sources do, and to nothing of the source system.
+///
+/// A clone is what `makeCopy` gives, identifier and label included, without the snapshots of the source. Its
+/// parent is the parent's clone where that was cloned, too, otherwise none. Variables and equations are
+/// cloned here; a visit of a class that nobody clones throws `std::runtime_error`.
+///
+/// One cloner is for one copying, on one thread, while nobody changes the sources. After an exception it is
+/// good for nothing.
+class VREX_DATA_EXPORT VrexConstraintSystemCloner : public VrexVisitor3D {
+public:
+    VrexConstraintSystemCloner(const VrexConstraintSystemCloner&) = delete;
+    VrexConstraintSystemCloner& operator=(const VrexConstraintSystemCloner&) = delete;
+    ~VrexConstraintSystemCloner() override;
+
+    /// The clones in the order in which they were made: what a clone is built on stands before it.
+    std::vector<std::shared_ptr<VrexBaseGeometry>> getGeometries() const { return m_geometries; }
+    std::vector<std::shared_ptr<VrexBaseConstraint>> getConstraints() const { return m_constraints; }
+    /// Null for an object that was not cloned, and for null.
+    std::shared_ptr<VrexBaseObject> findClone(const std::shared_ptr<VrexBaseObject>& object) const;
+
+    /// Throws: the class of `object` is unknown here.
+    void visitBaseObject(VrexBaseObject& object) override;
+    void visitGeometryVariable(VrexGeometryVariable& variable) override;
+    void visitCallbackEquation(VrexCallbackEquation& equation) override;
+    void visitExpressionEquation(VrexExpressionEquation& equation) override;
+
+protected:
+    VrexConstraintSystemCloner();
+
+    /// Clones all geometries, then all constraints, each with what it needs besides. Nulls are left out.
+    void cloneAll(const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries,
+                  const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints);
+    /// Gives the clones made so far the clones of their parents.
+    void linkParents();
+
+    /// The clone of `object`, made now if there is none yet; null for null. Throws `std::runtime_error` for
+    /// an object that needs itself.
+    std::shared_ptr<VrexBaseObject> getClonedObject(const std::shared_ptr<VrexBaseObject>& object);
+    /// Descriptors of the same parameters of the clones, under the same names.
+    std::vector<VrexVariableDescriptor>
+    cloneDescriptors(const std::vector<VrexVariableDescriptor>& descriptors);
+    /// The clones of objects that were cloned before, null for null; throws `std::runtime_error` for any
+    /// other.
+    template <class Object>
+    std::vector<std::shared_ptr<Object>> getNewObjects(const std::vector<std::shared_ptr<Object>>& objects) {
+        std::vector<std::shared_ptr<Object>> clones;
+        clones.reserve(objects.size());
+        for (const std::shared_ptr<Object>& object : objects) {
+            clones.push_back(std::static_pointer_cast<Object>(getNewObject(object)));
+        }
+        return clones;
+    }
+
+    /// The beginning of each visit: whether the clone of `object` is to be made now. It is not when there is
+    /// one; when the visit comes from outside it is made before this returns.
+    bool isDue(VrexBaseObject& object);
+    /// The end of each visit that was due.
+    void setClone(std::shared_ptr<VrexBaseObject> clone);
+
+    /// The visit of what refers to no other object.
+    void cloneLeaf(VrexBaseObject& object);
+    /// The visit of what names other objects by descriptors, which may name it in turn: the clone's own
+    /// descriptors come when all is cloned.
+    template <class Object>
+    void cloneDescribed(Object& object) {
+        if (isDue(object)) {
+            const auto clone = copyOf(object);
+            m_undescribed.emplace_back(&object, clone.get());
+            setClone(clone);
+        }
+    }
+    /// A copy without snapshots; where it refers to other objects, these are still the source's.
+    template <class Object>
+    static std::shared_ptr<Object> copyOf(Object& object) {
+        return std::static_pointer_cast<Object>(copyWithoutBackup(object));
+    }
+    /// The same, bound to the clones of the source's geometries, which have to be there, and of its
+    /// variables.
+    template <class Constraint>
+    std::shared_ptr<Constraint> boundCopyOf(Constraint& constraint) {
+        auto clone = copyOf(constraint);
+        rebind(*clone);
+        return clone;
+    }
+    /// `getClonedObject` as what it is, an object of the same class.
+    template <class Object>
+    std::shared_ptr<Object> cloneOf(const std::shared_ptr<Object>& object) {
+        return std::static_pointer_cast<Object>(getClonedObject(object));
+    }
+
+private:
+    // A null clone stands for one that is being made.
+    using Clones = std::pmr::unordered_map<std::shared_ptr<VrexBaseObject>, std::shared_ptr<VrexBaseObject>>;
+    using Entry = Clones::value_type;
+    class Walk;
+
+    static std::shared_ptr<VrexBaseObject> copyWithoutBackup(VrexBaseObject& object);
+    std::shared_ptr<VrexBaseObject> getNewObject(const std::shared_ptr<VrexBaseObject>& object) const;
+    void rebind(VrexConstraint& clone);
+    void make(Entry& entry);
+    void list(const std::shared_ptr<VrexBaseObject>& clone);
+    void describe();
+
+    std::pmr::monotonic_buffer_resource m_memory; ///< That of the table, given back at once.
+    Clones m_clones{&m_memory};
+    std::vector<std::shared_ptr<VrexBaseGeometry>> m_geometries;
+    std::vector<std::shared_ptr<VrexBaseConstraint>> m_constraints;
+    Entry* m_due = nullptr; ///< Whose clone the next visit makes.
+    std::vector<std::pair<const VrexVariableDescriptorInterface*, VrexVariableDescriptorInterface*>>
+        m_undescribed; ///< Sources, and clones that have the source's descriptors still.
+    std::vector<std::pair<VrexConstraint*, std::shared_ptr<VrexConstraint>>>
+        m_children; ///< Clones, and their sources' parents.
+};

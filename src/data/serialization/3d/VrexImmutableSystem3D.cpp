@@ -1,0 +1,158 @@
+#include "data/serialization/3d/VrexImmutableSystem3D.h"
+
+#include <utility>
+
+#include "data/3d/VrexConstraintSystemCloner3D.h"
+#include "data/VrexDependencyOrder.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/equation/VrexBaseEquation.h"
+#include "data/geometry/3d/VrexGeometry3D.h"
+#include "data/geometry/VrexGeometryVariable.h"
+
+namespace {
+
+template <class Element, class... Lists>
+std::vector<std::shared_ptr<Element>> joined(const Lists&... lists) {
+    std::vector<std::shared_ptr<Element>> all;
+    all.reserve((lists.size() + ...));
+    (all.insert(all.end(), lists.begin(), lists.end()), ...);
+    return all;
+}
+
+template <class Object>
+void acceptAll(const std::vector<std::shared_ptr<Object>>& objects, VrexVisitor3D& visitor) {
+    for (const std::shared_ptr<Object>& object : objects) {
+        if (object != nullptr) {
+            object->accept(visitor);
+        }
+    }
+}
+
+class SystemCloner : public VrexConstraintSystemCloner3D {
+public:
+    using VrexConstraintSystemCloner3D::VrexConstraintSystemCloner3D;
+
+    template <class Object>
+    std::vector<std::shared_ptr<Object>> clonesOf(const std::vector<std::shared_ptr<Object>>& objects) {
+        std::vector<std::shared_ptr<Object>> clones;
+        clones.reserve(objects.size());
+        for (const std::shared_ptr<Object>& object : objects) {
+            clones.push_back(cloneOf(object));
+        }
+        return clones;
+    }
+
+    /// What has no clone stays as it is.
+    VrexTransform3D cloneTransform(const VrexTransform3D& transform) const {
+        if (transform.isEmpty()) {
+            return {};
+        }
+        VrexTransform3D::GeometryMap geometries;
+        VrexTransform3D::VariableMap variables;
+        for (const auto& record : transform.transformations()) {
+            enter(record.geometry, geometries);
+        }
+        for (const auto& record : transform.transformParameters()) {
+            enter(record.geometry, geometries);
+        }
+        for (const auto& record : transform.variableTransformations()) {
+            enter(record.variable, variables);
+        }
+        return std::move(*transform.clone(geometries, variables));
+    }
+
+    using VrexConstraintSystemCloner3D::linkParents;
+
+private:
+    template <class Object, class Map>
+    void enter(const std::shared_ptr<Object>& object, Map& map) const {
+        if (auto clone = std::static_pointer_cast<Object>(findClone(object))) {
+            map.try_emplace(object, std::move(clone));
+        }
+    }
+};
+
+} // namespace
+
+VrexImmutableSystem3D::VrexImmutableSystem3D() = default;
+
+VrexImmutableSystem3D::VrexImmutableSystem3D(std::vector<std::shared_ptr<VrexGeometry3D>> geometries,
+                                             std::vector<std::shared_ptr<VrexGeometryVariable>> variables,
+                                             std::vector<std::shared_ptr<VrexConstraint3D>> constraints,
+                                             std::vector<std::shared_ptr<VrexBaseEquation>> equations,
+                                             double linearTolerance, double angularTolerance,
+                                             VrexTransform3D transform,
+                                             std::vector<std::shared_ptr<VrexGeometry3D>> referenceGeometries)
+    : m_constraints(std::move(constraints)),
+      m_equations(std::move(equations)),
+      m_geometries(std::move(geometries)),
+      m_variables(std::move(variables)),
+      m_referenceGeometries(std::move(referenceGeometries)),
+      m_angularTolerance(angularTolerance),
+      m_linearTolerance(linearTolerance),
+      m_transform(std::move(transform)) {}
+
+VrexImmutableSystem3D::VrexImmutableSystem3D(OrderGeometriesAndConstraints,
+                                             std::vector<std::shared_ptr<VrexGeometry3D>> geometries,
+                                             std::vector<std::shared_ptr<VrexGeometryVariable>> variables,
+                                             std::vector<std::shared_ptr<VrexConstraint3D>> constraints,
+                                             std::vector<std::shared_ptr<VrexBaseEquation>> equations,
+                                             double linearTolerance, double angularTolerance,
+                                             VrexTransform3D transform,
+                                             std::vector<std::shared_ptr<VrexGeometry3D>> referenceGeometries)
+    : VrexImmutableSystem3D(orderGeometries(geometries), std::move(variables), orderConstraints(constraints),
+                            std::move(equations), linearTolerance, angularTolerance, std::move(transform),
+                            std::move(referenceGeometries)) {}
+
+VrexImmutableSystem3D::VrexImmutableSystem3D(OrderGeometriesAndConstraints order,
+                                             const VrexImmutableSystem3D& system)
+    : VrexImmutableSystem3D(order, VrexImmutableSystem3D(system)) {}
+
+VrexImmutableSystem3D::VrexImmutableSystem3D(OrderGeometriesAndConstraints, VrexImmutableSystem3D&& system)
+    : VrexImmutableSystem3D(std::move(system)) {
+    m_geometries = orderGeometries(m_geometries);
+    m_constraints = orderConstraints(m_constraints);
+}
+
+VrexImmutableSystem3D::VrexImmutableSystem3D(const VrexImmutableSystem3D&) = default;
+
+VrexImmutableSystem3D::VrexImmutableSystem3D(VrexImmutableSystem3D&&) noexcept = default;
+
+VrexImmutableSystem3D& VrexImmutableSystem3D::operator=(const VrexImmutableSystem3D&) = default;
+
+VrexImmutableSystem3D& VrexImmutableSystem3D::operator=(VrexImmutableSystem3D&&) noexcept = default;
+
+VrexImmutableSystem3D::~VrexImmutableSystem3D() = default;
+
+void VrexImmutableSystem3D::accept(VrexVisitor3D& visitor) const {
+    acceptAll(m_geometries, visitor);
+    acceptAll(m_variables, visitor);
+    acceptAll(m_constraints, visitor);
+    acceptAll(m_equations, visitor);
+}
+
+VrexImmutableSystem3D VrexImmutableSystem3D::deepCopy() const {
+    SystemCloner cloner(joined<VrexBaseGeometry>(m_variables, m_geometries),
+                        joined<VrexBaseConstraint>(m_equations, m_constraints));
+    auto referenceGeometries = cloner.clonesOf(m_referenceGeometries);
+    cloner.linkParents(); // Of what came with these.
+    return {cloner.clonesOf(m_geometries),
+            cloner.clonesOf(m_variables),
+            cloner.clonesOf(m_constraints),
+            cloner.clonesOf(m_equations),
+            m_linearTolerance,
+            m_angularTolerance,
+            cloner.cloneTransform(m_transform),
+            std::move(referenceGeometries)};
+}
+
+std::vector<std::shared_ptr<VrexGeometry3D>>
+VrexImmutableSystem3D::orderGeometries(const std::vector<std::shared_ptr<VrexGeometry3D>>& geometries) {
+    return inDependencyOrder(geometries,
+                             [](const VrexGeometry3D& geometry) { return geometry.geometries(); });
+}
+
+std::vector<std::shared_ptr<VrexConstraint3D>>
+VrexImmutableSystem3D::orderConstraints(const std::vector<std::shared_ptr<VrexConstraint3D>>& constraints) {
+    return constraints;
+}

@@ -1,0 +1,130 @@
+// Rings and depth among what is cloned.
+
+#include <stdexcept>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "data/3d/VrexConstraintSystemCloner3D.h"
+#include "support/SamplesRelations.h"
+#include "support/SmallStack.h"
+
+namespace {
+
+std::shared_ptr<VrexEvaluatedCurve3D> makeCurve() {
+    return VrexEvaluatedCurve3D::create({}, VrexQuaternionT<double>::ONE());
+}
+
+template <class Object>
+std::shared_ptr<Object> cloneOf(const VrexConstraintSystemCloner3D& cloner,
+                                const std::shared_ptr<Object>& object) {
+    return std::dynamic_pointer_cast<Object>(cloner.findClone(object));
+}
+
+/// Unties the rings that go through the descriptors of curves, at the end of the scope.
+struct Untying {
+    std::vector<std::shared_ptr<VrexEvaluatedCurve3D>> curves;
+    ~Untying() {
+        for (const auto& curve : curves) {
+            curve->setDescriptors({});
+        }
+    }
+};
+
+TEST(VrexConstraintSystemCloner3DGraph, CurveThatNamesItselfIsClonedToOneThatDoes) {
+    const auto curve = makeCurve();
+    curve->set("t + x", "t", "0", {{curve, 0, "x"}});
+    const VrexConstraintSystemCloner3D cloner({curve}, {});
+    const auto clone = cloneOf(cloner, curve);
+    const Untying untying{{curve, clone}};
+    EXPECT_EQ(cloner.getGeometries().size(), 1U);
+    EXPECT_EQ(clone->descriptors().front().object(), clone);
+    EXPECT_EQ(clone->getX(), "t + x");
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, CurvesThatNameEachOtherAreCloned) {
+    const auto first = makeCurve();
+    const auto second = makeCurve();
+    first->setDescriptors({{second, 0, "x"}});
+    second->setDescriptors({{first, 1, "y"}});
+    const VrexConstraintSystemCloner3D cloner({first}, {});
+    const auto firstClone = cloneOf(cloner, first);
+    const auto secondClone = cloneOf(cloner, second);
+    const Untying untying{{first, second, firstClone, secondClone}};
+    EXPECT_THAT(cloner.getGeometries(), testing::ElementsAre(secondClone, firstClone));
+    EXPECT_EQ(firstClone->descriptors().front().object(), secondClone);
+    EXPECT_EQ(secondClone->descriptors().front().object(), firstClone);
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, RingThroughADescriptorIsClonedFromWhereverItIsEntered) {
+    const auto curve = makeCurve();
+    const auto line = makeSample<VrexLine3D>();
+    const auto spin = VrexSpinSurface3D::create(curve, line);
+    curve->setDescriptors({{spin, 0, "x"}});
+    for (const auto& entered : std::vector<std::shared_ptr<VrexBaseGeometry>>{curve, spin}) {
+        const VrexConstraintSystemCloner3D cloner({entered}, {});
+        const auto clone = cloneOf(cloner, curve);
+        const Untying untying{{clone}};
+        EXPECT_EQ(cloner.getGeometries().size(), 3U);
+        EXPECT_EQ(clone->descriptors().front().object(), cloner.findClone(spin));
+        EXPECT_EQ(cloneOf(cloner, spin)->getProfileCurve(), clone);
+    }
+    const Untying untying{{curve}};
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, SetThatNeedsItselfIsRefused) {
+    const auto set = VrexRigidSet3D::create({makeSample<VrexPoint3D>()});
+    const auto connector = VrexConnector3D::create(set);
+    set->geometries().push_back(connector);
+    for (const auto& entered : std::vector<std::shared_ptr<VrexBaseGeometry>>{set, connector}) {
+        try {
+            const VrexConstraintSystemCloner3D cloner({entered}, {});
+            ADD_FAILURE() << "nothing thrown";
+        } catch (const std::runtime_error& error) {
+            EXPECT_STREQ(error.what(), "VrexConstraintSystemCloner::getNewObjects: clone object not found");
+        }
+    }
+    set->geometries() = {set};
+    EXPECT_THROW(VrexConstraintSystemCloner3D({set}, {}), std::runtime_error);
+    set->geometries().clear();
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, EquationsMayNameConstraintsThatComeLater) {
+    const auto point = makeSample<VrexPoint3D>();
+    const auto fixation = VrexFixation3D::create(point, VrexFixation3DType::Complete3D);
+    const auto equation = VrexCallbackEquation::create(
+        {{fixation, 0, "x"}}, VrexEquationConditionType::equalToZero, VrexLinearEquationCallback({1.0}, 0.0));
+    const VrexConstraintSystemCloner3D cloner({point}, {equation, fixation});
+    EXPECT_THAT(cloner.getConstraints(),
+                testing::ElementsAre(cloner.findClone(fixation), cloner.findClone(equation)));
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, ChainsOfCurvesAreClonedOnASmallStack) {
+    runOnSmallStack([] {
+        constexpr std::size_t length = 100'000;
+        std::shared_ptr<VrexEvaluatedCurve3D> last;
+        for (std::size_t i = 0; i < length; ++i) {
+            auto curve = makeCurve();
+            curve->setDescriptors({{std::move(last), 0, "x"}});
+            last = std::move(curve);
+        }
+        const VrexConstraintSystemCloner3D cloner({last}, {});
+        EXPECT_EQ(cloner.getGeometries().size(), length);
+        EXPECT_EQ(cloner.getGeometries().back(), cloner.findClone(last));
+    });
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, ChainsOfTiedConstraintsAreClonedOnASmallStack) {
+    runOnSmallStack([] {
+        constexpr std::size_t length = 100'000;
+        std::shared_ptr<VrexConstraint3D> last;
+        for (std::size_t i = 0; i < length; ++i) {
+            last = VrexEqualParameter3D::create(nullptr, std::move(last), nullptr);
+        }
+        const VrexConstraintSystemCloner3D cloner({}, {last});
+        EXPECT_EQ(cloner.getConstraints().size(), length);
+        EXPECT_EQ(cloner.getConstraints().back(), cloner.findClone(last));
+    });
+}
+
+} // namespace

@@ -29,7 +29,7 @@ public:
         (putAll(lists), ...);
         for (std::size_t i = 0; i < m_objects.size(); ++i) {
             const auto object = m_objects[i];
-            m_text += "\n" + std::to_string(i) + ": ";
+            m_text.append("\n").append(std::to_string(i)).append(": ");
             object->accept(*this);
         }
     }
@@ -276,7 +276,9 @@ private:
     void add(const std::string& text) { m_text += text + " "; }
     void putOne(const std::string& text) { add("\"" + text + "\""); }
     void putOne(const char* text) { add(text); }
-    void putOne(double number) { add("x" + std::to_string(std::bit_cast<std::uint64_t>(number))); }
+    void putOne(double number) {
+        add(std::to_string(std::bit_cast<std::uint64_t>(number)).insert(0, 1, 'x'));
+    }
     template <class Number>
     requires std::is_integral_v<Number> || std::is_enum_v<Number>
     void putOne(Number number) { add(std::to_string(static_cast<std::int64_t>(number))); }
@@ -304,7 +306,7 @@ private:
             m_objects.push_back(object);
             addAddress(std::shared_ptr<const VrexBaseObject>(object));
         }
-        add("#" + std::to_string(place->second));
+        add(std::to_string(place->second).insert(0, 1, '#'));
     }
     template <class... Values>
     void put(const Values&... values) {

@@ -48,7 +48,7 @@ struct Identity {
 /// Gives what an assignment has to leave alone other values than those of a sample.
 void markIdentity(VrexBaseGeometry& object, std::uint64_t id) {
     object.setID(id);
-    object.label() = "object " + std::to_string(id);
+    object.label() = std::to_string(id).insert(0, "object ");
     object.setDirty(id % 2 == 0);
     object.setChangeStatus(id % 2 == 0 ? VrexGeometryChangeStatus::Fixed : VrexGeometryChangeStatus::Changed);
 }

@@ -7,8 +7,10 @@
 
 #include "data/constraint/3d/VrexDistance3D.h"
 #include "data/constraint/3d/VrexFixation3D.h"
+#include "data/constraint/equation/VrexExpressionEquation.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
+#include "data/geometry/VrexGeometryVariable.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexDepthFirstSearch.h"
 #include "data/graph/VrexGeometryVertex.h"
@@ -88,6 +90,29 @@ TEST(VrexComponentGenerator, FixedSetComesWithAllItsMembers) {
     const auto fixation = fixationOf(5, set);
     EXPECT_EQ(split({{member, other, free, set}, {fixation, distanceOf(6, member, free)}}),
               (Pieces{{{1, 4, 2, 3}, {6, 5}}}));
+}
+
+TEST(VrexComponentGenerator, EquationJoinsTheDimensionsWhoseVariablesItNames) {
+    GraphSystem system;
+    std::vector<VrexVariableDescriptor> descriptors;
+    for (const std::uint64_t id : {10U, 20U}) {
+        const auto first = pointOf(id);
+        const auto second = pointOf(id + 1);
+        const auto variable = VrexGeometryVariable::create(1.0);
+        variable->setID(id + 2);
+        const auto distance = distanceOf(id + 3, first, second);
+        distance->bindVariable(variable);
+        system.geometries.insert(system.geometries.end(), {first, second, variable});
+        system.constraints.push_back(distance);
+        descriptors.emplace_back(variable, 0, id == 10 ? "d1" : "d2");
+    }
+    EXPECT_EQ(split(system), (Pieces{{{10, 11, 12}, {13}}, {{20, 21, 22}, {23}}}));
+
+    const auto equation =
+        VrexExpressionEquation::create(descriptors, VrexEquationConditionType::equalToZero, "d1 - 2 * d2");
+    equation->setID(30);
+    system.constraints.push_back(equation);
+    EXPECT_EQ(split(system), (Pieces{{{10, 11, 12, 22, 20, 21}, {13, 30, 23}}}));
 }
 
 TEST(VrexComponentGenerator, PartsOfAFixedSetSeedNothing) {

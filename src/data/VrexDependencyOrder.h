@@ -28,16 +28,19 @@ std::vector<std::shared_ptr<Object>> inDependencyOrder(const std::vector<std::sh
             steps.push_back({object, partsOf(*object)});
         }
     };
+    const auto advance = [&] {
+        Step& step = steps.back();
+        if (step.next < step.parts.size()) {
+            enter(std::shared_ptr<Object>(step.parts[step.next++]));
+        } else {
+            ordered.push_back(std::move(step.object));
+            steps.pop_back();
+        }
+    };
     for (const std::shared_ptr<Object>& object : objects) {
         enter(object);
         while (!steps.empty()) {
-            Step& step = steps.back();
-            if (step.next < step.parts.size()) {
-                enter(std::shared_ptr<Object>(step.parts[step.next++]));
-            } else {
-                ordered.push_back(std::move(step.object));
-                steps.pop_back();
-            }
+            advance();
         }
     }
     return ordered;

@@ -169,17 +169,21 @@ void VrexGeometryTransformation3DVisitor::visitRigidSet3D(VrexRigidSet3D& set) {
 void VrexGeometryTransformation3DVisitor::visitOpenSets() {
     try {
         while (!m_openSets.empty()) {
-            OpenSet& open = m_openSets.back();
-            const auto& members = open.set->geometries();
-            if (open.next == members.size()) {
-                m_openSets.pop_back();
-            } else {
-                acceptIfThere(members[open.next++], *this);
-            }
+            visitNextMember();
         }
     } catch (...) {
         m_openSets.clear();
         throw;
+    }
+}
+
+void VrexGeometryTransformation3DVisitor::visitNextMember() {
+    OpenSet& open = m_openSets.back();
+    const auto& members = open.set->geometries();
+    if (open.next == members.size()) {
+        m_openSets.pop_back();
+    } else {
+        acceptIfThere(members[open.next++], *this);
     }
 }
 

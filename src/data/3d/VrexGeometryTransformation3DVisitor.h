@@ -80,6 +80,7 @@ private:
     template <class Geometry>
     void moveOriginAndRotation(Geometry& geometry) const;
     void visitOpenSets();
+    void visitNextMember();
 
     VrexTransformation3DT<double> m_transformation;
     std::unordered_set<const VrexBaseObject*> m_visited;

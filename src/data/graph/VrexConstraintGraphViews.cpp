@@ -74,11 +74,7 @@ std::vector<VrexEdge> VrexConstraintGraph::makeEdges(std::uint64_t index) const 
             // The second time of a loop follows the first.
             const bool isRepeated = incidence.edge == last;
             const VrexEdge* seen = isRepeated ? &edges.back() : seenEdge(incidence);
-            if (seen != nullptr) {
-                edges.emplace_back(*seen);
-            } else {
-                edges.push_back(makeEdge(incidence.edge));
-            }
+            edges.push_back(seen != nullptr ? VrexEdge(*seen) : makeEdge(incidence.edge));
             last = incidence.edge;
         }
     }

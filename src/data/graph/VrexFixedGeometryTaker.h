@@ -50,19 +50,24 @@ private:
         open(geometry);
         while (!m_levels.empty()) {
             Level& level = m_levels.back();
-            if (level.next < level.parts.size()) {
-                const Geometry part = level.parts[level.next++];
-                component.addGeometry(part);
-                if (part != nullptr && !open(part)) {
-                    close(graph, component, colors, part);
-                }
+            if (level.next == level.parts.size()) {
+                leave(graph, component, colors);
                 continue;
             }
-            const Geometry done = std::move(level.geometry);
-            m_levels.pop_back();
-            if (!m_levels.empty()) {
-                close(graph, component, colors, done);
+            const Geometry part = level.parts[level.next++];
+            component.addGeometry(part);
+            if (part != nullptr && !open(part)) {
+                close(graph, component, colors, part);
             }
+        }
+    }
+    /// Closes the geometry whose parts are all taken, unless it is the one that the walk began with.
+    template <class Colors>
+    void leave(const VrexConstraintGraph& graph, VrexConnectedComponent& component, Colors& colors) {
+        const Geometry done = std::move(m_levels.back().geometry);
+        m_levels.pop_back();
+        if (!m_levels.empty()) {
+            close(graph, component, colors, done);
         }
     }
 

@@ -18,7 +18,7 @@ void VrexOperationListenerManager::removeListener(const std::shared_ptr<VrexOper
 
 void VrexOperationListenerManager::onOperation(const std::shared_ptr<VrexOperation>& operation) const {
     // Shares of their own: a listener may drop the record, the others and this manager.
-    const std::shared_ptr<VrexOperation> record = operation;
+    const std::shared_ptr<VrexOperation> record = operation; // NOLINT(performance-unnecessary-copy-*)
     const std::vector<std::shared_ptr<VrexOperationListener>> listeners(m_listeners.begin(),
                                                                         m_listeners.end());
     for (const auto& listener : listeners) {

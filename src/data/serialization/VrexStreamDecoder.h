@@ -68,13 +68,12 @@ public:
     template <class ReadElement>
     bool readList(ReadElement readElement) {
         return readBlock([&] {
-            while (!isAtEnd()) {
+            bool isRead = true;
+            while (isRead && !isAtEnd()) {
                 const std::uint32_t before = m_position;
-                if (!readElement() || m_position == before) {
-                    return false;
-                }
+                isRead = readElement() && m_position != before;
             }
-            return true;
+            return isRead;
         });
     }
     /// Whether the innermost open block, without one the input, is used up.

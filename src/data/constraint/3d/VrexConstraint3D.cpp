@@ -92,7 +92,7 @@ std::uint64_t VrexConstraint3D::getGeometries3DCount() const {
 
 std::shared_ptr<VrexGeometry3D> VrexConstraint3D::getGeometryByType(VrexGeometry3DType type) const {
     for (const auto& element : getGeometries()) {
-        const auto geometry = std::dynamic_pointer_cast<VrexGeometry3D>(element);
+        auto geometry = std::dynamic_pointer_cast<VrexGeometry3D>(element);
         if (geometry != nullptr && geometry->type() == type) {
             return geometry;
         }

@@ -8,7 +8,7 @@
 
 void VrexConstraintManager3D::removeFromReleatedDimension(const std::shared_ptr<VrexBaseGeometry>& geometry) {
     // The caller's pointer may be the one in a dimension's list, which unbinding erases.
-    const std::shared_ptr<VrexBaseGeometry> variable = geometry;
+    const std::shared_ptr<VrexBaseGeometry> variable = geometry; // NOLINT(performance-unnecessary-copy-*)
     std::vector<std::uint64_t> unbound;
     for (const auto& constraint : findRelatedConstraints(variable)) {
         const auto dimension = std::dynamic_pointer_cast<VrexDimension3D>(constraint);

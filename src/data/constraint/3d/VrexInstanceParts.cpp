@@ -49,12 +49,9 @@ std::vector<std::shared_ptr<VrexGeometry3D>> reachableFrom(const std::shared_ptr
     std::vector<std::shared_ptr<VrexGeometry3D>> reached{geometry};
     std::unordered_set<const VrexGeometry3D*> known{geometry.get()};
     for (std::size_t i = 0; i < reached.size(); ++i) {
-        const VrexGeometry3D& next = *reached[i];
-        for (auto& part : next.geometries()) {
-            if (known.insert(part.get()).second) {
-                reached.push_back(std::move(part));
-            }
-        }
+        auto parts = reached[i]->geometries();
+        std::erase_if(parts, [&known](const auto& part) { return !known.insert(part.get()).second; });
+        reached.insert(reached.end(), parts.begin(), parts.end());
     }
     return reached;
 }

@@ -12,9 +12,10 @@ VrexSurfaceSample<VrexVector3DT<double>> VrexParametricSurface3D::evaluate(doubl
     return VrexParametricSurfaceCalculator3D::create(*this)->calculate(u, v, order);
 }
 
-// NOLINTNEXTLINE(performance-unnecessary-value-param): a calculator may write into its u and v
+// NOLINTBEGIN(performance-unnecessary-value-param): a calculator may write into its u and v
 VrexSurfaceSample<VrexVector3DT<VrexVariable>>
 VrexParametricSurface3D::evaluate(const std::vector<VrexVariable>& parameters, VrexVariable u, VrexVariable v,
                                   int order) const {
     return VrexParametricSurfaceCalculator3D::create(*this)->calculate(parameters, u, v, order);
 }
+// NOLINTEND(performance-unnecessary-value-param)

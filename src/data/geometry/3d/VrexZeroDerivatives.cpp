@@ -25,6 +25,14 @@ bool isNew(const Entries& entries, Keys& seen, std::uint64_t key) {
     return seen.insert(key).second;
 }
 
+void appendNew(const Entries& from, Entries& entries, Keys& seen) {
+    for (const auto& entry : from) {
+        if (isNew(entries, seen, entry.key)) {
+            entries.append(entry.key, 0.0);
+        }
+    }
+}
+
 } // namespace
 
 VrexVariable nsCalculator::makeZero(const std::vector<VrexVariable>& parameters) {
@@ -32,11 +40,7 @@ VrexVariable nsCalculator::makeZero(const std::vector<VrexVariable>& parameters)
     Entries& entries = zero.derivatives();
     Keys seen;
     for (const VrexVariable& parameter : parameters) {
-        for (const auto& entry : parameter.derivatives()) {
-            if (isNew(entries, seen, entry.key)) {
-                entries.append(entry.key, 0.0);
-            }
-        }
+        appendNew(parameter.derivatives(), entries, seen);
     }
     return zero;
 }

@@ -92,14 +92,12 @@ VrexImmutableSystem3D::VrexImmutableSystem3D(std::vector<std::shared_ptr<VrexGeo
       m_linearTolerance(linearTolerance),
       m_transform(std::move(transform)) {}
 
-VrexImmutableSystem3D::VrexImmutableSystem3D(OrderGeometriesAndConstraints,
-                                             std::vector<std::shared_ptr<VrexGeometry3D>> geometries,
-                                             std::vector<std::shared_ptr<VrexGeometryVariable>> variables,
-                                             std::vector<std::shared_ptr<VrexConstraint3D>> constraints,
-                                             std::vector<std::shared_ptr<VrexBaseEquation>> equations,
-                                             double linearTolerance, double angularTolerance,
-                                             VrexTransform3D transform,
-                                             std::vector<std::shared_ptr<VrexGeometry3D>> referenceGeometries)
+VrexImmutableSystem3D::VrexImmutableSystem3D(
+    OrderGeometriesAndConstraints, const std::vector<std::shared_ptr<VrexGeometry3D>>& geometries,
+    std::vector<std::shared_ptr<VrexGeometryVariable>> variables,
+    const std::vector<std::shared_ptr<VrexConstraint3D>>& constraints,
+    std::vector<std::shared_ptr<VrexBaseEquation>> equations, double linearTolerance, double angularTolerance,
+    VrexTransform3D transform, std::vector<std::shared_ptr<VrexGeometry3D>> referenceGeometries)
     : VrexImmutableSystem3D(orderGeometries(geometries), std::move(variables), orderConstraints(constraints),
                             std::move(equations), linearTolerance, angularTolerance, std::move(transform),
                             std::move(referenceGeometries)) {}

@@ -32,9 +32,9 @@ public:
                           double angularTolerance, VrexTransform3D transform,
                           std::vector<std::shared_ptr<VrexGeometry3D>> referenceGeometries);
     VrexImmutableSystem3D(OrderGeometriesAndConstraints order,
-                          std::vector<std::shared_ptr<VrexGeometry3D>> geometries,
+                          const std::vector<std::shared_ptr<VrexGeometry3D>>& geometries,
                           std::vector<std::shared_ptr<VrexGeometryVariable>> variables,
-                          std::vector<std::shared_ptr<VrexConstraint3D>> constraints,
+                          const std::vector<std::shared_ptr<VrexConstraint3D>>& constraints,
                           std::vector<std::shared_ptr<VrexBaseEquation>> equations, double linearTolerance,
                           double angularTolerance, VrexTransform3D transform,
                           std::vector<std::shared_ptr<VrexGeometry3D>> referenceGeometries);

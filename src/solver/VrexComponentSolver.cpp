@@ -1,0 +1,198 @@
+#include "solver/VrexComponentSolver.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <random>
+#include <string>
+#include <unordered_set>
+#include <utility>
+
+#include "data/VrexBaseConstraint.h"
+#include "data/VrexBaseGeometry.h"
+#include "data/VrexEnumTable.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/graph/VrexConnectedComponent.h"
+#include "solver/VrexLeastSquares.h"
+#include "solver/VrexRankAnalysis.h"
+#include "solver/VrexSolverBuilder.h"
+#include "solver/VrexSolverModel.h"
+
+namespace {
+
+std::string kindOf(const VrexBaseConstraint& constraint) {
+    const auto* const known = dynamic_cast<const VrexConstraint3D*>(&constraint);
+    return known != nullptr ? nsEnum::toText(known->type()) : "Equation";
+}
+
+/// One component on its way.
+class Work {
+public:
+    Work(const VrexSolverOptions& options, const VrexComponentSolver::KeepGoing& keepGoing,
+         VrexConnectedComponent& component)
+        : m_options(options),
+          m_keepGoing(keepGoing),
+          m_component(component),
+          m_geometries(component.getGeometries()),
+          m_constraints(component.getConstraints()),
+          m_model(m_geometries, m_constraints),
+          m_builder(m_model) {}
+
+    VrexSolverComponentReport run() {
+        try {
+            m_report.refusal = m_model.refusal();
+            if (m_report.refusal.empty()) {
+                build();
+                converge();
+                analyse();
+            }
+        } catch (const std::exception& error) {
+            m_report.isConverged = false;
+            m_report.refusal = error.what();
+        }
+        if (m_report.isConverged) {
+            m_model.writeBack();
+            m_builder.writeResults();
+        }
+        writeStatuses();
+        return std::move(m_report);
+    }
+
+private:
+    void build() {
+        for (std::size_t i = 0; i < m_constraints.size(); ++i) {
+            const std::string reason = m_builder.build(i, *m_constraints[i]);
+            if (!reason.empty()) {
+                m_unsupported.insert(i);
+                m_report.remarks.push_back({m_constraints[i]->getID(), kindOf(*m_constraints[i]), reason});
+            }
+        }
+    }
+
+    void converge() {
+        const VrexLeastSquares method(m_options.tolerance, m_options.maxIterations, m_keepGoing);
+        VrexSolverSystem& system = m_model.system();
+        const auto start = system.bodies();
+        for (int attempt = 0; attempt <= m_options.retries; ++attempt) {
+            if (attempt > 0) {
+                system.bodies() = start;
+                disturb(attempt);
+            }
+            const VrexLeastSquaresResult result = method.solve(system, false);
+            m_report.iterations += result.iterations;
+            m_report.largestResidual = result.largestResidual;
+            m_report.isConverged = result.isConverged;
+            m_report.isCancelled = result.isCancelled;
+            if (result.isConverged || result.isCancelled) {
+                return;
+            }
+        }
+    }
+
+    /// A start from which a search may go another way: half turns and points on each other are saddles.
+    void disturb(int attempt) {
+        std::mt19937_64 random(static_cast<std::uint64_t>(attempt));
+        std::uniform_real_distribution<double> uniform(-0.03, 0.03);
+        VrexSolverSystem& system = m_model.system();
+        system.move(Eigen::VectorXd::NullaryExpr(system.unknownCount(),
+                                                 [&](Eigen::Index) { return uniform(random); }));
+    }
+
+    void analyse() {
+        const VrexRankAnalysis analysis(m_model.system());
+        m_report.freedom = analysis.freedom();
+        for (const auto& geometry : m_geometries) {
+            const VrexSolverBody* const body = m_model.body(*geometry);
+            m_report.freedoms.push_back({geometry->getID(), body != nullptr ? analysis.freedomOf(*body) : 0});
+        }
+        for (const auto& group : analysis.dependentConstraints()) {
+            auto& ids = m_report.overConstrained.emplace_back();
+            for (const std::size_t place : group) {
+                ids.push_back(m_constraints[place]->getID());
+                m_dependent.insert(place);
+            }
+        }
+        m_satisfied.assign(m_constraints.size(), true);
+        const auto& values = m_model.system().values();
+        const auto& rows = m_model.system().rowConstraints();
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            if (!(std::abs(values[static_cast<Eigen::Index>(row)]) <= m_options.tolerance)) {
+                m_satisfied[rows[row]] = false;
+            }
+        }
+    }
+
+    void writeStatuses() {
+        m_component.getOverConstrainedSubsets() = m_report.overConstrained;
+        std::unordered_set<const VrexBaseGeometry*> overdefined;
+        for (std::size_t i = 0; i < m_constraints.size(); ++i) {
+            VrexBaseConstraint& constraint = *m_constraints[i];
+            constraint.status() = statusOf(i);
+            const bool isKnown = !m_satisfied.empty() && !m_unsupported.contains(i);
+            constraint.satisfiedStatus() = !isKnown         ? VrexConstraintSatisfiedStatus::Unknown
+                                           : m_satisfied[i] ? VrexConstraintSatisfiedStatus::Satisfied
+                                                            : VrexConstraintSatisfiedStatus::NotSatisfied;
+            if (m_dependent.contains(i)) {
+                for (const auto& geometry : constraint.getGeometries()) {
+                    overdefined.insert(geometry.get());
+                }
+            }
+        }
+        for (std::size_t i = 0; i < m_geometries.size(); ++i) {
+            m_geometries[i]->status() = !m_report.isConverged ? VrexGeometryStatus::NotSolved
+                                        : overdefined.contains(m_geometries[i].get())
+                                            ? VrexGeometryStatus::Overdefined
+                                        : m_report.freedoms[i].degrees > 0 ? VrexGeometryStatus::Underdefined
+                                                                           : VrexGeometryStatus::Welldefined;
+        }
+    }
+
+    VrexConstraintStatus statusOf(std::size_t place) const {
+        if (m_unsupported.contains(place)) {
+            return VrexConstraintStatus::NotSolved;
+        }
+        if (m_dependent.contains(place)) {
+            return VrexConstraintStatus::Overdefined;
+        }
+        if (!m_report.isConverged) {
+            return VrexConstraintStatus::NotSolved;
+        }
+        return statusBetween(m_constraints[place]->getGeometries());
+    }
+
+    VrexConstraintStatus statusBetween(const VrexSolverModel::Geometries& geometries) const {
+        std::unordered_set<const VrexSolverBody*> bodies;
+        bool isFixed = true;
+        for (const auto& geometry : geometries) {
+            const VrexSolverBody* const body = geometry != nullptr ? m_model.body(*geometry) : nullptr;
+            bodies.insert(body);
+            isFixed = isFixed && body != nullptr && body->isFixed();
+        }
+        if (geometries.size() > 1 && isFixed) {
+            return VrexConstraintStatus::BetweenFixed;
+        }
+        const bool isInOne = geometries.size() > 1 && bodies.size() == 1 && *bodies.begin() != nullptr;
+        return isInOne ? VrexConstraintStatus::BetweenSetMembers : VrexConstraintStatus::Regular;
+    }
+
+    const VrexSolverOptions& m_options;
+    const VrexComponentSolver::KeepGoing& m_keepGoing;
+    VrexConnectedComponent& m_component;
+    VrexSolverModel::Geometries m_geometries;
+    VrexSolverModel::Constraints m_constraints;
+    VrexSolverModel m_model;
+    VrexSolverBuilder m_builder;
+    VrexSolverComponentReport m_report;
+    std::unordered_set<std::size_t> m_unsupported;
+    std::unordered_set<std::size_t> m_dependent;
+    std::vector<bool> m_satisfied;
+};
+
+} // namespace
+
+VrexComponentSolver::VrexComponentSolver(const VrexSolverOptions& options, KeepGoing keepGoing)
+    : m_options(options), m_keepGoing(std::move(keepGoing)) {}
+
+VrexSolverComponentReport VrexComponentSolver::solve(VrexConnectedComponent& component) const {
+    return Work(m_options, m_keepGoing, component).run();
+}

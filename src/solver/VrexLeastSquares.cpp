@@ -1,0 +1,95 @@
+#include "solver/VrexLeastSquares.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "solver/VrexDampedStep.h"
+#include "solver/VrexSolverSystem.h"
+
+namespace {
+
+constexpr double FIRST_DAMPING = 1e-4;
+constexpr double LEAST_DAMPING = 1e-14;
+constexpr double GREATEST_DAMPING = 1e12;
+
+double largest(const Eigen::VectorXd& values) {
+    return values.size() == 0 ? 0.0 : values.cwiseAbs().maxCoeff();
+}
+
+/// The damping factor between the steps: less where the linear model holds, ever more where it does not.
+class Damping {
+public:
+    double value() const { return m_value; }
+    bool isExhausted() const { return m_value > GREATEST_DAMPING; }
+    void accept(double gainRatio) {
+        const double x = 2.0 * gainRatio - 1.0;
+        m_value = std::max(LEAST_DAMPING, m_value * std::max(1.0 / 10.0, 1.0 - x * x * x));
+        m_growth = 2.0;
+    }
+    void refuse() {
+        m_value *= m_growth;
+        m_growth *= 2.0;
+    }
+
+private:
+    double m_value = FIRST_DAMPING;
+    double m_growth = 2.0;
+};
+
+/// Tries steps under rising damping until one gains; false where none does.
+bool advance(VrexSolverSystem& system, VrexDampedStep& linear, Damping& damping, bool withWishes) {
+    const double cost = 0.5 * system.values().squaredNorm();
+    system.save();
+    while (!damping.isExhausted()) {
+        const Eigen::VectorXd step = linear.solve(damping.value());
+        const double predicted = linear.predictedGain(step, damping.value());
+        if (step.allFinite() && predicted > 0.0) {
+            system.move(step);
+            system.evaluate(false, withWishes);
+            const double gain = cost - 0.5 * system.values().squaredNorm();
+            if (gain > 0.0) { // also false for NaN
+                damping.accept(gain / predicted);
+                return true;
+            }
+            system.restore();
+        }
+        damping.refuse();
+    }
+    system.evaluate(false, withWishes);
+    return false;
+}
+
+} // namespace
+
+VrexLeastSquares::VrexLeastSquares(double tolerance, int maxIterations, KeepGoing keepGoing)
+    : m_tolerance(tolerance), m_maxIterations(maxIterations), m_keepGoing(std::move(keepGoing)) {}
+
+VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool withWishes) const {
+    VrexLeastSquaresResult result;
+    VrexDampedStep linear;
+    Damping damping;
+    system.evaluate(false, withWishes);
+    result.largestResidual = largest(system.values());
+    // Once started the last digits cost one or two steps more, since the convergence is quadratic.
+    const double target = 1e-3 * m_tolerance;
+    double wanted = m_tolerance;
+    while (!(result.largestResidual <= wanted) && result.iterations < m_maxIterations) {
+        if (m_keepGoing && !m_keepGoing(result.iterations, result.largestResidual)) {
+            result.isCancelled = true;
+            break;
+        }
+        wanted = target;
+        system.evaluate(true, withWishes);
+        linear.setJacobian(system.jacobian(), system.values());
+        const bool hasMoved = advance(system, linear, damping, withWishes);
+        ++result.iterations;
+        const double before = result.largestResidual;
+        result.largestResidual = largest(system.values());
+        if (!hasMoved || (before <= m_tolerance && result.largestResidual > 0.5 * before)) {
+            break;
+        }
+    }
+    result.isConverged = result.largestResidual <= m_tolerance;
+    return result;
+}

@@ -1,0 +1,50 @@
+#include "solver/VrexSolverBuilder.h"
+
+#include <utility>
+
+#include "data/VrexBaseConstraint.h"
+#include "solver/VrexSolverResiduals.h"
+
+std::string VrexSolverBuilder::build(std::size_t place, VrexBaseConstraint& constraint) {
+    m_place = place;
+    m_refusal.clear();
+    VrexSolverResiduals residuals(*this);
+    constraint.accept(residuals);
+    return std::exchange(m_refusal, {});
+}
+
+const VrexSolverShape* VrexSolverBuilder::shape(const std::shared_ptr<VrexBaseGeometry>& geometry) const {
+    return geometry != nullptr ? m_model.shape(*geometry) : nullptr;
+}
+
+void VrexSolverBuilder::add(std::size_t rows, Rows evaluate) {
+    m_model.system().addResidual({m_place, rows, false, std::move(evaluate)});
+}
+
+void VrexSolverBuilder::addWish(std::size_t rows, Rows evaluate) {
+    m_model.system().addResidual({m_place, rows, true, std::move(evaluate)});
+}
+
+void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit) {
+    if (!limits.first.has_value() && !limits.second.has_value()) {
+        return;
+    }
+    add(1, [limits, measure, unit](VrexVariable* row) {
+        const VrexVariable value = measure();
+        if (limits.first.has_value() && value < *limits.first) {
+            row[0] = (value - *limits.first) / unit;
+        } else if (limits.second.has_value() && value > *limits.second) {
+            row[0] = (value - *limits.second) / unit;
+        }
+    });
+}
+
+void VrexSolverBuilder::addTarget(const Measure& measure, const Measure& target, double unit) {
+    add(1, [measure, target, unit](VrexVariable* row) { row[0] = (measure() - target()) / unit; });
+}
+
+void VrexSolverBuilder::writeResults() const {
+    for (const auto& write : m_results) {
+        write();
+    }
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "data/VrexVariable.h"
+#include "data/constraint/VrexDimensionLimits.h"
+#include "solver/VrexSolverModel.h"
+#include "solver/VrexSolverShape.h"
+
+class VrexBaseConstraint;
+class VrexBaseGeometry;
+
+/// Where the families of residuals put what a constraint asks for.
+///
+/// Functions that are added are called again and again while the bodies move, so they hold shapes by address
+/// and read everything else once.
+class VrexSolverBuilder {
+public:
+    using Measure = std::function<VrexVariable()>;
+    using Rows = std::function<void(VrexVariable* rows)>;
+
+    explicit VrexSolverBuilder(VrexSolverModel& model) : m_model(model) {}
+
+    VrexSolverModel& model() { return m_model; }
+    double length() const { return m_model.length(); }
+
+    /// Adds what the constraint at this place of the component's list asks for. Empty where that is done,
+    /// else why it cannot be.
+    std::string build(std::size_t place, VrexBaseConstraint& constraint);
+
+    // For the families.
+
+    /// Null for a null, and for what has no shape.
+    const VrexSolverShape* shape(const std::shared_ptr<VrexBaseGeometry>& geometry) const;
+    void add(std::size_t rows, Rows evaluate);
+    /// What pulls, but need not be reached.
+    void addWish(std::size_t rows, Rows evaluate);
+    /// Keeps `measure` between the limits, of which either may be missing. `unit` is what one row is of it:
+    /// the component's length for a length, 1 for an angle.
+    void addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit);
+    /// Keeps `measure` at `target`.
+    void addTarget(const Measure& measure, const Measure& target, double unit);
+    /// To be done once the component is solved: writes what was measured into the constraint.
+    void addResult(std::function<void()> write) { m_results.push_back(std::move(write)); }
+    /// The constraint is of no kind, or between kinds, that this solver knows.
+    void refuse(const std::string& reason) { m_refusal = reason; }
+
+    void writeResults() const;
+
+private:
+    VrexSolverModel& m_model;
+    std::size_t m_place = 0;
+    std::string m_refusal;
+    std::vector<std::function<void()>> m_results;
+};

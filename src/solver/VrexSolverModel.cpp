@@ -1,0 +1,290 @@
+#include "solver/VrexSolverModel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <unordered_set>
+#include <utility>
+
+#include "data/3d/VrexGeometryTransformation3DVisitor.h"
+#include "data/VrexBaseConstraint.h"
+#include "data/VrexBaseGeometry.h"
+#include "data/VrexTransformation3DT.h"
+#include "data/constraint/3d/VrexDimension3D.h"
+#include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexRigidSet3D.h"
+#include "data/geometry/VrexGeometryVariable.h"
+#include "solver/VrexSolverEntity.h"
+
+namespace {
+
+using Geometries = VrexSolverModel::Geometries;
+
+/// Puts the entities of sets that hang together into one group. Groups, and entities in them, come in the
+/// order of the list, parts that are not listed behind it.
+class Grouping {
+public:
+    explicit Grouping(const Geometries& geometries) {
+        for (const auto& geometry : geometries) {
+            if (geometry != nullptr) {
+                enter(geometry);
+            }
+        }
+        for (std::size_t i = 0; i < m_entities.size(); ++i) { // grows on the way
+            if (isCarrier(*m_entities[i])) {
+                joinAll(i);
+            }
+        }
+    }
+
+    std::vector<Geometries> groups() {
+        std::vector<Geometries> result;
+        std::unordered_map<std::size_t, std::size_t> groupOfRoot;
+        for (std::size_t i = 0; i < m_entities.size(); ++i) {
+            const auto [entry, isNew] = groupOfRoot.try_emplace(rootOf(i), result.size());
+            if (isNew) {
+                result.emplace_back();
+            }
+            result[entry->second].push_back(m_entities[i]);
+        }
+        return result;
+    }
+
+private:
+    std::size_t enter(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+        const auto [entry, isNew] = m_places.try_emplace(geometry.get(), m_entities.size());
+        if (isNew) {
+            m_entities.push_back(geometry);
+            m_parents.push_back(entry->second);
+            m_isJoined.push_back(false);
+        }
+        return entry->second;
+    }
+
+    static bool isCarrier(const VrexBaseGeometry& geometry) {
+        return dynamic_cast<const VrexRigidSet3D*>(&geometry) != nullptr ||
+               dynamic_cast<const VrexConnector3D*>(&geometry) != nullptr;
+    }
+
+    /// Also what a member is built on moves with the set.
+    void joinAll(std::size_t carrier) {
+        std::vector<std::size_t> open{carrier};
+        while (!open.empty()) {
+            const std::size_t owner = open.back();
+            open.pop_back();
+            if (m_isJoined[owner]) {
+                continue;
+            }
+            m_isJoined[owner] = true;
+            for (const auto& part : m_entities[owner]->getGeometries()) {
+                if (part != nullptr && dynamic_cast<const VrexGeometryVariable*>(part.get()) == nullptr) {
+                    const std::size_t place = enter(part);
+                    m_parents[rootOf(place)] = rootOf(owner);
+                    open.push_back(place);
+                }
+            }
+        }
+    }
+
+    std::size_t rootOf(std::size_t place) {
+        while (m_parents[place] != place) {
+            m_parents[place] = m_parents[m_parents[place]];
+            place = m_parents[place];
+        }
+        return place;
+    }
+
+    Geometries m_entities;
+    std::vector<std::size_t> m_parents;
+    std::vector<bool> m_isJoined;
+    std::unordered_map<const VrexBaseGeometry*, std::size_t> m_places;
+};
+
+/// What is completely fixed, by its constraints.
+std::unordered_set<const VrexBaseGeometry*> fixedOf(const VrexSolverModel::Constraints& constraints) {
+    std::unordered_set<const VrexBaseGeometry*> result;
+    for (const auto& constraint : constraints) {
+        if (constraint != nullptr && constraint->isCompleteFixed() && !constraint->getGeometries().empty()) {
+            result.insert(constraint->getGeometries().front().get());
+        }
+    }
+    return result;
+}
+
+bool isFinite(const VrexVector3DT<double>& v) {
+    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
+}
+
+bool isFinite(const VrexSolverEntity& entity) {
+    return isFinite(entity.frame.origin) && isFinite(entity.frame.axes[0]) &&
+           isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
+}
+
+std::string nameOf(const VrexBaseGeometry& geometry) {
+    std::string name = geometry.getNamePrefix();
+    name.append(std::to_string(geometry.getID()));
+    if (!geometry.label().empty()) {
+        name.append(" (").append(geometry.label()).append(")");
+    }
+    return name;
+}
+
+/// The lengths that a dimension asks for, so that points that still lie on each other have a scale too.
+double lengthOf(const VrexBaseConstraint& constraint) {
+    const auto* dimension = dynamic_cast<const VrexDimension3D*>(&constraint);
+    if (dimension == nullptr) {
+        return 0.0;
+    }
+    switch (dimension->type()) {
+    case VrexConstraint3DType::Distance3D:
+    case VrexConstraint3DType::DirectionDistance3D:
+    case VrexConstraint3DType::ParallelDistance3D:
+    case VrexConstraint3DType::Radius3D:
+    case VrexConstraint3DType::MajorRadius3D:
+    case VrexConstraint3DType::MinorRadius3D:
+        return std::abs(dimension->value());
+    default:
+        return 0.0;
+    }
+}
+
+/// The box of all points that count.
+class Extent {
+public:
+    void add(const VrexVector3DT<double>& point) {
+        for (int i = 0; i < 3; ++i) {
+            m_low[i] = std::min(m_low[i], point[i]);
+            m_high[i] = std::max(m_high[i], point[i]);
+        }
+    }
+    double diagonal() const { return m_low.x() > m_high.x() ? 0.0 : (m_high - m_low).magnitude(); }
+
+private:
+    static constexpr double INFINITE = std::numeric_limits<double>::infinity();
+    VrexVector3DT<double> m_low{INFINITE, INFINITE, INFINITE};
+    VrexVector3DT<double> m_high{-INFINITE, -INFINITE, -INFINITE};
+};
+
+} // namespace
+
+VrexSolverModel::VrexSolverModel(const Geometries& geometries, const Constraints& constraints) {
+    addBodies(Grouping(geometries).groups(), constraints);
+    Extent extent;
+    double length = 0.0;
+    for (const VrexSolverBody& body : m_system.bodies()) {
+        extent.add(body.frame().origin);
+        for (const std::size_t i : {0U, 1U}) {
+            if (body.isLength(i)) {
+                length = std::max(length, std::abs(body.size(i)));
+            }
+        }
+    }
+    for (const auto& constraint : constraints) {
+        length = constraint != nullptr ? std::max(length, lengthOf(*constraint)) : length;
+    }
+    length = std::max(length, extent.diagonal());
+    m_system.numberUnknowns(length > 0.0 && std::isfinite(length) ? length : 1.0);
+}
+
+void VrexSolverModel::addBodies(const std::vector<Geometries>& groups, const Constraints& constraints) {
+    const auto fixed = fixedOf(constraints);
+    for (const Geometries& group : groups) {
+        group.size() > 1 ? addSet(group) : addFree(group.front());
+        const auto isFixed = [&fixed](const auto& entity) { return fixed.contains(entity.get()); };
+        if (std::any_of(group.begin(), group.end(), isFixed) && m_carriers.back().body != nullptr) {
+            m_carriers.back().body->fix();
+        }
+    }
+}
+
+void VrexSolverModel::addSet(const Geometries& entities) {
+    std::vector<std::optional<VrexSolverEntity>> known;
+    VrexVector3DT<double> middle;
+    double count = 0.0;
+    for (const auto& entity : entities) {
+        known.push_back(VrexSolverEntity::of(*entity));
+        if (known.back().has_value()) {
+            refuseUnlessFinite(*known.back(), *entity);
+            middle += known.back()->frame.origin;
+            count += 1.0;
+        }
+    }
+    const VrexSolverFrame start = VrexSolverFrame::at(count > 0.0 ? middle / count : middle);
+    VrexSolverMobility mobility;
+    mobility.translations = {true, true, true};
+    mobility.rotations = {true, true, true};
+    VrexSolverBody& body = m_system.addBody({start, mobility});
+    for (std::size_t i = 0; i < entities.size(); ++i) {
+        Carried& carried = m_carried[entities[i].get()];
+        carried.body = &body;
+        if (known[i].has_value()) {
+            carried.shape.emplace(body, start.localOf(known[i]->frame), known[i]->sizes[0],
+                                  known[i]->sizes[1]);
+        }
+    }
+    m_carriers.push_back({&body, start, entities, true});
+}
+
+void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
+    const auto known = VrexSolverEntity::of(*entity);
+    if (!known.has_value()) {
+        m_carriers.push_back({nullptr, {}, {entity}, false});
+        return;
+    }
+    refuseUnlessFinite(*known, *entity);
+    VrexSolverBody& body = m_system.addBody({known->frame, known->mobility});
+    for (const std::size_t i : {0U, 1U}) {
+        body.setSize(i, known->sizes[i], known->isLength[i]);
+    }
+    Carried& carried = m_carried[entity.get()];
+    carried.body = &body;
+    carried.shape.emplace(body, VrexSolverFrame());
+    m_carriers.push_back({&body, known->frame, {entity}, false});
+}
+
+void VrexSolverModel::refuseUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
+    if (m_refusal.empty() && !isFinite(known)) {
+        m_refusal = nameOf(entity).append(" holds a number that is not finite.");
+    }
+}
+
+const VrexSolverShape* VrexSolverModel::shape(const VrexBaseGeometry& geometry) const {
+    const auto found = m_carried.find(&geometry);
+    return found != m_carried.end() && found->second.shape.has_value() ? &*found->second.shape : nullptr;
+}
+
+const VrexSolverBody* VrexSolverModel::body(const VrexBaseGeometry& geometry) const {
+    const auto found = m_carried.find(&geometry);
+    return found != m_carried.end() ? found->second.body : nullptr;
+}
+
+VrexVariable VrexSolverModel::value(const VrexGeometryVariable& variable) const {
+    const VrexSolverShape* const known = shape(variable);
+    return known != nullptr ? known->size(0) : VrexVariable(variable.getValue());
+}
+
+void VrexSolverModel::writeBack() const {
+    for (const Carrier& carrier : m_carriers) {
+        if (carrier.body == nullptr || carrier.body->isFixed() || !carrier.body->hasMoved()) {
+            continue;
+        }
+        if (carrier.isSet) {
+            writeSet(carrier);
+        } else {
+            VrexSolverEntity::write(*carrier.body, *carrier.entities.front());
+        }
+    }
+}
+
+void VrexSolverModel::writeSet(const Carrier& carrier) const {
+    const auto motion = carrier.body->frame().motionFrom(carrier.start);
+    VrexGeometryTransformation3DVisitor visitor(motion, false);
+    for (const auto& entity : carrier.entities) {
+        auto* const connector = dynamic_cast<VrexConnector3D*>(entity.get());
+        if (connector != nullptr && connector->getRigidSet() != nullptr) {
+            connector->setTransformation(motion * connector->getTransformation());
+        } else {
+            entity->accept(visitor);
+        }
+    }
+}

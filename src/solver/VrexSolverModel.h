@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "data/VrexVariable.h"
+#include "solver/VrexSolverShape.h"
+#include "solver/VrexSolverSystem.h"
+
+class VrexBaseConstraint;
+class VrexBaseGeometry;
+class VrexGeometryVariable;
+struct VrexSolverEntity;
+
+/// A component in the solver's terms: which entities move as one, what may move, and where each stands on
+/// its body.
+///
+/// A rigid set with members at every depth and connectors is one body; sets that share a member are one
+/// together. What is completely fixed is a body without unknowns, and so is all it carries.
+class VrexSolverModel {
+public:
+    using Geometries = std::vector<std::shared_ptr<VrexBaseGeometry>>;
+    using Constraints = std::vector<std::shared_ptr<VrexBaseConstraint>>;
+
+    VrexSolverModel(const Geometries& geometries, const Constraints& constraints);
+
+    VrexSolverSystem& system() { return m_system; }
+    const VrexSolverSystem& system() const { return m_system; }
+    double length() const { return m_system.length(); }
+    /// Null for an entity that has no shape of its own, such as a spline.
+    const VrexSolverShape* shape(const VrexBaseGeometry& geometry) const;
+    /// The body that carries the entity; null for one that none does.
+    const VrexSolverBody* body(const VrexBaseGeometry& geometry) const;
+    /// The variable's value with its derivative.
+    VrexVariable value(const VrexGeometryVariable& variable) const;
+
+    /// Why the component cannot be solved, with the object's name; empty where it can.
+    const std::string& refusal() const { return m_refusal; }
+
+    /// Writes where the bodies stand into the entities. Those whose body has not moved are left as they are.
+    void writeBack() const;
+
+private:
+    struct Carried {
+        VrexSolverBody* body = nullptr;
+        std::optional<VrexSolverShape> shape;
+    };
+
+    /// A body and the entities that it carries.
+    struct Carrier {
+        VrexSolverBody* body = nullptr;
+        VrexSolverFrame start;
+        Geometries entities;
+        bool isSet = false;
+    };
+
+    void addBodies(const std::vector<Geometries>& groups, const Constraints& constraints);
+    void addSet(const Geometries& entities);
+    void addFree(const std::shared_ptr<VrexBaseGeometry>& entity);
+    void refuseUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity);
+    void writeSet(const Carrier& carrier) const;
+
+    VrexSolverSystem m_system;
+    std::vector<Carrier> m_carriers;
+    std::unordered_map<const VrexBaseGeometry*, Carried> m_carried;
+    std::string m_refusal;
+};

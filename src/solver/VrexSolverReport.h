@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// A constraint that was not solved, and why.
+struct VrexSolverRemark {
+    std::uint64_t id = 0;
+    std::string kind;
+    std::string reason;
+};
+
+/// The freedom that an entity has left.
+struct VrexSolverFreedom {
+    std::uint64_t id = 0;
+    std::size_t degrees = 0;
+};
+
+/// What became of one component.
+struct VrexSolverComponentReport {
+    bool isConverged = false;
+    bool isCancelled = false;
+    int iterations = 0;
+    double largestResidual = 0.0;
+    /// Degrees of freedom that are left, motions of the whole in space included.
+    std::size_t freedom = 0;
+    /// Entities in the order of the component, those that others carry included.
+    std::vector<VrexSolverFreedom> freedoms;
+    /// Identifiers of constraints that say the same or contradict each other; leaving out any one of a group
+    /// ends that.
+    std::vector<std::vector<std::uint64_t>> overConstrained;
+    std::vector<VrexSolverRemark> remarks;
+    /// Why the component was not tried, or what ended it; else empty.
+    std::string refusal;
+};
+
+struct VrexSolverReport {
+    std::vector<VrexSolverComponentReport> components;
+
+    bool isConverged() const {
+        for (const VrexSolverComponentReport& component : components) {
+            if (!component.isConverged) {
+                return false;
+            }
+        }
+        return true;
+    }
+};

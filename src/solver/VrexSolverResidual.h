@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+#include "data/VrexVariable.h"
+
+/// What a constraint asks for, as numbers that are to be zero: lengths in the component's length, angles and
+/// their likes as they are.
+struct VrexSolverResidual {
+    std::size_t constraint = 0; ///< Its place in the list of constraints.
+    std::size_t rows = 0;
+    /// A wish: it pulls as long as the constraints are not, and counts for nothing in the end.
+    bool isSoft = false;
+    /// Writes one number a row, with its derivatives by the unknowns. A row without derivatives binds
+    /// nothing where the bodies stand, such as a limit that is kept.
+    std::function<void(VrexVariable* rows)> evaluate;
+};

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <vector>
+
+#include <Eigen/Core>
+#include <Eigen/SparseCore>
+
+#include "data/VrexVariable.h"
+#include "solver/VrexSolverBody.h"
+#include "solver/VrexSolverResidual.h"
+
+/// Bodies and the residuals that bind them: values and derivatives at where the bodies stand.
+class VrexSolverSystem {
+public:
+    /// The body stays where it is in memory.
+    VrexSolverBody& addBody(const VrexSolverBody& body);
+    void addResidual(VrexSolverResidual residual);
+    /// Numbers the unknowns; to be called once all bodies are there and held as far as they are.
+    void numberUnknowns(double length);
+
+    const std::deque<VrexSolverBody>& bodies() const { return m_bodies; }
+    std::deque<VrexSolverBody>& bodies() { return m_bodies; }
+    const std::vector<VrexSolverResidual>& residuals() const { return m_residuals; }
+    double length() const { return m_length; }
+    Eigen::Index unknownCount() const { return m_unknownCount; }
+    Eigen::Index rowCount() const { return m_rowCount; }
+    /// The constraint that each row belongs to.
+    const std::vector<std::size_t>& rowConstraints() const { return m_rowConstraints; }
+
+    /// The derivatives only on request. Wishes are zero rows unless they pull.
+    void evaluate(bool withDerivatives, bool withWishes);
+    const Eigen::VectorXd& values() const { return m_values; }
+    const Eigen::SparseMatrix<double>& jacobian() const { return m_jacobian; }
+
+    void move(const Eigen::VectorXd& step);
+    void save() { m_saved = m_bodies; }
+    /// Back to where the bodies stood when they were saved.
+    void restore();
+
+private:
+    void addRow(Eigen::Index row, const VrexVariable& value, bool withDerivatives);
+
+    std::deque<VrexSolverBody> m_bodies;
+    std::deque<VrexSolverBody> m_saved;
+    std::vector<VrexSolverResidual> m_residuals;
+    std::vector<std::size_t> m_rowConstraints;
+    double m_length = 1.0;
+    Eigen::Index m_unknownCount = 0;
+    Eigen::Index m_rowCount = 0;
+    std::vector<VrexVariable> m_rows;
+    std::vector<Eigen::Triplet<double>> m_entries;
+    Eigen::VectorXd m_values;
+    Eigen::SparseMatrix<double> m_jacobian;
+};

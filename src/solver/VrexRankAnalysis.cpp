@@ -5,21 +5,21 @@
 #include <cstdint>
 #include <random>
 
-#include <Eigen/OrderingMethods>
-#include <Eigen/QR>
-#include <Eigen/SparseQR>
+#include <Eigen/SVD>
 
+#include "solver/VrexRowFactor.h"
 #include "solver/VrexSolverSystem.h"
 
 namespace {
 
-/// Rows and columns have length 1 or less: what is left of one below this counts as nothing.
-constexpr double RANK_TOLERANCE = 1e-8;
+/// Rows have length 1: what is left of one below this counts as nothing.
+constexpr double RANK_TOLERANCE = 1e-6;
+/// A motion of less than this, beside motions near 1, is none.
+constexpr double STANDING_STILL = 1e-7;
 /// A body has at most eight unknowns.
 constexpr Eigen::Index MOTIONS = 8;
 
 using Matrix = Eigen::SparseMatrix<double>;
-using Factor = Eigen::SparseQR<Matrix, Eigen::COLAMDOrdering<int>>;
 
 /// The rows that bind anything, each of length 1.
 Matrix unitRows(const Matrix& jacobian) {
@@ -41,54 +41,24 @@ Matrix unitRows(const Matrix& jacobian) {
     return result;
 }
 
-void factorize(Factor& factor, const Matrix& matrix) {
-    factor.setPivotThreshold(RANK_TOLERANCE);
-    factor.compute(matrix);
-}
-
-/// The first `rank` columns of R, a triangle, applied backwards to `right`.
-template <class Right>
-Eigen::MatrixXd solveTriangle(const Factor& factor, const Right& right) {
-    const Eigen::Index rank = factor.rank();
-    const Matrix triangle = factor.matrixR().topLeftCorner(rank, rank);
-    return triangle.triangularView<Eigen::Upper>().solve(Eigen::MatrixXd(right));
-}
-
 } // namespace
 
 VrexRankAnalysis::VrexRankAnalysis(VrexSolverSystem& system) {
     system.evaluate(true, false);
-    const Matrix jacobian = unitRows(system.jacobian());
-    findFreedom(jacobian);
-    findDependence(jacobian, system.rowConstraints());
+    const VrexRowFactor factor(unitRows(system.jacobian()), RANK_TOLERANCE);
+    findFreedom(factor, system.unknownCount());
+    findDependence(factor, system);
 }
 
-void VrexRankAnalysis::findFreedom(const Matrix& jacobian) {
-    const Eigen::Index unknowns = jacobian.cols();
-    if (unknowns == 0) {
+void VrexRankAnalysis::findFreedom(const VrexRowFactor& factor, Eigen::Index unknowns) {
+    m_freedom = static_cast<std::size_t>(unknowns - factor.rank());
+    if (m_freedom == 0) {
         return;
     }
     std::mt19937_64 random(20261121);
     std::uniform_real_distribution<double> uniform(-1.0, 1.0);
-    const auto next = [&](Eigen::Index, Eigen::Index) { return uniform(random); };
-    if (jacobian.nonZeros() == 0) {
-        m_freedom = static_cast<std::size_t>(unknowns);
-        m_motions = Eigen::MatrixXd::NullaryExpr(unknowns, MOTIONS, next);
-        return;
-    }
-    Factor factor;
-    factorize(factor, jacobian);
-    const Eigen::Index rank = factor.rank();
-    m_freedom = static_cast<std::size_t>(unknowns - rank);
-    m_motions.setZero(unknowns, MOTIONS);
-    if (m_freedom == 0) {
-        return;
-    }
-    Eigen::MatrixXd motions(unknowns, MOTIONS);
-    motions.bottomRows(unknowns - rank) = Eigen::MatrixXd::NullaryExpr(unknowns - rank, MOTIONS, next);
-    const Matrix rest = factor.matrixR().topRightCorner(rank, unknowns - rank);
-    motions.topRows(rank) = -solveTriangle(factor, rest * motions.bottomRows(unknowns - rank));
-    m_motions = factor.colsPermutation() * motions;
+    m_motions = factor.withoutRows(Eigen::MatrixXd::NullaryExpr(
+        unknowns, MOTIONS, [&](Eigen::Index, Eigen::Index) { return uniform(random); }));
 }
 
 std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
@@ -97,37 +67,22 @@ std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
     }
     const auto first = static_cast<Eigen::Index>(body.firstUnknown());
     const auto count = static_cast<Eigen::Index>(body.unknownCount());
-    Eigen::ColPivHouseholderQR<Eigen::MatrixXd> factor;
-    factor.setThreshold(RANK_TOLERANCE);
-    const Eigen::MatrixXd part = m_motions.middleRows(first, count);
-    constexpr double standingStill = 1e-9;
-    if (part.cwiseAbs().maxCoeff() < standingStill * std::max(1.0, m_motions.cwiseAbs().maxCoeff())) {
-        return 0;
-    }
-    return static_cast<std::size_t>(factor.compute(part).rank());
+    const Eigen::JacobiSVD<Eigen::MatrixXd> factor(m_motions.middleRows(first, count));
+    const double least = STANDING_STILL * std::max(1.0, m_motions.cwiseAbs().maxCoeff());
+    return static_cast<std::size_t>((factor.singularValues().array() > least).count());
 }
 
-void VrexRankAnalysis::findDependence(const Matrix& jacobian, const std::vector<std::size_t>& constraints) {
-    Matrix columns = jacobian.transpose();
-    columns.makeCompressed();
-    if (columns.nonZeros() == 0) {
-        return;
-    }
-    Factor factor;
-    factorize(factor, columns);
-    const Eigen::Index rank = factor.rank();
-    const auto& order = factor.colsPermutation().indices(); // of the columns of R among the rows
-    for (Eigen::Index i = rank; i < columns.cols(); ++i) {
-        const Eigen::Index row = order[i];
-        if (columns.col(row).nonZeros() == 0) {
-            continue;
+void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system) {
+    const std::vector<std::size_t>& constraints = system.rowConstraints();
+    for (const Eigen::Index row : factor.dependentRows()) {
+        if (system.isIdle(row)) {
+            continue; // binds nothing where the bodies stand
         }
-        const Matrix column = factor.matrixR().block(0, i, rank, 1);
-        const Eigen::VectorXd parts = solveTriangle(factor, column);
+        const Eigen::VectorXd parts = factor.combination(row);
         std::set<std::size_t> members{constraints[static_cast<std::size_t>(row)]};
-        for (Eigen::Index k = 0; k < rank; ++k) {
-            if (std::abs(parts[k]) > RANK_TOLERANCE) {
-                members.insert(constraints[static_cast<std::size_t>(order[k])]);
+        for (Eigen::Index i = 0; i < parts.size(); ++i) {
+            if (std::abs(parts[i]) > RANK_TOLERANCE) {
+                members.insert(constraints[static_cast<std::size_t>(i)]);
             }
         }
         m_dependent.emplace(members.begin(), members.end());

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include <Eigen/Core>
-#include <Eigen/SparseCore>
 
+class VrexRowFactor;
 class VrexSolverBody;
 class VrexSolverSystem;
 
@@ -29,9 +29,8 @@ public:
     const std::set<std::vector<std::size_t>>& dependentConstraints() const { return m_dependent; }
 
 private:
-    void findFreedom(const Eigen::SparseMatrix<double>& jacobian);
-    void findDependence(const Eigen::SparseMatrix<double>& jacobian,
-                        const std::vector<std::size_t>& constraints);
+    void findFreedom(const VrexRowFactor& factor, Eigen::Index unknowns);
+    void findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system);
 
     std::size_t m_freedom = 0;
     Eigen::MatrixXd m_motions; ///< One column a motion.

@@ -25,6 +25,7 @@ void VrexSolverSystem::numberUnknowns(double length) {
 void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {
     m_values.setZero(m_rowCount);
     m_entries.clear();
+    m_rowEntries.assign(static_cast<std::size_t>(m_rowCount), 0);
     Eigen::Index row = 0;
     for (const VrexSolverResidual& residual : m_residuals) {
         if (!residual.isSoft || withWishes) {
@@ -49,6 +50,7 @@ void VrexSolverSystem::addRow(Eigen::Index row, const VrexVariable& value, bool 
     }
     for (const auto& entry : value.derivatives()) {
         if (entry.value != 0.0) {
+            ++m_rowEntries[static_cast<std::size_t>(row)];
             m_entries.emplace_back(row, static_cast<Eigen::Index>(entry.key), entry.value);
         }
     }

@@ -34,6 +34,9 @@ public:
     const Eigen::VectorXd& values() const { return m_values; }
     const Eigen::SparseMatrix<double>& jacobian() const { return m_jacobian; }
 
+    /// Whether a row binds nothing where the bodies stand.
+    bool isIdle(Eigen::Index row) const { return m_rowEntries[static_cast<std::size_t>(row)] == 0; }
+
     void move(const Eigen::VectorXd& step);
     void save() { m_saved = m_bodies; }
     /// Back to where the bodies stood when they were saved.
@@ -51,6 +54,7 @@ private:
     Eigen::Index m_rowCount = 0;
     std::vector<VrexVariable> m_rows;
     std::vector<Eigen::Triplet<double>> m_entries;
+    std::vector<int> m_rowEntries; ///< How many derivatives are not zero.
     Eigen::VectorXd m_values;
     Eigen::SparseMatrix<double> m_jacobian;
 };

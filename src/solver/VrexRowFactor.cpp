@@ -1,0 +1,183 @@
+#include "solver/VrexRowFactor.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include <Eigen/OrderingMethods>
+
+namespace {
+
+using Matrix = Eigen::SparseMatrix<double>;
+
+} // namespace
+
+VrexRowFactor::VrexRowFactor(const Matrix& matrix, double tolerance) : m_matrix(matrix) {
+    Matrix product = matrix * Matrix(matrix.transpose());
+    order(product);
+    Eigen::PermutationMatrix<Eigen::Dynamic, Eigen::Dynamic, int> permutation(product.rows());
+    std::copy(m_placeOf.begin(), m_placeOf.end(), permutation.indices().data());
+    product = product.twistedBy(permutation);
+    analyse(product);
+    factorize(product, tolerance);
+}
+
+void VrexRowFactor::order(const Matrix& product) {
+    Eigen::PermutationMatrix<Eigen::Dynamic, Eigen::Dynamic, int> inverse;
+    Eigen::AMDOrdering<int>()(product, inverse);
+    const auto size = static_cast<std::size_t>(product.rows());
+    m_rowAt.assign(inverse.indices().data(), inverse.indices().data() + size);
+    m_placeOf.resize(size);
+    for (std::size_t place = 0; place < size; ++place) {
+        m_placeOf[static_cast<std::size_t>(m_rowAt[place])] = static_cast<int>(place);
+    }
+}
+
+void VrexRowFactor::analyse(const Matrix& product) {
+    const auto size = static_cast<std::size_t>(product.rows());
+    m_parents.assign(size, -1);
+    std::vector<int> marks(size, -1);
+    std::vector<int> counts(size, 0);
+    for (int k = 0; k < product.cols(); ++k) {
+        marks[static_cast<std::size_t>(k)] = k;
+        for (Matrix::InnerIterator entry(product, k); entry && entry.row() < k; ++entry) {
+            for (int i = static_cast<int>(entry.row()); marks[static_cast<std::size_t>(i)] != k;
+                 i = m_parents[static_cast<std::size_t>(i)]) {
+                const auto at = static_cast<std::size_t>(i);
+                m_parents[at] = m_parents[at] < 0 ? k : m_parents[at];
+                ++counts[at];
+                marks[at] = k;
+            }
+        }
+    }
+    m_starts.assign(size + 1, 0);
+    for (std::size_t i = 0; i < size; ++i) {
+        m_starts[i + 1] = m_starts[i] + counts[i];
+    }
+    m_ends.assign(m_starts.begin(), m_starts.end() - 1);
+    m_places.resize(static_cast<std::size_t>(m_starts.back()));
+    m_entries.resize(m_places.size());
+}
+
+/// The columns of L that row k of it has entries in, at the end of `stack`, each behind those it depends on.
+int VrexRowFactor::reach(const Matrix& product, int k, std::vector<int>& marks,
+                         std::vector<int>& stack) const {
+    int top = static_cast<int>(product.cols());
+    marks[static_cast<std::size_t>(k)] = k;
+    for (Matrix::InnerIterator entry(product, k); entry && entry.row() < k; ++entry) {
+        int length = 0;
+        for (int i = static_cast<int>(entry.row()); marks[static_cast<std::size_t>(i)] != k;
+             i = m_parents[static_cast<std::size_t>(i)]) {
+            stack[static_cast<std::size_t>(length++)] = i;
+            marks[static_cast<std::size_t>(i)] = k;
+        }
+        while (length > 0) {
+            stack[static_cast<std::size_t>(--top)] = stack[static_cast<std::size_t>(--length)];
+        }
+    }
+    return top;
+}
+
+void VrexRowFactor::factorize(const Matrix& product, double tolerance) {
+    const auto size = static_cast<std::size_t>(product.cols());
+    m_pivots.assign(size, 0.0);
+    std::vector<int> marks(size, -1);
+    std::vector<int> stack(size);
+    std::vector<double> work(size, 0.0);
+    for (int k = 0; k < product.cols(); ++k) {
+        for (Matrix::InnerIterator entry(product, k); entry && entry.row() <= k; ++entry) {
+            work[static_cast<std::size_t>(entry.row())] = entry.value();
+        }
+        double pivot = std::exchange(work[static_cast<std::size_t>(k)], 0.0);
+        for (int top = reach(product, k, marks, stack); top < product.cols(); ++top) {
+            const auto i = static_cast<std::size_t>(stack[static_cast<std::size_t>(top)]);
+            const double value = std::exchange(work[i], 0.0);
+            if (m_pivots[i] == 0.0) {
+                continue; // a row that is left out
+            }
+            for (int p = m_starts[i]; p < m_ends[i]; ++p) {
+                work[static_cast<std::size_t>(m_places[static_cast<std::size_t>(p)])] -=
+                    m_entries[static_cast<std::size_t>(p)] * value;
+            }
+            const double part = value / m_pivots[i];
+            pivot -= part * value;
+            m_places[static_cast<std::size_t>(m_ends[i])] = k;
+            m_entries[static_cast<std::size_t>(m_ends[i]++)] = part;
+        }
+        if (pivot > tolerance * tolerance) {
+            m_pivots[static_cast<std::size_t>(k)] = pivot;
+            ++m_rank;
+        } else {
+            m_dependentRows.push_back(m_rowAt[static_cast<std::size_t>(k)]);
+        }
+    }
+    std::sort(m_dependentRows.begin(), m_dependentRows.end());
+}
+
+/// L^T x = x over the independent rows.
+void VrexRowFactor::solveUpper(Eigen::Ref<Eigen::VectorXd> x) const {
+    for (std::size_t i = m_pivots.size(); i-- > 0;) {
+        for (int p = m_starts[i]; p < m_ends[i]; ++p) {
+            const auto place = static_cast<std::size_t>(m_places[static_cast<std::size_t>(p)]);
+            if (m_pivots[place] != 0.0) {
+                x[static_cast<Eigen::Index>(i)] -=
+                    m_entries[static_cast<std::size_t>(p)] * x[static_cast<Eigen::Index>(place)];
+            }
+        }
+    }
+}
+
+Eigen::VectorXd VrexRowFactor::combination(Eigen::Index row) const {
+    const int k = m_placeOf[static_cast<std::size_t>(row)];
+    Eigen::VectorXd x = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(m_pivots.size()));
+    for (std::size_t i = 0; i < m_pivots.size(); ++i) {
+        const auto first = m_places.begin() + m_starts[i];
+        const auto last = m_places.begin() + m_ends[i];
+        const auto found = std::lower_bound(first, last, k); // rows came in rising order
+        if (found != last && *found == k) {
+            x[static_cast<Eigen::Index>(i)] = m_entries[static_cast<std::size_t>(found - m_places.begin())];
+        }
+    }
+    solveUpper(x);
+    Eigen::VectorXd result(x.size());
+    for (Eigen::Index i = 0; i < x.size(); ++i) {
+        result[m_rowAt[static_cast<std::size_t>(i)]] = x[i];
+    }
+    return result;
+}
+
+/// (J J^T) x = right over the independent rows, zero for the others.
+Eigen::VectorXd VrexRowFactor::solve(const Eigen::VectorXd& right) const {
+    Eigen::VectorXd x(right.size());
+    for (Eigen::Index i = 0; i < x.size(); ++i) {
+        const auto place = static_cast<std::size_t>(i);
+        x[i] = m_pivots[place] != 0.0 ? right[m_rowAt[place]] : 0.0;
+    }
+    for (std::size_t i = 0; i < m_pivots.size(); ++i) {
+        for (int p = m_starts[i]; p < m_ends[i]; ++p) {
+            x[m_places[static_cast<std::size_t>(p)]] -=
+                m_entries[static_cast<std::size_t>(p)] * x[static_cast<Eigen::Index>(i)];
+        }
+    }
+    for (Eigen::Index i = 0; i < x.size(); ++i) {
+        const double pivot = m_pivots[static_cast<std::size_t>(i)];
+        x[i] = pivot != 0.0 ? x[i] / pivot : 0.0;
+    }
+    solveUpper(x);
+    Eigen::VectorXd result(x.size());
+    for (Eigen::Index i = 0; i < x.size(); ++i) {
+        result[m_rowAt[static_cast<std::size_t>(i)]] = x[i];
+    }
+    return result;
+}
+
+Eigen::MatrixXd VrexRowFactor::withoutRows(const Eigen::MatrixXd& motions) const {
+    Eigen::MatrixXd result = motions;
+    constexpr int passes = 3; // each takes away what rounding left in the one before
+    for (Eigen::Index column = 0; column < result.cols(); ++column) {
+        for (int pass = 0; pass < passes; ++pass) {
+            result.col(column) -= m_matrix.transpose() * solve(m_matrix * result.col(column));
+        }
+    }
+    return result;
+}

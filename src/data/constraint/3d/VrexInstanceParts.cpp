@@ -1,9 +1,11 @@
 #include "data/constraint/3d/VrexInstanceParts.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <unordered_set>
 
 #include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSpinSurface3D.h"
@@ -32,12 +34,35 @@ void addParts(const VrexSpline3D& first, const VrexSpline3D& second, VrexGeometr
     pairs.addAll(first.getInterpolatedPoints(), second.getInterpolatedPoints());
 }
 
+// And of their control points.
+
+using Row = std::vector<VrexSpline3D::ControlPoint>;
+
+void addRow(const Row& first, const Row& second, VrexGeometryPairs& pairs) {
+    for (std::size_t i = 0; i < std::min(first.size(), second.size()); ++i) {
+        pairs.add(first[i].point, second[i].point);
+    }
+}
+
+void addControlPoints(const VrexSpline3D& first, const VrexSpline3D& second, VrexGeometryPairs& pairs) {
+    addRow(first.controlPoints(), second.controlPoints(), pairs);
+}
+
+void addControlPoints(const VrexNURBSSurface3D& first, const VrexNURBSSurface3D& second,
+                      VrexGeometryPairs& pairs) {
+    for (std::size_t i = 0; i < std::min(first.controlPoints().size(), second.controlPoints().size()); ++i) {
+        addRow(first.controlPoints()[i], second.controlPoints()[i], pairs);
+    }
+}
+
+/// Adds what `add` finds where both are of one class.
 template <class Geometry>
-void addPartsAs(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs) {
+void addAs(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs,
+           void (*add)(const Geometry&, const Geometry&, VrexGeometryPairs&)) {
     const auto* const first = dynamic_cast<const Geometry*>(pair.first.get());
     const auto* const second = dynamic_cast<const Geometry*>(pair.second.get());
     if (first != nullptr && second != nullptr) {
-        addParts(*first, *second, pairs);
+        add(*first, *second, pairs);
     }
 }
 
@@ -61,15 +86,20 @@ VrexGeometryPairs pairsOf(const std::shared_ptr<VrexGeometry3D>& first,
     VrexGeometryPairs pairs(first, second);
     for (std::size_t i = 0; i < pairs.size(); ++i) {
         const VrexGeometryPairs::Pair pair = pairs[i];
-        addPartsAs<VrexRigidSet3D>(pair, pairs);
-        addPartsAs<VrexSpinSurface3D>(pair, pairs);
-        addPartsAs<VrexSweepSurface3D>(pair, pairs);
-        addPartsAs<VrexSpline3D>(pair, pairs);
+        addAs<VrexRigidSet3D>(pair, pairs, addParts);
+        addAs<VrexSpinSurface3D>(pair, pairs, addParts);
+        addAs<VrexSweepSurface3D>(pair, pairs, addParts);
+        addAs<VrexSpline3D>(pair, pairs, addParts);
     }
     return pairs;
 }
 
-std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(const VrexGeometryPairs& pairs) {
+std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(VrexGeometryPairs pairs) {
+    for (std::size_t i = 0, count = pairs.size(); i < count; ++i) {
+        const VrexGeometryPairs::Pair pair = pairs[i];
+        addAs<VrexSpline3D>(pair, pairs, addControlPoints);
+        addAs<VrexNURBSSurface3D>(pair, pairs, addControlPoints);
+    }
     std::unordered_set<std::shared_ptr<VrexGeometry3D>> unpaired;
     for (std::size_t i = 0; i < pairs.size(); ++i) {
         unpaired.insert(pairs[i].second);

@@ -66,6 +66,36 @@ void addAs(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs,
     }
 }
 
+/// Asks for the kind first: most geometries have no parts, and casts cost.
+void addParts(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs) {
+    if (pair.second == nullptr) {
+        return;
+    }
+    switch (pair.second->type()) {
+    case VrexGeometry3DType::RIGID_SET:
+        return addAs<VrexRigidSet3D>(pair, pairs, addParts);
+    case VrexGeometry3DType::SPIN_SURFACE:
+        return addAs<VrexSpinSurface3D>(pair, pairs, addParts);
+    case VrexGeometry3DType::SWEEP_SURFACE:
+        return addAs<VrexSweepSurface3D>(pair, pairs, addParts);
+    case VrexGeometry3DType::SPLINE:
+        return addAs<VrexSpline3D>(pair, pairs, addParts);
+    default:
+        return;
+    }
+}
+
+void addControlPoints(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs) {
+    if (pair.second == nullptr) {
+        return;
+    }
+    if (pair.second->type() == VrexGeometry3DType::SPLINE) {
+        addAs<VrexSpline3D>(pair, pairs, addControlPoints);
+    } else if (pair.second->type() == VrexGeometry3DType::NURBS_SURFACE) {
+        addAs<VrexNURBSSurface3D>(pair, pairs, addControlPoints);
+    }
+}
+
 } // namespace
 
 namespace nsInstanceParts {
@@ -85,26 +115,22 @@ VrexGeometryPairs pairsOf(const std::shared_ptr<VrexGeometry3D>& first,
                           const std::shared_ptr<VrexGeometry3D>& second) {
     VrexGeometryPairs pairs(first, second);
     for (std::size_t i = 0; i < pairs.size(); ++i) {
-        const VrexGeometryPairs::Pair pair = pairs[i];
-        addAs<VrexRigidSet3D>(pair, pairs, addParts);
-        addAs<VrexSpinSurface3D>(pair, pairs, addParts);
-        addAs<VrexSweepSurface3D>(pair, pairs, addParts);
-        addAs<VrexSpline3D>(pair, pairs, addParts);
+        addParts(pairs[i], pairs);
     }
     return pairs;
 }
 
 std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(VrexGeometryPairs pairs) {
     for (std::size_t i = 0, count = pairs.size(); i < count; ++i) {
-        const VrexGeometryPairs::Pair pair = pairs[i];
-        addAs<VrexSpline3D>(pair, pairs, addControlPoints);
-        addAs<VrexNURBSSurface3D>(pair, pairs, addControlPoints);
+        addControlPoints(pairs[i], pairs);
     }
     std::unordered_set<std::shared_ptr<VrexGeometry3D>> unpaired;
     for (std::size_t i = 0; i < pairs.size(); ++i) {
-        unpaired.insert(pairs[i].second);
+        if (pairs[i].first == nullptr) {
+            unpaired.insert(pairs[i].second);
+        }
     }
-    for (std::size_t i = 0; i < pairs.size(); ++i) {
+    for (std::size_t i = 0; i < pairs.size() && !unpaired.empty(); ++i) {
         if (pairs[i].first != nullptr) {
             unpaired.erase(pairs[i].second);
         }

@@ -1,15 +1,18 @@
 #include "data/geometry/VrexGeometrySetManager.h"
 
+#include "data/VrexChangeOrUndo.h"
+
 bool VrexGeometrySetManager::addToSet(std::uint64_t id, std::uint64_t setId) {
     if (id == 0 || setId == 0) {
         return false;
     }
-    const auto [entry, isNew] = m_sets.try_emplace(id, setId);
-    if (!isNew) {
-        m_members.remove(entry->second, id);
-        entry->second = setId;
+    const std::uint64_t former = findSet(id);
+    if (former == setId) {
+        return true;
     }
     m_members.add(setId, id);
+    changeOrUndo([&] { m_sets[id] = setId; }, [&] { m_members.remove(setId, id); });
+    m_members.remove(former, id);
     return true;
 }
 

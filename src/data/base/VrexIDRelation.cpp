@@ -39,7 +39,8 @@ void VrexIDRelation::add(std::uint64_t key, std::uint64_t id) {
             return;
         }
     }
-    const auto [entry, isNew] = m_few.try_emplace(key, 1, id); // a key without what belongs to it never shows
+    // A key comes with its first identifier, or without memory not at all.
+    const auto [entry, isNew] = m_few.try_emplace(key, 1, id);
     Few& few = entry->second;
     if (isNew || std::find(few.begin(), few.end(), id) != few.end()) {
         return;

@@ -6,13 +6,17 @@ bool VrexGeometrySetManager::addToSet(std::uint64_t id, std::uint64_t setId) {
     if (id == 0 || setId == 0) {
         return false;
     }
-    const std::uint64_t former = findSet(id);
-    if (former == setId) {
+    const auto entry = m_sets.try_emplace(id, setId);
+    if (entry.second) {
+        changeOrUndo([&] { m_members.add(setId, id); }, [&] { m_sets.erase(id); });
         return true;
     }
-    m_members.add(setId, id);
-    changeOrUndo([&] { m_sets[id] = setId; }, [&] { m_members.remove(setId, id); });
-    m_members.remove(former, id);
+    std::uint64_t& present = entry.first->second;
+    if (present != setId) {
+        m_members.add(setId, id);
+        m_members.remove(present, id);
+        present = setId;
+    }
     return true;
 }
 

@@ -13,6 +13,7 @@
 #include "data/VrexEnumTable.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/graph/VrexConnectedComponent.h"
+#include "solver/VrexDragWishes.h"
 #include "solver/VrexLeastSquares.h"
 #include "solver/VrexRankAnalysis.h"
 #include "solver/VrexSolverBuilder.h"
@@ -29,10 +30,13 @@ std::string kindOf(const VrexBaseConstraint& constraint) {
 class Work {
 public:
     Work(const VrexSolverOptions& options, const VrexComponentSolver::KeepGoing& keepGoing,
-         VrexConnectedComponent& component)
+         const VrexComponentSolver::SourceId& sourceId, VrexConnectedComponent& component,
+         const VrexTransform3D* drag)
         : m_options(options),
           m_keepGoing(keepGoing),
+          m_sourceId(sourceId),
           m_component(component),
+          m_drag(drag),
           m_geometries(component.getGeometries()),
           m_constraints(component.getConstraints()),
           m_model(m_geometries, m_constraints),
@@ -40,8 +44,9 @@ public:
 
     VrexSolverComponentReport run() {
         try {
-            m_report.refusal = m_model.refusal();
-            if (m_report.refusal.empty()) {
+            if (const VrexBaseGeometry* const entity = m_model.notFinite()) {
+                m_report.refusal = nameOf(*entity).append(" holds a number that is not finite.");
+            } else {
                 build();
                 converge();
                 analyse();
@@ -59,12 +64,22 @@ public:
     }
 
 private:
+    std::string nameOf(const VrexBaseGeometry& entity) const {
+        std::string name = entity.getNamePrefix();
+        name.append(std::to_string(m_sourceId(entity.getID())));
+        if (!entity.label().empty()) {
+            name.append(" (").append(entity.label()).append(")");
+        }
+        return name;
+    }
+
     void build() {
         for (std::size_t i = 0; i < m_constraints.size(); ++i) {
             const std::string reason = m_builder.build(i, *m_constraints[i]);
             if (!reason.empty()) {
                 m_unsupported.insert(i);
-                m_report.remarks.push_back({m_constraints[i]->getID(), kindOf(*m_constraints[i]), reason});
+                m_report.remarks.push_back(
+                    {m_sourceId(m_constraints[i]->getID()), kindOf(*m_constraints[i]), reason});
             }
         }
     }
@@ -72,6 +87,10 @@ private:
     void converge() {
         const VrexLeastSquares method(m_options.tolerance, m_options.maxIterations, m_keepGoing);
         VrexSolverSystem& system = m_model.system();
+        if (m_drag != nullptr) {
+            nsDragWishes::add(m_builder, *m_drag);
+            m_report.iterations += method.solve(system, true).iterations;
+        }
         const auto start = system.bodies();
         for (int attempt = 0; attempt <= m_options.retries; ++attempt) {
             if (attempt > 0) {
@@ -103,12 +122,13 @@ private:
         m_report.freedom = analysis.freedom();
         for (const auto& geometry : m_geometries) {
             const VrexSolverBody* const body = m_model.body(*geometry);
-            m_report.freedoms.push_back({geometry->getID(), body != nullptr ? analysis.freedomOf(*body) : 0});
+            m_report.freedoms.push_back(
+                {m_sourceId(geometry->getID()), body != nullptr ? analysis.freedomOf(*body) : 0});
         }
         for (const auto& group : analysis.dependentConstraints()) {
             auto& ids = m_report.overConstrained.emplace_back();
             for (const std::size_t place : group) {
-                ids.push_back(m_constraints[place]->getID());
+                ids.push_back(m_sourceId(m_constraints[place]->getID()));
                 m_dependent.insert(place);
             }
         }
@@ -177,7 +197,9 @@ private:
 
     const VrexSolverOptions& m_options;
     const VrexComponentSolver::KeepGoing& m_keepGoing;
+    const VrexComponentSolver::SourceId& m_sourceId;
     VrexConnectedComponent& m_component;
+    const VrexTransform3D* m_drag;
     VrexSolverModel::Geometries m_geometries;
     VrexSolverModel::Constraints m_constraints;
     VrexSolverModel m_model;
@@ -190,9 +212,11 @@ private:
 
 } // namespace
 
-VrexComponentSolver::VrexComponentSolver(const VrexSolverOptions& options, KeepGoing keepGoing)
-    : m_options(options), m_keepGoing(std::move(keepGoing)) {}
+VrexComponentSolver::VrexComponentSolver(const VrexSolverOptions& options, KeepGoing keepGoing,
+                                         SourceId sourceId)
+    : m_options(options), m_keepGoing(std::move(keepGoing)), m_sourceId(std::move(sourceId)) {}
 
-VrexSolverComponentReport VrexComponentSolver::solve(VrexConnectedComponent& component) const {
-    return Work(m_options, m_keepGoing, component).run();
+VrexSolverComponentReport VrexComponentSolver::solve(VrexConnectedComponent& component,
+                                                     const VrexTransform3D* drag) const {
+    return Work(m_options, m_keepGoing, m_sourceId, component, drag).run();
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <functional>
-#include <memory>
-#include <vector>
 
 #include "solver/VrexSolverOptions.h"
 #include "solver/VrexSolverReport.h"
@@ -18,12 +16,18 @@ public:
     /// Asked before each iteration; false ends the work.
     using KeepGoing = std::function<bool(int iteration, double largestResidual)>;
 
-    VrexComponentSolver(const VrexSolverOptions& options, KeepGoing keepGoing);
+    /// The identifier by which a caller knows an object that has this one here.
+    using SourceId = std::function<std::uint64_t(std::uint64_t id)>;
+
+    VrexComponentSolver(const VrexSolverOptions& options, KeepGoing keepGoing, SourceId sourceId);
 
     /// Never throws for what a callback throws: that is the component's refusal.
-    VrexSolverComponentReport solve(VrexConnectedComponent& component) const;
+    /// With a drag, which names objects of any component, entities go where it takes them as far as the
+    /// constraints allow.
+    VrexSolverComponentReport solve(VrexConnectedComponent& component, const VrexTransform3D* drag) const;
 
 private:
     const VrexSolverOptions& m_options;
     KeepGoing m_keepGoing;
+    SourceId m_sourceId;
 };

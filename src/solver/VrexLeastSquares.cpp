@@ -12,6 +12,8 @@ namespace {
 constexpr double FIRST_DAMPING = 1e-4;
 constexpr double LEAST_DAMPING = 1e-14;
 constexpr double GREATEST_DAMPING = 1e12;
+/// A step that gains less than this part is the last: the minimum is reached, be it zero or not.
+constexpr double LEAST_GAIN = 1e-9;
 
 double largest(const Eigen::VectorXd& values) {
     return values.size() == 0 ? 0.0 : values.cwiseAbs().maxCoeff();
@@ -82,11 +84,13 @@ VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool wi
         wanted = target;
         system.evaluate(true, withWishes);
         linear.setJacobian(system.jacobian(), system.values());
+        const double costBefore = system.values().squaredNorm();
         const bool hasMoved = advance(system, linear, damping, withWishes);
+        const bool hasGained = system.values().squaredNorm() < (1.0 - LEAST_GAIN) * costBefore;
         ++result.iterations;
         const double before = result.largestResidual;
         result.largestResidual = largest(system.values());
-        if (!hasMoved || (before <= m_tolerance && result.largestResidual > 0.5 * before)) {
+        if (!hasMoved || !hasGained || (before <= m_tolerance && result.largestResidual > 0.5 * before)) {
             break;
         }
     }

@@ -2,13 +2,24 @@
 
 #include <utility>
 
+#include "data/3d/VrexTransform3D.h"
+#include "data/graph/VrexComponentGenerator.h"
 #include "data/graph/VrexConnectedComponent.h"
+#include "data/graph/VrexConstraintGraph.h"
+#include "data/graph/VrexDepthFirstSearch.h"
 #include "solver/VrexComponentSolver.h"
+#include "solver/VrexSolverCopy.h"
 
 VrexSolver3D::VrexSolver3D(VrexSolverOptions options) : m_options(std::move(options)) {}
 
-VrexSolverReport
-VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components) const {
+VrexSolverReport VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components,
+                                     const VrexTransform3D* drag) const {
+    return solve(components, drag, [](std::uint64_t id) { return id; });
+}
+
+VrexSolverReport VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components,
+                                     const VrexTransform3D* drag,
+                                     const std::function<std::uint64_t(std::uint64_t id)>& sourceId) const {
     VrexSolverReport report;
     VrexSolverProgress progress;
     progress.componentCount = components.size();
@@ -17,12 +28,27 @@ VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& 
         progress.largestResidual = largestResidual;
         return !m_options.progress || m_options.progress(progress);
     };
-    const VrexComponentSolver solver(m_options, keepGoing);
+    const VrexComponentSolver solver(m_options, keepGoing, sourceId);
     for (const auto& component : components) {
         if (component != nullptr) {
-            report.components.push_back(solver.solve(*component));
+            report.components.push_back(solver.solve(*component, drag));
         }
         ++progress.component;
     }
+    return report;
+}
+
+VrexSolverReport VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries,
+                                     const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints,
+                                     const VrexTransform3D* drag) const {
+    const VrexSolverCopy copy(geometries, constraints);
+    VrexConstraintGraph graph(copy.geometries(), copy.constraints());
+    VrexDepthFirstSearch search;
+    VrexComponentGenerator generator;
+    search.traverse(graph, generator);
+    const auto dragOfCopy = drag != nullptr ? copy.copyOf(*drag) : nullptr;
+    VrexSolverReport report = solve(generator.getComponents(), dragOfCopy.get(),
+                                    [&copy](std::uint64_t id) { return copy.sourceId(id); });
+    copy.layBack();
     return report;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -11,6 +12,7 @@
 class VrexBaseConstraint;
 class VrexBaseGeometry;
 class VrexConnectedComponent;
+class VrexTransform3D;
 
 /// Moves entities so that constraints hold.
 ///
@@ -22,15 +24,22 @@ public:
     explicit VrexSolver3D(VrexSolverOptions options = {});
 
     /// Splits the system into components, solves copies of them and lays the results back into these
-    /// objects, matched by identifier: parameters, dimensions of mates and statuses. Identifiers have to be
-    /// unique among geometries and among constraints; throws `std::invalid_argument` that names one that is
-    /// not. Nulls are passed over.
+    /// objects: numbers, dimensions of mates and statuses. What constraints bind has to be in the list, else
+    /// `std::runtime_error` is thrown; nulls are passed over.
+    ///
+    /// With a drag, entities go where it takes them as far as the constraints allow.
     VrexSolverReport solve(const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries,
-                           const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints) const;
+                           const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints,
+                           const VrexTransform3D* drag = nullptr) const;
 
     /// Solves these components themselves.
-    VrexSolverReport solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components) const;
+    VrexSolverReport solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components,
+                           const VrexTransform3D* drag = nullptr) const;
 
 private:
+    VrexSolverReport solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components,
+                           const VrexTransform3D* drag,
+                           const std::function<std::uint64_t(std::uint64_t id)>& sourceId) const;
+
     VrexSolverOptions m_options;
 };

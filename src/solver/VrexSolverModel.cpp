@@ -120,15 +120,6 @@ bool isFinite(const VrexSolverEntity& entity) {
            isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
 }
 
-std::string nameOf(const VrexBaseGeometry& geometry) {
-    std::string name = geometry.getNamePrefix();
-    name.append(std::to_string(geometry.getID()));
-    if (!geometry.label().empty()) {
-        name.append(" (").append(geometry.label()).append(")");
-    }
-    return name;
-}
-
 /// The lengths that a dimension asks for, so that points that still lie on each other have a scale too.
 double lengthOf(const VrexBaseConstraint& constraint) {
     const auto* dimension = dynamic_cast<const VrexDimension3D*>(&constraint);
@@ -204,7 +195,7 @@ void VrexSolverModel::addSet(const Geometries& entities) {
     for (const auto& entity : entities) {
         known.push_back(VrexSolverEntity::of(*entity));
         if (known.back().has_value()) {
-            refuseUnlessFinite(*known.back(), *entity);
+            noteUnlessFinite(*known.back(), *entity);
             middle += known.back()->frame.origin;
             count += 1.0;
         }
@@ -231,7 +222,7 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
         m_carriers.push_back({nullptr, {}, {entity}, false});
         return;
     }
-    refuseUnlessFinite(*known, *entity);
+    noteUnlessFinite(*known, *entity);
     VrexSolverBody& body = m_system.addBody({known->frame, known->mobility});
     for (const std::size_t i : {0U, 1U}) {
         body.setSize(i, known->sizes[i], known->isLength[i]);
@@ -242,9 +233,9 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
     m_carriers.push_back({&body, known->frame, {entity}, false});
 }
 
-void VrexSolverModel::refuseUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
-    if (m_refusal.empty() && !isFinite(known)) {
-        m_refusal = nameOf(entity).append(" holds a number that is not finite.");
+void VrexSolverModel::noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
+    if (m_notFinite == nullptr && !isFinite(known)) {
+        m_notFinite = &entity;
     }
 }
 

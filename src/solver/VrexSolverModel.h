@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -38,8 +37,8 @@ public:
     /// The variable's value with its derivative.
     VrexVariable value(const VrexGeometryVariable& variable) const;
 
-    /// Why the component cannot be solved, with the object's name; empty where it can.
-    const std::string& refusal() const { return m_refusal; }
+    /// An entity with a number that is not finite, for which nothing can be solved; null where there is none.
+    const VrexBaseGeometry* notFinite() const { return m_notFinite; }
 
     /// Writes where the bodies stand into the entities. Those whose body has not moved are left as they are.
     void writeBack() const;
@@ -61,11 +60,11 @@ private:
     void addBodies(const std::vector<Geometries>& groups, const Constraints& constraints);
     void addSet(const Geometries& entities);
     void addFree(const std::shared_ptr<VrexBaseGeometry>& entity);
-    void refuseUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity);
+    void noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity);
     void writeSet(const Carrier& carrier) const;
 
     VrexSolverSystem m_system;
     std::vector<Carrier> m_carriers;
     std::unordered_map<const VrexBaseGeometry*, Carried> m_carried;
-    std::string m_refusal;
+    const VrexBaseGeometry* m_notFinite = nullptr;
 };

@@ -1,0 +1,108 @@
+#include "solver/VrexSolverCopy.h"
+
+#include <cstddef>
+#include <unordered_set>
+
+#include "data/3d/VrexAssigner3D.h"
+#include "data/3d/VrexConstraintSystemCloner3D.h"
+#include "data/3d/VrexTransform3D.h"
+#include "data/VrexBaseConstraint.h"
+#include "data/VrexBaseGeometry.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/3d/VrexPinSlotMate3D.h"
+#include "data/geometry/3d/VrexEvaluatedSurface3D.h"
+#include "data/geometry/3d/VrexGeometry3D.h"
+#include "data/geometry/VrexGeometryVariable.h"
+
+namespace {
+
+/// The objects and what they are made of, each once, nulls left out.
+template <class Object, class PartsOf>
+std::vector<std::shared_ptr<Object>> withParts(const std::vector<std::shared_ptr<Object>>& objects,
+                                               PartsOf partsOf) {
+    std::vector<std::shared_ptr<Object>> result;
+    std::unordered_set<const Object*> known;
+    const auto add = [&](const std::vector<std::shared_ptr<Object>>& list) {
+        for (const auto& object : list) {
+            if (object != nullptr && known.insert(object.get()).second) {
+                result.push_back(object);
+            }
+        }
+    };
+    add(objects);
+    for (std::size_t i = 0; i < result.size(); ++i) { // grows on the way
+        add(partsOf(*result[i]));
+    }
+    return result;
+}
+
+void layGeometryBack(VrexBaseGeometry& copy, VrexBaseGeometry& source) {
+    const VrexAssigner3D assign;
+    if (const auto* surface = dynamic_cast<const VrexEvaluatedSurface3D*>(&copy)) {
+        auto& target = static_cast<VrexEvaluatedSurface3D&>(source);
+        target.setOrigin(surface->getOrigin());
+        target.setRotation(surface->getRotation());
+        target.status() = surface->status();
+    } else if (const auto* entity = dynamic_cast<const VrexGeometry3D*>(&copy)) {
+        assign(*entity, static_cast<VrexGeometry3D&>(source));
+    } else if (const auto* variable = dynamic_cast<const VrexGeometryVariable*>(&copy)) {
+        assign(*variable, static_cast<VrexGeometryVariable&>(source));
+    }
+}
+
+void layConstraintBack(VrexBaseConstraint& copy, VrexBaseConstraint& source) {
+    if (const auto* constraint = dynamic_cast<const VrexConstraint3D*>(&copy)) {
+        VrexAssigner3D()(*constraint, static_cast<VrexConstraint3D&>(source));
+    }
+    source.status() = copy.status();
+    source.satisfiedStatus() = copy.satisfiedStatus();
+    if (const auto* mate = dynamic_cast<const VrexPinSlotMate3D*>(&copy)) { // the assigner leaves it out
+        auto& target = static_cast<VrexPinSlotMate3D&>(source);
+        target.getDistance() = mate->getDistance();
+        target.getAngle() = mate->getAngle();
+    }
+}
+
+} // namespace
+
+VrexSolverCopy::VrexSolverCopy(const Geometries& geometries, const Constraints& constraints)
+    : m_geometries(withParts(geometries, [](const VrexBaseGeometry& part) { return part.getGeometries(); })),
+      m_constraints(withParts(constraints, [](VrexBaseConstraint& part) { return part.getConstraints(); })) {
+    const VrexConstraintSystemCloner3D cloner(m_geometries, m_constraints);
+    for (const auto& source : m_geometries) {
+        m_geometryCopies.push_back(std::static_pointer_cast<VrexBaseGeometry>(cloner.findClone(source)));
+        number(source, m_geometryCopies.back());
+    }
+    for (const auto& source : m_constraints) {
+        m_constraintCopies.push_back(std::static_pointer_cast<VrexBaseConstraint>(cloner.findClone(source)));
+        number(source, m_constraintCopies.back());
+    }
+}
+
+template <class Object>
+void VrexSolverCopy::number(const std::shared_ptr<Object>& source, const std::shared_ptr<Object>& copy) {
+    copy->setID(m_sourceIds.size());
+    m_sourceIds.push_back(source->getID());
+}
+
+std::shared_ptr<VrexTransform3D> VrexSolverCopy::copyOf(const VrexTransform3D& drag) const {
+    VrexTransform3D::GeometryMap geometries;
+    VrexTransform3D::VariableMap variables;
+    for (std::size_t i = 0; i < m_geometries.size(); ++i) {
+        if (const auto entity = std::dynamic_pointer_cast<VrexGeometry3D>(m_geometries[i])) {
+            geometries.emplace(entity, std::static_pointer_cast<VrexGeometry3D>(m_geometryCopies[i]));
+        } else if (const auto variable = std::dynamic_pointer_cast<VrexGeometryVariable>(m_geometries[i])) {
+            variables.emplace(variable, std::static_pointer_cast<VrexGeometryVariable>(m_geometryCopies[i]));
+        }
+    }
+    return drag.clone(geometries, variables);
+}
+
+void VrexSolverCopy::layBack() const {
+    for (std::size_t i = 0; i < m_geometries.size(); ++i) {
+        layGeometryBack(*m_geometryCopies[i], *m_geometries[i]);
+    }
+    for (std::size_t i = 0; i < m_constraints.size(); ++i) {
+        layConstraintBack(*m_constraintCopies[i], *m_constraints[i]);
+    }
+}

@@ -17,6 +17,7 @@
 /// --benchmark_filter=rotated, come after the defaults and so win.
 class RatioReport : public benchmark::ConsoleReporter {
 public:
+    template <class Report = RatioReport>
     static int run(int argc, char** argv) {
         std::vector<std::string> texts{argv[0], "--benchmark_enable_random_interleaving=true",
                                        "--benchmark_repetitions=9", "--benchmark_min_time=0.05"};
@@ -30,7 +31,7 @@ public:
         if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
             return 1;
         }
-        RatioReport report;
+        Report report;
         benchmark::RunSpecifiedBenchmarks(&report);
         benchmark::Shutdown();
         return 0;
@@ -64,7 +65,7 @@ public:
         }
     }
 
-private:
+protected:
     struct Variant {
         std::string name;
         std::vector<double> times;
@@ -74,6 +75,14 @@ private:
         std::vector<Variant> variants;
     };
 
+    const std::vector<Workload>& workloads() const { return m_workloads; }
+    static double median(std::vector<double> times) {
+        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+        std::nth_element(times.begin(), middle, times.end());
+        return *middle;
+    }
+
+private:
     template <typename Named>
     static Named& named(std::vector<Named>& list, const std::string& name) {
         const auto found =
@@ -92,11 +101,5 @@ private:
                          [](const Variant& variant) { return variant.name.rfind("peer_", 0) == 0; });
         return found != workload.variants.end() ? *found : workload.variants.front();
     }
-    static double median(std::vector<double> times) {
-        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-        std::nth_element(times.begin(), middle, times.end());
-        return *middle;
-    }
-
     std::vector<Workload> m_workloads;
 };

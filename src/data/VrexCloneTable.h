@@ -34,8 +34,8 @@ public:
     }
 
 private:
-    static constexpr std::size_t PLACE = 64, BLOCK = 2048;
-    static constexpr std::size_t OBJECTS_PER_BLOCK = 4; ///< At least, where objects follow each other.
+    static constexpr std::size_t PLACE = 128, BLOCK = 4096;
+    static constexpr std::size_t OBJECTS_PER_BLOCK = 8; ///< At least, where objects follow each other.
     static_assert(sizeof(VrexBaseObject) >= PLACE, "two objects would share a place");
     using Block = std::array<VrexBaseObject*, BLOCK / PLACE>;
 

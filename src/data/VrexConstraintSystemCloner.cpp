@@ -139,12 +139,9 @@ void VrexConstraintSystemCloner::cloneAll(
     m_sources.reserve(geometries.size() + constraints.size());
     m_geometries.reserve(geometries.size());
     m_constraints.reserve(constraints.size());
-    for (const auto& geometry : geometries) {
-        getClonedObject(geometry);
-    }
-    for (const auto& constraint : constraints) {
-        getClonedObject(constraint);
-    }
+    const auto clone = [this](const std::shared_ptr<VrexBaseObject>& object) { getClonedObject(object); };
+    forEach(geometries, clone);
+    forEach(constraints, clone);
     linkParents();
 }
 

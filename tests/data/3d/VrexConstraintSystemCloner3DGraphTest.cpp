@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "data/3d/VrexConstraintSystemCloner3D.h"
+#include "support/AnyGeometry.h"
 #include "support/SamplesRelations.h"
 #include "support/SmallStack.h"
 
@@ -101,7 +102,7 @@ TEST(VrexConstraintSystemCloner3DGraph, EquationsMayNameConstraintsThatComeLater
 
 TEST(VrexConstraintSystemCloner3DGraph, ChainsOfCurvesAreClonedOnASmallStack) {
     runOnSmallStack([] {
-        constexpr std::size_t length = 100'000;
+        constexpr std::size_t length = 1'000'000;
         std::shared_ptr<VrexEvaluatedCurve3D> last;
         for (std::size_t i = 0; i < length; ++i) {
             auto curve = makeCurve();
@@ -114,9 +115,32 @@ TEST(VrexConstraintSystemCloner3DGraph, ChainsOfCurvesAreClonedOnASmallStack) {
     });
 }
 
+TEST(VrexConstraintSystemCloner3DGraph, ChainsOfSetsAndConnectorsAreClonedOnASmallStack) {
+    runOnSmallStack([] {
+        constexpr std::size_t length = 500'000;
+        std::shared_ptr<VrexRigidSet3D> last;
+        for (std::size_t i = 0; i < length; ++i) {
+            last = VrexRigidSet3D::create({VrexConnector3D::create(std::move(last))});
+        }
+        const VrexConstraintSystemCloner3D cloner({last}, {});
+        EXPECT_EQ(cloner.getGeometries().size(), 2 * length);
+        EXPECT_EQ(cloner.getGeometries().back(), cloner.findClone(last));
+    });
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, UnknownClassAtTheEndOfAChainIsRefusedOnASmallStack) {
+    runOnSmallStack([] {
+        std::shared_ptr<VrexGeometry3D> last = AnyGeometry::create(VrexGeometry3DType::POINT, 1);
+        for (std::size_t i = 0; i < 200'000; ++i) {
+            last = VrexRigidSet3D::create({std::move(last)});
+        }
+        EXPECT_THROW(VrexConstraintSystemCloner3D({last}, {}), std::runtime_error);
+    });
+}
+
 TEST(VrexConstraintSystemCloner3DGraph, ChainsOfTiedConstraintsAreClonedOnASmallStack) {
     runOnSmallStack([] {
-        constexpr std::size_t length = 100'000;
+        constexpr std::size_t length = 1'000'000;
         std::shared_ptr<VrexConstraint3D> last;
         for (std::size_t i = 0; i < length; ++i) {
             last = VrexEqualParameter3D::create(nullptr, std::move(last), nullptr);

@@ -3,12 +3,14 @@
 #include "data/VrexConstraintSystemCloner.h"
 
 #include <functional>
+#include <memory>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "data/3d/VrexConstraintSystemCloner3D.h"
+#include "support/AnyGeometry.h"
 #include "support/SamplesRelations.h"
 
 namespace {
@@ -125,6 +127,19 @@ TEST(VrexConstraintSystemCloner, GeneratedNamesStayAsTheyAre) {
     const auto clones = cloner.cloneDescriptors({{variable, 0, nullptr}});
     EXPECT_EQ(clones.front().variableName(), "v4");
     EXPECT_EQ(clones.front().object()->getID(), 4U);
+}
+
+TEST(VrexConstraintSystemCloner, VisitedObjectHasToBeHeldByASharedPointer) {
+    class GeometryCloner : public OwnCloner {
+    public:
+        void visitGeometry3D(VrexGeometry3D& geometry) override { cloneLeaf(geometry); }
+    } cloner;
+    AnyGeometry loose(VrexGeometry3DType::POINT);
+    EXPECT_THROW(loose.accept(cloner), std::bad_weak_ptr);
+    const auto held = AnyGeometry::create(VrexGeometry3DType::POINT, 7);
+    held->accept(cloner);
+    ASSERT_NE(cloner.findClone(held), nullptr);
+    EXPECT_EQ(cloner.findClone(held)->getID(), 7U);
 }
 
 TEST(VrexConstraintSystemCloner, ParentsOfWhatIsClonedLaterWaitForTheirLink) {

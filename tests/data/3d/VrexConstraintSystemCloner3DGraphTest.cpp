@@ -7,6 +7,9 @@
 
 #include "data/3d/VrexConstraintSystemCloner3D.h"
 #include "support/AnyGeometry.h"
+#include "support/CloneInput.h"
+#include "support/MemoryChecks.h"
+#include "support/ObjectGraph.h"
 #include "support/SamplesRelations.h"
 #include "support/SmallStack.h"
 
@@ -98,6 +101,22 @@ TEST(VrexConstraintSystemCloner3DGraph, EquationsMayNameConstraintsThatComeLater
     const VrexConstraintSystemCloner3D cloner({point}, {equation, fixation});
     EXPECT_THAT(cloner.getConstraints(),
                 testing::ElementsAre(cloner.findClone(fixation), cloner.findClone(equation)));
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, SourceStaysWhereMemoryEnds) {
+    const auto relation = makeSample<VrexEqualDimension3D>();
+    const auto curve = makeSample<VrexEvaluatedCurve3D>();
+    const auto set = VrexRigidSet3D::create({makeSample<VrexPoint3D>(), VrexConnector3D::create(nullptr)});
+    CloneInput input(relation);
+    input.geometries.push_back(curve);
+    input.geometries.push_back(VrexConnector3D::create(set));
+    const auto before = ObjectGraph(input.geometries, input.constraints).text();
+    const auto clone = [&input] {
+        const VrexConstraintSystemCloner3D cloner(input.geometries, input.constraints);
+    };
+    nsMemoryChecks::expectKeptWithoutMemory(clone, [] {});
+    EXPECT_EQ(ObjectGraph(input.geometries, input.constraints).text(), before);
+    EXPECT_EQ(set.use_count(), 2); // No clone is left that holds it.
 }
 
 TEST(VrexConstraintSystemCloner3DGraph, ChainsOfCurvesAreClonedOnASmallStack) {

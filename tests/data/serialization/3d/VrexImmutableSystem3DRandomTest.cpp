@@ -108,6 +108,23 @@ TEST(VrexImmutableSystem3DRandom, ClonerMakesOneCloneForEachObjectWithinReach) {
     }
 }
 
+TEST(VrexImmutableSystem3DRandom, WholeSystemsHaveAllInTheirListsInOrder) {
+    RandomSystems systems;
+    std::set<std::string> classes;
+    for (int i = 0; i < 2'000 && !testing::Test::HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        const auto system = systems.nextWhole();
+        const auto sources = graphOf(system);
+        EXPECT_EQ(sources.objects().size(), system.geometries().size() + system.variables().size() +
+                                                system.constraints().size() + system.equations().size());
+        for (const auto& object : sources.objects()) {
+            const VrexBaseObject& known = *object;
+            classes.insert(typeid(known).name());
+        }
+    }
+    EXPECT_EQ(classes.size(), 59U);
+}
+
 TEST(VrexImmutableSystem3DRandom, DragsNameTheCopiesOfWhatTheSystemReaches) {
     RandomSystems systems;
     int dragged = 0;

@@ -1,5 +1,6 @@
 #include "data/VrexConstraintSystemCloner.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <typeinfo>
 
@@ -63,65 +64,93 @@ private:
 
 /// Makes clones in the order of a recursive descent, on a stack of its own: what an object needs may go as
 /// deep as there are objects.
+///
+/// A ring closes where an object is needed whose clone is being made. It can be made after all, by a second
+/// step beside the first, where the ring goes through descriptors: the clone that has them is there already.
 class VrexConstraintSystemCloner::Walk {
 public:
     explicit Walk(VrexConstraintSystemCloner& cloner) : m_cloner(cloner) {}
 
     /// Ends the attempt to clone `source`; all but its own clone are listed.
     std::shared_ptr<VrexBaseObject> finish(const std::shared_ptr<VrexBaseObject>& source, Visit& visit) {
-        push(source, visit);
-        for (;;) {
-            Step& step = m_steps.back();
-            if (step.next < step.missing.size()) {
-                follow(step);
-            } else if (complete(step)) {
-                const Step finished = std::move(step);
-                m_steps.pop_back();
-                if (m_steps.empty()) {
-                    return finished.clone;
-                }
-                m_cloner.list(finished.source, finished.clone);
-            }
+        push(source, visit, false);
+        while (m_steps.size() > 1 || !isDone(m_steps.back())) {
+            advance();
         }
+        return std::move(m_steps.back().clone);
     }
 
 private:
     struct Step {
         std::shared_ptr<VrexBaseObject> source;
-        std::shared_ptr<VrexBaseObject> clone;
+        std::shared_ptr<VrexBaseObject> clone; ///< Null until it can be made; at once if it is described.
         Objects missing;
+        bool isSecond;
         std::size_t next = 0;
     };
 
-    void push(const std::shared_ptr<VrexBaseObject>& source, Visit& visit) {
-        m_steps.push_back({source, std::move(visit.clone()), std::move(visit.missing())});
+    static bool isDone(const Step& step) { return step.clone != nullptr && step.next == step.missing.size(); }
+
+    void advance() {
+        Step& step = m_steps.back();
+        if (isDone(step)) {
+            complete(step.source, step.clone, step.isSecond);
+            m_steps.pop_back();
+        } else if (step.next < step.missing.size()) {
+            follow(step);
+        } else {
+            visitAgain(step);
+        }
+    }
+
+    void push(const std::shared_ptr<VrexBaseObject>& source, Visit& visit, bool isSecond) {
+        m_steps.push_back({source, std::move(visit.clone()), std::move(visit.missing()), isSecond});
+    }
+
+    void complete(const std::shared_ptr<VrexBaseObject>& source, const std::shared_ptr<VrexBaseObject>& clone,
+                  bool isSecond) {
+        if (isSecond) {
+            Step& first = *std::ranges::find(m_steps, source, &Step::source);
+            first.clone = clone;
+            first.next = first.missing.size();
+        } else {
+            m_cloner.list(source, clone);
+        }
     }
 
     void follow(Step& step) {
         const std::shared_ptr<VrexBaseObject> object = step.missing[step.next++];
-        if (const VrexBaseObject* const clone = m_cloner.m_clones->find(*object)) {
-            if (clone == object.get() && step.clone == nullptr) {
-                raiseNotFound();
-            }
-            return;
+        const VrexBaseObject* const clone = m_cloner.m_clones->find(*object);
+        const bool isSecond = clone == object.get();
+        if (isSecond && !isBehindDescribed(object)) {
+            raiseNotFound();
         }
-        Visit visit(m_cloner, *object);
-        if (visit.missing().empty()) {
-            m_cloner.list(object, visit.clone());
-        } else {
-            push(object, visit);
+        if (clone == nullptr || isSecond) {
+            Visit visit(m_cloner, *object);
+            if (visit.missing().empty()) {
+                complete(object, visit.clone(), isSecond);
+            } else {
+                push(object, visit, isSecond);
+            }
         }
     }
 
-    /// Whether there is the clone now that nothing known is missing.
-    bool complete(Step& step) {
+    /// Whether a clone was there since the last step of this object.
+    bool isBehindDescribed(const std::shared_ptr<VrexBaseObject>& object) const {
+        const auto last = std::find_if(m_steps.rbegin(), m_steps.rend(), [&object](const Step& step) {
+            return step.source == object || step.clone != nullptr;
+        });
+        return last != m_steps.rend() && last->source != object;
+    }
+
+    void visitAgain(Step& step) {
+        step.clone = m_cloner.findMade(step.source.get());
         if (step.clone == nullptr) {
             Visit visit(m_cloner, *step.source);
             step.clone = std::move(visit.clone());
             step.missing = std::move(visit.missing());
             step.next = 0;
         }
-        return step.next == step.missing.size();
     }
 
     VrexConstraintSystemCloner& m_cloner;
@@ -149,19 +178,19 @@ void VrexConstraintSystemCloner::reserve(std::size_t count) { m_clones->reserve(
 
 std::shared_ptr<VrexBaseObject>
 VrexConstraintSystemCloner::findClone(const std::shared_ptr<VrexBaseObject>& object) const {
-    VrexBaseObject* const clone = object != nullptr ? m_clones->find(*object) : nullptr;
-    return clone != nullptr && clone != object.get() ? clone->shared_from_this() : nullptr;
+    return findMade(object.get());
+}
+
+std::shared_ptr<VrexBaseObject> VrexConstraintSystemCloner::findMade(const VrexBaseObject* object) const {
+    VrexBaseObject* const clone = object != nullptr ? (*m_clones)[*object] : nullptr;
+    return clone != nullptr && clone != object ? clone->shared_from_this() : nullptr;
 }
 
 std::shared_ptr<VrexBaseObject> VrexConstraintSystemCloner::findKnown(const VrexBaseObject* object) const {
-    VrexBaseObject* const clone = object != nullptr ? (*m_clones)[*object] : nullptr;
-    if (clone == nullptr) {
-        return nullptr;
-    }
-    if (clone == object) {
+    if (object != nullptr && (*m_clones)[*object] == object) {
         raiseNotFound();
     }
-    return clone->shared_from_this();
+    return findMade(object);
 }
 
 std::shared_ptr<VrexBaseObject>
@@ -264,19 +293,25 @@ std::shared_ptr<VrexBaseObject> VrexConstraintSystemCloner::copyWithoutBackup(Vr
 
 void VrexConstraintSystemCloner::rebind(VrexConstraint& clone, VrexConstraint& source) {
     for (std::shared_ptr<VrexBaseGeometry>& geometry : clone.m_geometries) {
-        if (geometry != nullptr) {
-            auto bound = cloneIfKnown(geometry);
-            if (bound == nullptr && geometry->baseType() != VrexObjectType::Variable) {
-                raiseNotFound();
-            }
-            geometry = bound != nullptr ? std::move(bound) : cloneOf(geometry);
-        }
+        geometry = boundClone(geometry);
     }
     clone.m_geometriesChanged = true;
     if (clone.getParent() != nullptr) {
         clone.setParent(nullptr);
         m_children.push_back(&source);
     }
+}
+
+std::shared_ptr<VrexBaseGeometry>
+VrexConstraintSystemCloner::boundClone(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    auto clone = cloneIfKnown(geometry);
+    if (clone != nullptr || geometry == nullptr) {
+        return clone;
+    }
+    if (geometry->baseType() != VrexObjectType::Variable) {
+        raiseNotFound();
+    }
+    return cloneOf(geometry);
 }
 
 void VrexConstraintSystemCloner::cloneLeaf(VrexBaseObject& object) {

@@ -122,10 +122,10 @@ protected:
         return clone;
     }
     /// For visits: the clone of what the visited object refers to, null for null, and while it is still to be
-    /// made. Throws `std::runtime_error` when it cannot be made before the visited object's own.
+    /// made.
     template <class Object>
     std::shared_ptr<Object> cloneOf(const std::shared_ptr<Object>& object) {
-        auto clone = cloneIfKnown(object);
+        auto clone = std::static_pointer_cast<Object>(findMade(object.get()));
         if (clone == nullptr && object != nullptr) {
             need(object);
         }
@@ -136,23 +136,30 @@ private:
     class Visit;
     class Walk;
 
-    /// Fetches what comes soon: most of the time that a large system takes is waiting for its memory.
+    /// Most of the time that a large system takes is waiting for its memory: asks early for what comes soon.
     template <class Object, class Work>
     static void forEach(const std::vector<std::shared_ptr<Object>>& objects, const Work& work) {
-        constexpr std::size_t AHEAD = 8, CACHE_LINE = 64;
+        constexpr std::size_t AHEAD = 8;
         for (std::size_t i = 0; i < objects.size(); ++i) {
             if (i + AHEAD < objects.size()) {
-                const auto address = reinterpret_cast<std::uintptr_t>(objects[i + AHEAD].get());
-                for (std::size_t offset = 0; offset < sizeof(Object); offset += CACHE_LINE) {
-                    __builtin_prefetch(reinterpret_cast<const void*>(address + offset)); // No harm at null.
-                }
+                prefetch(objects[i + AHEAD].get(), sizeof(Object));
             }
             work(objects[i]);
         }
     }
+    /// Does nothing for null.
+    static void prefetch(const void* place, std::size_t size) {
+        constexpr std::size_t CACHE_LINE = 64;
+        const auto address = reinterpret_cast<std::uintptr_t>(place);
+        for (std::size_t offset = 0; offset < size; offset += CACHE_LINE) {
+            __builtin_prefetch(reinterpret_cast<const void*>(address + offset));
+        }
+    }
     [[noreturn]] static void raiseNotFound();
     static std::shared_ptr<VrexBaseObject> copyWithoutBackup(VrexBaseObject& object);
-    /// Null for an object without clone, and for null; throws for one whose clone is being made.
+    /// Null for an object without clone, and for null.
+    std::shared_ptr<VrexBaseObject> findMade(const VrexBaseObject* object) const;
+    /// The same; throws for an object whose clone is being made.
     std::shared_ptr<VrexBaseObject> findKnown(const VrexBaseObject* object) const;
     template <class Object>
     std::shared_ptr<Object> cloneIfKnown(const std::shared_ptr<Object>& object) const {
@@ -162,6 +169,7 @@ private:
     void list(const std::shared_ptr<VrexBaseObject>& source, const std::shared_ptr<VrexBaseObject>& clone);
     void need(const std::shared_ptr<VrexBaseObject>& object);
     void rebind(VrexConstraint& clone, VrexConstraint& source);
+    std::shared_ptr<VrexBaseGeometry> boundClone(const std::shared_ptr<VrexBaseGeometry>& geometry);
     void describeLater(const VrexVariableDescriptorInterface& source, VrexVariableDescriptorInterface& clone);
     void describe();
 

@@ -1,5 +1,6 @@
 // Rings and depth among what is cloned.
 
+#include <algorithm>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
@@ -74,6 +75,64 @@ TEST(VrexConstraintSystemCloner3DGraph, RingThroughADescriptorIsClonedFromWherev
         EXPECT_EQ(cloneOf(cloner, spin)->getProfileCurve(), clone);
     }
     const Untying untying{{curve}};
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, MemberMayNameTheConnectorOfItsSet) {
+    const auto curve = makeCurve();
+    const auto set = VrexRigidSet3D::create({makeSample<VrexPoint3D>(), curve});
+    const auto connector = VrexConnector3D::create(set);
+    const auto other = VrexConnector3D::create(set);
+    curve->set("t + x", "y", "0", {{connector, 0, "x"}, {other, 1, "y"}});
+    const std::vector<std::shared_ptr<VrexBaseGeometry>> all{connector, set, curve, other};
+    for (const auto& entered : all) {
+        const VrexConstraintSystemCloner3D cloner({entered}, {});
+        const auto clone = cloneOf(cloner, curve);
+        const Untying untying{{clone}};
+        const auto clones = cloner.getGeometries();
+        EXPECT_EQ(clones.size(), 5U);
+        for (const auto& geometry : all) {
+            EXPECT_EQ(std::ranges::count(clones, cloner.findClone(geometry)), 1);
+        }
+        const ObjectGraph sources(all);
+        const ObjectGraph linked(std::vector{cloner.findClone(connector), cloner.findClone(set),
+                                             cloner.findClone(curve), cloner.findClone(other)});
+        EXPECT_EQ(linked.text(), sources.text());
+        EXPECT_EQ(linked.countShared(sources), 0U);
+    }
+    const Untying untying{{curve}};
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, RingsThroughTwoCurvesAreCloned) {
+    const auto line = makeSample<VrexLine3D>();
+    const auto first = makeCurve();
+    const auto second = makeCurve();
+    const auto inner = VrexRigidSet3D::create({first, second});
+    const auto outer = VrexRigidSet3D::create({VrexSpinSurface3D::create(first, line), inner});
+    first->setDescriptors({{VrexConnector3D::create(outer), 0, "x"}});
+    second->setDescriptors({{VrexConnector3D::create(inner), 0, "x"}, {outer, 0, "y"}});
+    for (const auto& entered : std::vector<std::shared_ptr<VrexBaseGeometry>>{outer, inner, first, second}) {
+        const VrexConstraintSystemCloner3D cloner({entered}, {});
+        const Untying untying{{cloneOf(cloner, first), cloneOf(cloner, second)}};
+        const ObjectGraph sources(std::vector{entered});
+        const ObjectGraph clones(std::vector{cloner.findClone(entered)});
+        EXPECT_EQ(clones.text(), sources.text());
+        EXPECT_EQ(clones.countShared(sources), 0U);
+        EXPECT_EQ(cloner.getGeometries().size(), sources.objects().size());
+    }
+    const Untying untying{{first, second}};
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, RingWithoutDescriptorsBehindOneWithIsRefused) {
+    const auto curve = makeCurve();
+    const auto set = VrexRigidSet3D::create({curve});
+    const auto connector = VrexConnector3D::create(set);
+    set->geometries().push_back(connector);
+    curve->setDescriptors({{set, 0, "x"}});
+    const Untying untying{{curve}};
+    for (const auto& entered : std::vector<std::shared_ptr<VrexBaseGeometry>>{curve, set, connector}) {
+        EXPECT_THROW(VrexConstraintSystemCloner3D({entered}, {}), std::runtime_error);
+    }
+    set->geometries().clear();
 }
 
 TEST(VrexConstraintSystemCloner3DGraph, SetThatNeedsItselfIsRefused) {

@@ -9,6 +9,7 @@
 #include "data/serialization/VrexSerializationParameters.h"
 
 class LumoJson;
+class VrexJsonLines;
 class VrexVisitable;
 
 /// What writing a system as a document needs, as far as it knows no dimension: the root and its text.
@@ -25,10 +26,10 @@ public:
     /// Empty arrays for objects, variables, constraints and equations.
     void initializeRootNode(LumoJson& root) const;
     /// The text of a document, one object a line. Of the keys that are not known only those of the tags are
-    /// written.
+    /// written. Kept: in these only quotation marks and backslashes are escaped.
     ///
-    /// Throws `std::runtime_error` for a document that lacks a tolerance, where an array should be and is
-    /// not, and for numbers and texts that JSON does not have; what was written before stays.
+    /// Throws `std::runtime_error`, and writes nothing, for a document that lacks a tolerance, where an array
+    /// should be and is not, and for numbers and texts that JSON does not have.
     void write(std::ostream& stream, const LumoJson& root) const;
     /// The array of that key, ready for the next one; nothing if there is none.
     void writeArray(std::ostream& stream, const LumoJson& root, std::string_view key) const;
@@ -41,8 +42,21 @@ protected:
     const VrexSerializationParameters& parameters() const { return m_parameters; }
     /// Whether the text has a place for the key, tagged or not.
     static bool hasPlace(std::string_view key);
+    /// The text of a document, its objects from `lines` and everything else from `root`.
+    std::string makeText(const VrexJsonLines& lines, const LumoJson& root) const;
 
 private:
+    void appendArray(std::string& text, const LumoJson& root, std::string_view key) const;
+    /// What stands in a document before and behind its lines.
+    template <class Lines>
+    void appendFrame(std::string& text, std::string_view key, const Lines& appendLines) const;
+    /// `appendObjects` writes the arrays of objects.
+    template <class Objects>
+    std::string makeDocument(const LumoJson& root, const Objects& appendObjects) const;
+    void appendKey(std::string& text, std::string_view key) const;
+    /// One line, if the key is there.
+    void appendValue(std::string& text, const LumoJson& root, std::string_view key) const;
+
     VrexSerializationParameters m_parameters;
     std::vector<std::string> m_extendedInformationTags;
 };

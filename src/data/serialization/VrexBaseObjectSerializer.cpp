@@ -33,26 +33,28 @@ constexpr Naming VARIABLE{"variable", "variables", "."};
     nsLog::raise<std::runtime_error>(VREX_HERE, signature, text);
 }
 
+/// Of the part that all classes begin with, so that it does not matter as what an object is known.
+std::uint64_t addressOf(const VrexBaseObject& object) { return reinterpret_cast<std::uintptr_t>(&object); }
+
 template <class Indices, class Object>
 std::uint64_t find(const Indices& indices, const std::shared_ptr<Object>& object, const Naming& naming,
                    const char* signature) {
     if (object == nullptr) {
         refuse(signature, std::string("Null pointer to ").append(naming.one).append("!"));
     }
-    const auto found = indices.find(object);
-    if (found == indices.end()) {
+    const std::uint32_t found = indices.latest(addressOf(*object));
+    if (found == Indices::NONE) {
         refuse(signature, std::string("Objects can only reference already serialized ")
                               .append(naming.many)
                               .append(". Try reordering the system."));
     }
-    return found->second;
+    return found;
 }
 
-template <class Indices, class Object>
-void enter(Indices& indices, Object& object, const Naming& naming, const char* signature) {
-    using Pointer = typename Indices::key_type;
-    auto pointer = std::static_pointer_cast<typename Pointer::element_type>(object.shared_from_this());
-    if (!indices.try_emplace(std::move(pointer), indices.size()).second) {
+template <class Indices>
+void enter(Indices& indices, const VrexBaseObject& object, const Naming& naming, const char* signature) {
+    const std::uint64_t address = addressOf(object);
+    if (indices.latest(address) != Indices::NONE) {
         refuse(signature, std::string("The system contains a duplicate ")
                               .append(naming.one)
                               .append(" (")
@@ -60,6 +62,7 @@ void enter(Indices& indices, Object& object, const Naming& naming, const char* s
                               .append(" are duplicates if they have the same address)")
                               .append(naming.end));
     }
+    indices.add(address);
 }
 
 void putStatus(const VrexBaseGeometry& geometry, VrexJsonObject& json) {

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <memory_resource>
-#include <unordered_map>
 
 #include "data/VrexExport.h"
 #include "data/VrexVisitor3D.h"
+#include "data/graph/VrexIndexChains.h"
 #include "data/serialization/VrexSerializationParameters.h"
 
 class VrexJsonLines;
@@ -51,17 +51,25 @@ protected:
     VrexJsonLines& lines() { return *m_lines; }
 
 private:
-    template <class Object>
-    using Indices = std::pmr::unordered_map<std::shared_ptr<Object>, std::uint64_t>;
+    /// Objects that are made one after the other mostly lie so, too: those of one page stay together, and
+    /// pages are scattered.
+    struct AddressHash {
+        std::size_t operator()(std::uint64_t address) const {
+            constexpr std::uint64_t PAGE = 4096, SMALLEST_OBJECT = 32;
+            return static_cast<std::size_t>((address / PAGE * 0x9E3779B97F4A7C15U >> 32U) +
+                                            address % PAGE / SMALLEST_OBJECT);
+        }
+    };
+    /// By address: who visits keeps the objects alive.
+    using Indices = VrexIndexChains<AddressHash>;
 
     void serializeObject(const VrexBaseObject& object, VrexJsonObject& json) const;
     void serializeBaseConstraint(const VrexBaseConstraint& constraint, VrexJsonObject& json) const;
 
     VrexSerializationParameters m_parameters;
-    std::pmr::monotonic_buffer_resource m_memory; ///< That of the tables, given back at once.
-    Indices<VrexBaseConstraint> m_constraintIndices{&m_memory};
-    Indices<VrexBaseEquation> m_equationIndices{&m_memory};
-    Indices<VrexBaseGeometry> m_geometryIndices{&m_memory};
-    Indices<VrexGeometryVariable> m_variableIndices{&m_memory};
+    Indices m_constraintIndices;
+    Indices m_equationIndices;
+    Indices m_geometryIndices;
+    Indices m_variableIndices;
     VrexJsonLines* m_lines;
 };

@@ -78,11 +78,14 @@ void VrexSystemSerializer::initializeRootNode(LumoJson& root) const {
 }
 
 void VrexSystemSerializer::write(std::ostream& stream, const LumoJson& root) const {
-    stream << makeDocument(root, [&](std::string& text) {
-        for (const nsJsonKeys::Key key : VrexJsonLines::KEYS) {
-            appendArray(text, root, key);
-        }
-    });
+    nsJsonTolerances::linear(root);
+    nsJsonTolerances::angular(root);
+    std::string text = "{\n";
+    for (const nsJsonKeys::Key key : VrexJsonLines::KEYS) {
+        appendArray(text, root, key);
+    }
+    appendEnd(text, root);
+    stream << text;
 }
 
 void VrexSystemSerializer::writeArray(std::ostream& stream, const LumoJson& root,
@@ -92,24 +95,7 @@ void VrexSystemSerializer::writeArray(std::ostream& stream, const LumoJson& root
     stream << text;
 }
 
-std::string VrexSystemSerializer::makeText(const VrexJsonLines& lines, const LumoJson& root) const {
-    return makeDocument(root, [&](std::string& text) {
-        text.reserve(lines.size());
-        for (std::size_t array = 0; array < VrexJsonLines::KEYS.size(); ++array) {
-            const std::string& own = lines.text(array);
-            if (!own.empty() || m_parameters.writeEmptyArrays) {
-                appendFrame(text, VrexJsonLines::KEYS[array], [&] { text += own; });
-            }
-        }
-    });
-}
-
-template <class Objects>
-std::string VrexSystemSerializer::makeDocument(const LumoJson& root, const Objects& appendObjects) const {
-    nsJsonTolerances::linear(root);
-    nsJsonTolerances::angular(root);
-    std::string text = "{\n";
-    appendObjects(text);
+void VrexSystemSerializer::appendEnd(std::string& text, const LumoJson& root) const {
     appendValue(text, root, keys::REFERENCE_GEOMETRIES);
     for (const nsJsonKeys::Key key : DRAG_ARRAYS) {
         appendArray(text, root, key);
@@ -122,7 +108,7 @@ std::string VrexSystemSerializer::makeDocument(const LumoJson& root, const Objec
     }
     appendValue(text, root, keys::LINEAR_TOLERANCE);
     appendKey(text, keys::ANGULAR_TOLERANCE);
-    return text.append(root[keys::ANGULAR_TOLERANCE].dump()).append("\n}");
+    text.append(root[keys::ANGULAR_TOLERANCE].dump()).append("\n}");
 }
 
 void VrexSystemSerializer::appendArray(std::string& text, const LumoJson& root, std::string_view key) const {
@@ -138,22 +124,14 @@ void VrexSystemSerializer::appendArray(std::string& text, const LumoJson& root, 
         return;
     }
     const std::string blanks(m_parameters.indentWidth, ' ');
-    appendFrame(text, key, [&] {
-        const char* separator = "";
-        for (const LumoJson& element : array) {
-            text.append(separator).append(blanks).append(blanks).append(element.dump());
-            separator = ",\n";
-        }
-    });
-}
-
-template <class Lines>
-void VrexSystemSerializer::appendFrame(std::string& text, std::string_view key,
-                                       const Lines& appendLines) const {
     appendKey(text, key);
     text += "[\n";
-    appendLines();
-    text.append(1, '\n').append(m_parameters.indentWidth, ' ').append("],\n");
+    const char* separator = "";
+    for (const LumoJson& element : array) {
+        text.append(separator).append(blanks).append(blanks).append(element.dump());
+        separator = ",\n";
+    }
+    text.append("\n").append(blanks).append("],\n");
 }
 
 void VrexSystemSerializer::appendKey(std::string& text, std::string_view key) const {

@@ -9,7 +9,6 @@
 #include "data/serialization/VrexSerializationParameters.h"
 
 class LumoJson;
-class VrexJsonLines;
 class VrexVisitable;
 
 /// What writing a system as a document needs, as far as it knows no dimension: the root and its text.
@@ -42,17 +41,11 @@ protected:
     const VrexSerializationParameters& parameters() const { return m_parameters; }
     /// Whether the text has a place for the key, tagged or not.
     static bool hasPlace(std::string_view key);
-    /// The text of a document, its objects from `lines` and everything else from `root`.
-    std::string makeText(const VrexJsonLines& lines, const LumoJson& root) const;
+    /// The rest of the text of a document behind its arrays of objects.
+    void appendEnd(std::string& text, const LumoJson& root) const;
 
 private:
     void appendArray(std::string& text, const LumoJson& root, std::string_view key) const;
-    /// What stands in a document before and behind its lines.
-    template <class Lines>
-    void appendFrame(std::string& text, std::string_view key, const Lines& appendLines) const;
-    /// `appendObjects` writes the arrays of objects.
-    template <class Objects>
-    std::string makeDocument(const LumoJson& root, const Objects& appendObjects) const;
     void appendKey(std::string& text, std::string_view key) const;
     /// One line, if the key is there.
     void appendValue(std::string& text, const LumoJson& root, std::string_view key) const;

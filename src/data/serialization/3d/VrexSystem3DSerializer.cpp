@@ -80,11 +80,12 @@ bool VrexSystem3DSerializer::serialize(const VrexImmutableSystem3D& system) {
     m_lines.reset();
     m_result.reset();
     m_isComplete = false;
-    m_text.clear();
     generateMissingObjectIDs(system);
     auto lines = std::make_unique<VrexJsonLines>(parameters().indentWidth);
     auto root = std::make_unique<LumoJson>();
     initializeRootNode(*root);
+    lines->reserve(VrexJsonLines::OBJECTS, system.geometries().size() + system.constraints().size());
+    lines->reserve(VrexJsonLines::CONSTRAINTS, system.constraints().size());
     VrexObject3DSerializer objects(parameters(), *lines);
     visitAll(system.variables(), objects, [&](const auto& null) { objects.variableIndex(null); });
     visitAll(system.geometries(), objects, [&](const auto& null) { objects.geometryIndex(null); });
@@ -95,6 +96,7 @@ bool VrexSystem3DSerializer::serialize(const VrexImmutableSystem3D& system) {
     writeTransform(system.transform(), objects, *root);
     (*root)[keys::LINEAR_TOLERANCE] = system.linearTolerance();
     (*root)[keys::ANGULAR_TOLERANCE] = system.angularTolerance();
+    lines->join(parameters().writeEmptyArrays);
     m_lines = std::move(lines);
     m_result = std::move(root);
     return true;
@@ -130,19 +132,28 @@ const LumoJson& VrexSystem3DSerializer::json() const {
 }
 
 LumoJson& VrexSystem3DSerializer::completeResult() const {
-    for (std::size_t array = 0; !m_isComplete && array < VrexJsonLines::KEYS.size(); ++array) {
-        (*m_result)[VrexJsonLines::KEYS[array]] =
-            LumoJson::parse(std::string("[").append(m_lines->text(array)).append("]"));
+    for (std::size_t array = 0; !m_isComplete && array < VrexJsonLines::ARRAYS; ++array) {
+        if (const std::string_view text = m_lines->array(array); !text.empty()) {
+            (*m_result)[VrexJsonLines::KEYS[array]] = LumoJson::parse(text);
+        }
     }
     m_isComplete = true;
     return *m_result;
 }
 
 std::string_view VrexSystem3DSerializer::jsonStream() {
-    if (m_result != nullptr && m_text.empty()) {
-        m_text = makeText(*m_lines, *m_result);
+    if (m_lines == nullptr) {
+        return {};
     }
-    return m_text;
+    if (!m_lines->hasEnd()) {
+        try {
+            appendEnd(m_lines->text(), *m_result);
+        } catch (...) {
+            m_lines->dropEnd();
+            throw;
+        }
+    }
+    return m_lines->text();
 }
 
 std::string VrexSystem3DSerializer::jsonToStream(const LumoJson& json) const {
@@ -158,7 +169,7 @@ bool VrexSystem3DSerializer::addExtendedInformation(std::string_view key, const 
     }
     (*m_result)[key] = value;
     addExtendedInformationTag(key);
-    m_text.clear();
+    m_lines->dropEnd();
     return true;
 }
 

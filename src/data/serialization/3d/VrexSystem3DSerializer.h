@@ -44,10 +44,9 @@ private:
     /// Puts the objects into the document, once.
     LumoJson& completeResult() const;
 
-    std::unique_ptr<VrexJsonLines> m_lines;     ///< Null without a document.
+    std::unique_ptr<VrexJsonLines> m_lines;     ///< The text; null without a document.
     mutable std::unique_ptr<LumoJson> m_result; ///< Null without a document.
     mutable bool m_isComplete = false;          ///< Whether the document has its objects yet.
-    std::string m_text;
 };
 
 /// Writes `system` into `json`. Throws what `VrexSystem3DSerializer` throws; `json` is as it was then.

@@ -54,13 +54,14 @@ private:
         repeat(8, [this] { addConstraint(); });
         repeat(2, [this] { addEquation(); });
         setParents();
+        auto drags = transform();
         if (!m_isWhole) {
             std::ranges::shuffle(m_listed, m_engine);
         }
         auto references = m_geometries;
         references.resize(index(references.size() + 1));
-        return {m_listed, m_variables, m_constraints, m_equations,
-                number(), number(),    transform(),   std::move(references)};
+        return {m_listed, m_variables, m_constraints,    m_equations,
+                number(), number(),    std::move(drags), std::move(references)};
     }
 
     using Makers = std::vector<std::function<void()>>;
@@ -187,6 +188,9 @@ private:
     }
     void addSurface() {
         std::vector<std::vector<VrexSpline3D::ControlPoint>> net{controlPoints(), controlPoints()};
+        if (m_isWhole) {
+            net[1].resize(net[0].size(), {part<VrexPoint3D>(), number()});
+        }
         enter(VrexNURBSSurface3D::create({1, 1, {0.0, number()}, {1.0}, net}));
     }
     void addSet() {

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "data/3d/VrexConstraintSystemCloner3D.h"
+#include "data/serialization/3d/VrexSystem3DSerializer.h"
 #include "support/CopyChecks.h"
 #include "support/RandomSystems.h"
 
@@ -123,6 +124,21 @@ TEST(VrexImmutableSystem3DRandom, WholeSystemsHaveAllInTheirListsInOrder) {
         }
     }
     EXPECT_EQ(classes.size(), 59U);
+}
+
+TEST(VrexImmutableSystem3DRandom, DocumentsOfCopiesAreThoseOfTheirSourcesByteForByte) {
+    const auto documentOf = [](const VrexImmutableSystem3D& system) {
+        VrexSystem3DSerializer serializer({.writeRegularStatus = true});
+        serializer.serialize(system);
+        return std::string(serializer.jsonStream());
+    };
+    RandomSystems systems;
+    for (int i = 0; i < 2'000 && !testing::Test::HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        const auto system = systems.nextWhole();
+        ASSERT_FALSE(documentOf(system).empty());
+        nsCopyChecks::expectCopyIsWrittenAlike(system, documentOf);
+    }
 }
 
 TEST(VrexImmutableSystem3DRandom, DragsNameTheCopiesOfWhatTheSystemReaches) {

@@ -10,6 +10,7 @@
 #include "data/geometry/VrexGeometryVariable.h"
 #include "data/serialization/3d/VrexImmutableSystem3D.h"
 #include "data/serialization/3d/VrexSystem3DSerializer.h"
+#include "support/WrittenDocuments.h"
 #include "tolvbase/LumoJson.h"
 
 /// The lists of a small system, and its document.
@@ -27,6 +28,7 @@ struct JsonDocuments {
     LumoJson json(const VrexSerializationParameters& parameters = {}) const {
         LumoJson document;
         serialize(system(), document, parameters);
+        keepWritten(document.dump());
         return document;
     }
     /// The last object of an array, as text.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <random>
@@ -19,6 +20,30 @@
 class RandomSystems {
 public:
     VrexImmutableSystem3D next() {
+        m_isWhole = false;
+        return make();
+    }
+
+    /// One that can be written down: in dependency order, without nulls, all that is referred to in its
+    /// lists, and identifiers from 1 on.
+    VrexImmutableSystem3D nextWhole() {
+        m_isWhole = true;
+        VrexImmutableSystem3D system(VrexImmutableSystem3D::OrderGeometriesAndConstraints(), make());
+        std::uint64_t id = 0;
+        const auto number = [&id](const auto& objects) {
+            for (const auto& object : objects) {
+                object->setID(++id);
+            }
+        };
+        number(system.geometries());
+        number(system.variables());
+        number(system.constraints());
+        number(system.equations());
+        return system;
+    }
+
+private:
+    VrexImmutableSystem3D make() {
         m_variables.clear();
         m_geometries.clear();
         m_listed.clear();
@@ -29,20 +54,24 @@ public:
         repeat(8, [this] { addConstraint(); });
         repeat(2, [this] { addEquation(); });
         setParents();
-        std::ranges::shuffle(m_listed, m_engine);
+        auto drags = transform();
+        if (!m_isWhole) {
+            std::ranges::shuffle(m_listed, m_engine);
+        }
         auto references = m_geometries;
         references.resize(index(references.size() + 1));
-        return {m_listed, m_variables, m_constraints, m_equations,
-                number(), number(),    transform(),   std::move(references)};
+        return {m_listed, m_variables, m_constraints,    m_equations,
+                number(), number(),    std::move(drags), std::move(references)};
     }
 
-private:
     using Makers = std::vector<std::function<void()>>;
 
     std::size_t index(std::size_t count) {
         return std::uniform_int_distribution<std::size_t>(0, count - 1)(m_engine);
     }
     bool chance(double probability) { return std::bernoulli_distribution(probability)(m_engine); }
+    /// Whether something is left out that a whole system has.
+    bool lacks(double probability) { return !m_isWhole && chance(probability); }
     double number() { return std::uniform_real_distribution<double>(-4.0, 4.0)(m_engine); }
     VrexVector3DT<double> vector() { return {number(), number(), number()}; }
     template <class Work>
@@ -68,7 +97,7 @@ private:
     std::shared_ptr<Geometry> enter(const std::shared_ptr<Geometry>& geometry, bool mayBeUnlisted = true) {
         dressed(geometry)->setChangeStatus(VrexGeometryChangeStatus::Changed);
         m_geometries.push_back(geometry);
-        if (!mayBeUnlisted || chance(0.7)) {
+        if (!mayBeUnlisted || !lacks(0.3)) {
             m_listed.push_back(geometry);
         }
         return geometry;
@@ -77,7 +106,7 @@ private:
     template <class Geometry, class List>
     std::shared_ptr<Geometry> anyOf(const List& list) {
         const auto fitting = keepOnly<Geometry>(list);
-        return fitting.empty() || chance(0.05) ? nullptr : fitting[index(fitting.size())];
+        return fitting.empty() || lacks(0.05) ? nullptr : fitting[index(fitting.size())];
     }
     template <class Geometry>
     std::shared_ptr<Geometry> made() {
@@ -91,12 +120,12 @@ private:
     template <class Geometry>
     std::shared_ptr<Geometry> listed() {
         auto found = anyOf<Geometry>(m_listed);
-        return found != nullptr || chance(0.05) ? found : enter(made<Geometry>(), false);
+        return found != nullptr || lacks(0.05) ? found : enter(made<Geometry>(), false);
     }
     template <class Geometry>
     std::shared_ptr<Geometry> part() {
         auto found = anyOf<Geometry>(m_geometries);
-        return found != nullptr || chance(0.1) ? found : enter(made<Geometry>());
+        return found != nullptr || lacks(0.1) ? found : enter(made<Geometry>());
     }
     std::shared_ptr<VrexGeometryVariable> variable() {
         if (m_variables.empty() || chance(0.5)) {
@@ -106,9 +135,10 @@ private:
     }
     std::vector<VrexVariableDescriptor> descriptors() {
         std::vector<VrexVariableDescriptor> result{{variable(), 0, "a"}, {part<VrexCircle3D>(), 0, "b"}};
-        if (chance(0.3)) {
-            // No relation: equations are cloned before its mates are.
-            result.emplace_back(anyOf<VrexDimension3D>(m_constraints), 0, "c");
+        // No relation: equations are cloned before its mates are.
+        const auto dimension = anyOf<VrexDimension3D>(m_constraints);
+        if (chance(0.3) && (!m_isWhole || dimension != nullptr)) {
+            result.emplace_back(dimension, 0, "c");
         }
         return result;
     }
@@ -158,6 +188,9 @@ private:
     }
     void addSurface() {
         std::vector<std::vector<VrexSpline3D::ControlPoint>> net{controlPoints(), controlPoints()};
+        if (m_isWhole) {
+            net[1].resize(net[0].size(), {part<VrexPoint3D>(), number()});
+        }
         enter(VrexNURBSSurface3D::create({1, 1, {0.0, number()}, {1.0}, net}));
     }
     void addSet() {
@@ -177,7 +210,7 @@ private:
         dimension->setRigid(chance(0.5));
         dimension->setLimits({number(), number()});
         if (chance(0.5)) {
-            dimension->bindVariable(chance(0.8) ? variable() : makeSample<VrexGeometryVariable>());
+            dimension->bindVariable(lacks(0.2) ? makeSample<VrexGeometryVariable>() : variable());
         }
         enterConstraint(dimension);
     }
@@ -185,6 +218,14 @@ private:
     void enterMate(const Limits&... limits) {
         enterConstraint(nsSamples::filledMate(
             Mate::create(listed<VrexConnector3D>(), listed<VrexConnector3D>(), limits...)));
+    }
+    /// Enters what `make` makes of two constraints.
+    template <class Constraint, class Make>
+    void tieTwo(const Make& make) {
+        const std::vector tied{anyOf<Constraint>(m_constraints), anyOf<Constraint>(m_constraints)};
+        if (!m_isWhole || tied[0] != nullptr) {
+            enterConstraint(make(tied));
+        }
     }
     void addConstraint() {
         using enum VrexGeometryComponentType;
@@ -242,18 +283,19 @@ private:
             [&] { enterMate<VrexPlanarMate3D>(limits, limits, limits); },
             [&] { enterMate<VrexParallelMate3D>(limits, limits, limits, limits); },
             [&] {
-                enterConstraint(VrexMateRelation3D::create(
-                    {anyOf<VrexMate3D>(m_constraints), anyOf<VrexMate3D>(m_constraints)}, {0, index(4)},
-                    number()));
+                tieTwo<VrexMate3D>([&](const auto& mates) {
+                    return VrexMateRelation3D::create(mates, {0, index(4)}, number());
+                });
             },
             [&] {
-                enterConstraint(VrexEqualDimension3D::create(
-                    {anyOf<VrexDimension3D>(m_constraints), anyOf<VrexDimension3D>(m_constraints)},
-                    listed<VrexEqualDimensionElement3D>()));
+                tieTwo<VrexDimension3D>([&](const auto& dimensions) {
+                    return VrexEqualDimension3D::create(dimensions, listed<VrexEqualDimensionElement3D>());
+                });
             },
             [&] {
-                enterConstraint(VrexEqualParameter3D::create(any(), anyOf<VrexConstraint3D>(m_constraints),
-                                                             anyOf<VrexConstraint3D>(m_constraints)));
+                tieTwo<VrexConstraint3D>([&](const auto& constraints) {
+                    return VrexEqualParameter3D::create(any(), constraints[0], constraints[1]);
+                });
             },
             [&] {
                 enterConstraint(
@@ -292,6 +334,7 @@ private:
     using Geometries = std::vector<std::shared_ptr<VrexGeometry3D>>;
 
     std::mt19937 m_engine{82'091};
+    bool m_isWhole = false;
     std::vector<std::shared_ptr<VrexGeometryVariable>> m_variables;
     Geometries m_geometries; ///< All, in the order in which they were made.
     Geometries m_listed;

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <memory_resource>
 #include <unordered_map>
-#include <vector>
 
 #include "data/VrexExport.h"
 #include "data/VrexVisitor3D.h"
@@ -35,11 +33,12 @@ protected:
     VrexBaseObjectSerializer(const VrexSerializationParameters& parameters, LumoJson& root);
 
     /// Registers the object under the next place, adds the keys that all of its like have, and moves `json`
-    /// to the end of their array. Throws for an object that is registered.
-    void serializeConstraint(VrexConstraint& constraint, LumoJson& json);
-    void serializeEquation(VrexBaseEquation& equation, LumoJson& json);
-    void serializeGeometry(VrexGeometry& geometry, LumoJson& json);
-    void serializeVariable(VrexGeometryVariable& variable, LumoJson& json);
+    /// to the end of their array, where it is until the next object follows. Throws for an object that is
+    /// registered.
+    LumoJson& serializeConstraint(VrexConstraint& constraint, LumoJson& json);
+    LumoJson& serializeEquation(VrexBaseEquation& equation, LumoJson& json);
+    LumoJson& serializeGeometry(VrexGeometry& geometry, LumoJson& json);
+    LumoJson& serializeVariable(VrexGeometryVariable& variable, LumoJson& json);
     /// Everything but the name.
     void serializeVariableDescriptor(const VrexVariableDescriptor& descriptor, LumoJson& json) const;
 
@@ -49,11 +48,12 @@ protected:
     std::uint64_t geometryIndex(const std::shared_ptr<VrexBaseGeometry>& geometry) const;
     std::uint64_t variableIndex(const std::shared_ptr<VrexGeometryVariable>& variable) const;
 
-    const VrexSerializationParameters& parameters() const { return m_parameters; }
-
 private:
     template <class Object>
     using Indices = std::pmr::unordered_map<std::shared_ptr<Object>, std::uint64_t>;
+
+    void serializeObject(const VrexBaseObject& object, LumoJson& json) const;
+    void serializeBaseConstraint(const VrexBaseConstraint& constraint, LumoJson& json) const;
 
     VrexSerializationParameters m_parameters;
     std::pmr::monotonic_buffer_resource m_memory; ///< That of the tables, given back at once.

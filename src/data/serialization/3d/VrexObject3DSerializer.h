@@ -1,7 +1,13 @@
 #pragma once
 
+#include <initializer_list>
+#include <memory>
+
 #include "data/VrexExport.h"
 #include "data/serialization/VrexBaseObjectSerializer.h"
+#include "data/serialization/VrexJsonKeys.h"
+
+class VrexVariableDescriptorInterface;
 
 /// Turns the objects of a system in space into JSON, kind by kind; `docs/formats.md` tells every key.
 ///
@@ -10,6 +16,7 @@ class VREX_DATA_EXPORT VrexObject3DSerializer final : public VrexBaseObjectSeria
 public:
     /// The root must outlive the serializer.
     VrexObject3DSerializer(const VrexSerializationParameters& parameters, LumoJson& root);
+    ~VrexObject3DSerializer() override;
 
     void visitPoint3D(VrexPoint3D& point) override;
     void visitLine3D(VrexLine3D& line) override;
@@ -76,4 +83,30 @@ public:
 
 private:
     friend class VrexSystem3DSerializer;
+
+    enum class Names { LeftOut, Written };
+
+    auto toGeometryIndex() const {
+        return [this](const std::shared_ptr<VrexBaseGeometry>& geometry) { return geometryIndex(geometry); };
+    }
+    auto toConstraintIndex() const {
+        return [this](const std::shared_ptr<VrexBaseConstraint>& constraint) {
+            return constraintIndex(constraint);
+        };
+    }
+    LumoJson descriptorsOf(const VrexVariableDescriptorInterface& object, Names names) const;
+    template <class Shape>
+    void serializeEvaluated(Shape& shape);
+
+    /// The object of a constraint so far: the geometries that it binds.
+    LumoJson withArguments(const VrexConstraint3D& constraint) const;
+    LumoJson withVariable(const std::shared_ptr<VrexGeometryVariable>& variable) const;
+    /// The ends of the objects of dimensions and of all other constraints.
+    void serializeDimension(VrexDimension3D& dimension, LumoJson& json);
+    void serializeConstraint3D(VrexConstraint3D& constraint, LumoJson& json);
+    /// A constraint that is no more than what it binds.
+    void serializePlain(VrexConstraint3D& constraint);
+    void serializePlainDimension(VrexDimension3D& dimension);
+    /// One entry a degree, in the order of the degrees.
+    void serializeMate(VrexMate3D& mate, std::initializer_list<nsJsonKeys::DegreeKeys> degrees);
 };

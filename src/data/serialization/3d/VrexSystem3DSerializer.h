@@ -10,6 +10,8 @@
 #include "tolvbase/LumoJson.h"
 
 class VrexImmutableSystem3D;
+class VrexObject3DSerializer;
+class VrexTransform3D;
 
 /// Writes systems as documents, one after the other; `docs/formats.md` tells every key. One thread at a time.
 class VREX_DATA_EXPORT VrexSystem3DSerializer final : public VrexSystemSerializer {
@@ -27,11 +29,17 @@ public:
     std::string_view jsonStream();
     /// The text of any document.
     std::string jsonToStream(const LumoJson& json) const;
-    /// Puts a value into the document, and its key among those that the text names. False, and nothing
-    /// changed, before there is a document and for the keys that a document has anyway.
+    /// Puts a value into the document, and its key among those that the text tells. False, and nothing
+    /// changed, before there is a document and for the keys whose values the system tells.
     bool addExtendedInformation(std::string_view key, const LumoJson& value);
 
 private:
+    friend VREX_DATA_EXPORT void serialize(const VrexImmutableSystem3D& system, LumoJson& json,
+                                           const VrexSerializationParameters& parameters);
+
+    static void writeTransform(const VrexTransform3D& transform, const VrexObject3DSerializer& objects,
+                               LumoJson& root);
+
     std::unique_ptr<LumoJson> m_result;
     std::string m_text;
 };

@@ -1,6 +1,5 @@
 #include "data/serialization/3d/VrexSystem3DDeserializer.h"
 
-#include <array>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -18,6 +17,7 @@
 #include "data/serialization/3d/VrexImmutableSystem3D.h"
 #include "data/serialization/3d/VrexObject3DDeserializer.h"
 #include "data/serialization/VrexJsonReading.h"
+#include "data/serialization/VrexJsonTolerances.h"
 
 namespace keys = nsJsonKeys;
 using nsJsonReading::find;
@@ -55,14 +55,6 @@ void forEach(const LumoJson& json, Key key, const Take& take) {
 template <class Take>
 void forEachIndex(const LumoJson& json, Key key, const Take& take) {
     forEach(json, key, [&](const LumoJson& element) { take(toInteger<std::uint64_t>(element, key)); });
-}
-
-double readTolerance(const LumoJson& root, Key key, const char* missing) {
-    const LumoJson* const tolerance = find(root, key);
-    if (tolerance == nullptr || !tolerance->is_number()) {
-        VREX_RAISE(std::runtime_error, missing);
-    }
-    return nsJsonReading::toNumber(*tolerance, key);
 }
 
 void requireType(const LumoJson& json, const char* missing) {
@@ -146,12 +138,8 @@ VrexSystem3DDeserializer::~VrexSystem3DDeserializer() = default;
 bool VrexSystem3DDeserializer::deserialize(const LumoJson& json, VrexImmutableSystem3D& system) {
     clear();
     VrexTransform3D transform;
-    m_linearTolerance =
-        readTolerance(json, keys::LINEAR_TOLERANCE,
-                      "The linear tolerance should be named: LinearTolerance, and should be a number.");
-    m_angularTolerance =
-        readTolerance(json, keys::ANGULAR_TOLERANCE,
-                      "The angular tolerance should be named: AngularTolerance, and should be a number.");
+    m_linearTolerance = nsJsonTolerances::linear(json);
+    m_angularTolerance = nsJsonTolerances::angular(json);
     createVariables(json);
     createGeometries(json);
     createConstraints(json);

@@ -1,12 +1,18 @@
 #pragma once
 
-#include <memory>
+#include <array>
+#include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
 
 #include "data/VrexVariableDescriptor.h"
+#include "data/VrexVector3DT.h"
 #include "data/VrexVisitor3D.h"
 #include "data/base/VrexIDGenerator.h"
+#include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/geometry/3d/VrexEvaluatedCurve3D.h"
 #include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/serialization/3d/VrexImmutableSystem3D.h"
@@ -16,6 +22,20 @@
 
 /// Documents, put together from the texts of their elements, and ways to read them.
 namespace nsJsonDocuments {
+
+inline const std::string POINT = R"({"type": "Point3D", "loc": [1, 2, 3]})";
+inline const std::string LINE = R"({"type": "Line3D", "loc": [1, 2, 3], "dir": [0, 0, 1]})";
+inline const std::string OUT_OF_RANGE = "out_of_range: invalid vector subscript";
+inline const std::string VARIABLE = R"({"val": 2.5})";
+
+/// Elements of an array, one behind the other.
+inline std::string joined(const std::vector<std::string>& elements) {
+    std::string text;
+    for (const std::string& element : elements) {
+        text.append(text.empty() ? "" : ", ").append(element);
+    }
+    return text;
+}
 
 /// The elements of the root's arrays, separated by commas, and further members.
 struct Elements {
@@ -53,6 +73,22 @@ inline LumoJson written(const VrexImmutableSystem3D& system,
     return json;
 }
 
+template <class Object>
+const Object& geometryOf(const VrexImmutableSystem3D& system, std::size_t place) {
+    return dynamic_cast<const Object&>(*system.geometries().at(place));
+}
+
+template <class Object>
+const Object& constraintOf(const VrexImmutableSystem3D& system, std::size_t place) {
+    return dynamic_cast<const Object&>(*system.constraints().at(place));
+}
+
+using Coordinates = std::array<double, 3>;
+
+inline Coordinates coordinatesOf(const VrexVector3DT<double>& vector) {
+    return {vector.x(), vector.y(), vector.z()};
+}
+
 /// Takes descriptors away, which may keep what they name alive in a ring.
 class RingBreaker : public VrexVisitor3D {
 public:
@@ -83,5 +119,18 @@ inline std::string jsonRefusal(const LumoJson& document) {
 }
 
 inline std::string refusal(const Elements& elements) { return jsonRefusal(documentOf(elements)); }
+
+/// How documents of these elements are refused.
+struct Refused {
+    Elements elements;
+    std::string text;
+};
+
+inline void expectRefused(const std::vector<Refused>& rows) {
+    for (const auto& [elements, text] : rows) {
+        SCOPED_TRACE(textOf(elements));
+        EXPECT_EQ(refusal(elements), text);
+    }
+}
 
 } // namespace nsJsonDocuments

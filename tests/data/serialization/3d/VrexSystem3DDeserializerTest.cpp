@@ -1,7 +1,6 @@
 #include "data/serialization/3d/VrexSystem3DDeserializer.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -9,52 +8,34 @@
 
 #include <gtest/gtest.h>
 
-#include "data/3d/VrexTransform3D.h"
 #include "support/JsonDocuments.h"
 #include "support/JsonSamples.h"
 #include "support/LogCapture.h"
 #include "support/SamplesRelations.h"
 
+using nsJsonDocuments::Coordinates;
+using nsJsonDocuments::coordinatesOf;
 using nsJsonDocuments::documentOf;
 using nsJsonDocuments::Elements;
+using nsJsonDocuments::expectRefused;
+using nsJsonDocuments::geometryOf;
 using nsJsonDocuments::jsonRefusal;
+using nsJsonDocuments::LINE;
+using nsJsonDocuments::OUT_OF_RANGE;
+using nsJsonDocuments::POINT;
 using nsJsonDocuments::read;
 using nsJsonDocuments::readJson;
 using nsJsonDocuments::refusal;
+using nsJsonDocuments::VARIABLE;
 using nsJsonDocuments::written;
 
 namespace {
 
-/// The coordinates of the point at that place.
-std::array<double, 3> positionAt(const VrexImmutableSystem3D& system, std::size_t place) {
-    const auto position = dynamic_cast<const VrexPoint3D&>(*system.geometries().at(place)).getPosition();
-    return {position.x(), position.y(), position.z()};
-}
-
-const std::string POINT = R"({"type": "Point3D", "loc": [1, 2, 3]})";
-const std::string LINE = R"({"type": "Line3D", "loc": [1, 2, 3], "dir": [0, 0, 1]})";
-const std::string VARIABLE = R"({"val": 2.5})";
-const std::string OUT_OF_RANGE = "out_of_range: invalid vector subscript";
 const std::string NO_GEOMETRY = "Failed to replay: geometry was not created!";
 const std::string NO_CONSTRAINT = "Failed to replay: constraint was not created!";
-const std::string NO_MATRIX =
-    "Some of the transformation matrices are not a combination of rotations and translations.";
 
 std::string notAnArray(const std::string& key) {
     return std::string("The value at key ").append(key).append(" is not an array.");
-}
-
-/// How a document with these objects is refused.
-struct Refused {
-    Elements elements;
-    std::string text;
-};
-
-void expectRefused(const std::vector<Refused>& rows) {
-    for (const auto& [elements, text] : rows) {
-        SCOPED_TRACE(nsJsonDocuments::textOf(elements));
-        EXPECT_EQ(refusal(elements), text);
-    }
 }
 
 TEST(VrexSystem3DDeserializer, AnEmptySystemComesBackFromValueAndText) {
@@ -334,97 +315,6 @@ TEST(VrexSystem3DDeserializer, ReferenceGeometriesArePlaces) {
     EXPECT_EQ(refusal({.objects = POINT, .further = R"("ReferenceGeometries": [1])"}), OUT_OF_RANGE);
 }
 
-TEST(VrexSystem3DDeserializer, DragsAreReadByMatrixTranslationParameterAndVariable) {
-    const auto system = read({.objects = POINT + ", " + LINE, .variables = VARIABLE, .further = R"(
-        "dragTranslations": [{"objectId": 0, "translation": [1, 2, 3, 4]}, {"translation": "skipped"}],
-        "dragTransforms": [{"objectId": 1, "transformMatrix": [[0,-1,0,4], [1,0,0,5], [0,0,1,6], [0,0,0,1]]},
-                           {"transformMatrix": "skipped"}],
-        "dragParameters": [{"objectId": 1, "targetValue": 5, "type": "Radius3D"},
-                           {"objectId": 1, "targetValue": -5, "type": "Unknown"}],
-        "dragVariables": [{"objectId": 0, "targetValue": 7}, {"objectId": 0, "targetValue": 8}])"});
-    const VrexTransform3D& drags = system.transform();
-    ASSERT_EQ(drags.transformations().size(), 2U);
-    // Those with a matrix come first.
-    EXPECT_EQ(drags.transformations()[0].geometry, system.geometries()[1]);
-    EXPECT_EQ(drags.transformations()[0].matrix,
-              VrexTransformMatrix3D(
-                  VrexTransformMatrix3D::Rows{{{0, -1, 0, 4}, {1, 0, 0, 5}, {0, 0, 1, 6}, {0, 0, 0, 1}}}));
-    EXPECT_EQ(drags.transformations()[1].geometry, system.geometries()[0]);
-    EXPECT_EQ(drags.transformations()[1].matrix, VrexTransformMatrix3D::translate({1, 2, 3}));
-    ASSERT_EQ(drags.transformParameters().size(), 2U);
-    EXPECT_EQ(drags.transformParameters()[0].value, 5.0);
-    EXPECT_EQ(drags.transformParameters()[0].type, VrexDragParameter3DType::Radius3D);
-    EXPECT_EQ(drags.transformParameters()[1].type, VrexDragParameter3DType::Unknown);
-    ASSERT_EQ(drags.variableTransformations().size(), 2U);
-    EXPECT_EQ(drags.variableTransformations()[0].variable, system.variables()[0]);
-    EXPECT_EQ(drags.variableTransformations()[1].value, 8.0);
-}
-
-TEST(VrexSystem3DDeserializer, AMatrixIsOneOfFourRowsThatEndsAsAMotionDoes) {
-    const auto elements = [](const std::string& matrix) {
-        return Elements{.objects = POINT, .further = R"("dragTransforms": [{"objectId": 0)" + matrix + "}]"};
-    };
-    const auto withMatrix = [&](const std::string& rows) {
-        return elements(R"(, "transformMatrix": )" + rows);
-    };
-    // A scale that leaves the last row alone is no business of the reader's.
-    EXPECT_EQ(refusal(withMatrix("[[2,0,0,0], [0,2,0,0], [0,0,2,0], [0,0,0,1]]")), "");
-    EXPECT_EQ(refusal(withMatrix("[[1,0,0,0], [0,1,0,0], [0,0,1,0], [0,0,0,1.0000009]]")), "");
-    for (const char* rows :
-         {"[[1,0,0,0], [0,1,0,0], [0,0,1,0], [0,0,0,2]]", "[[1,0,0,0], [0,1,0,0], [0,0,1,0]]",
-          "[[1,0,0,0], [0,1,0,0], [0,0,1,0], [0,0,0,1], [0,0,0,0]]",
-          "[[1,0,0,0], [0,1,0,0], [0,0,1,0], [0,0,1]]", "[[1,0,0,0,0], [0,1,0,0], [0,0,1,0], [0,0,0,1]]",
-          "[[1,0,0,0], [0,1,0,\"0\"], [0,0,1,0], [0,0,0,1]]", "[1, 2, 3, 4]", "[]", "null", "{}",
-          "[[1,0,0,0], [0,1,0,0], [0,0,1,0], {}]"}) {
-        EXPECT_EQ(refusal(withMatrix(rows)), NO_MATRIX) << rows;
-    }
-    EXPECT_EQ(refusal(elements("")), NO_MATRIX);
-}
-
-TEST(VrexSystem3DDeserializer, DragsNameWhatIsThere) {
-    const auto elements = [](const std::string& further) {
-        return Elements{.objects = POINT, .variables = VARIABLE, .further = further};
-    };
-    const std::string matrix = R"("transformMatrix": [[1,0,0,0], [0,1,0,0], [0,0,1,0], [0,0,0,1]]})";
-    expectRefused({
-        {elements(R"("dragTransforms": [{"objectId": 1, )" + matrix + "]"), OUT_OF_RANGE},
-        {elements(R"("dragTransforms": [{"objectId": "0", )" + matrix + "]"),
-         "The value at key objectId is not a number."},
-        {elements(R"("dragTranslations": [{"objectId": 9, "translation": [1, 0, 0]}])"), OUT_OF_RANGE},
-        {elements(R"("dragTranslations": [{"objectId": 0, "translation": [1, 0]}])"),
-         "The value at key translation is not a vector3d."},
-        {elements(R"("dragTranslations": [{"objectId": 0}])"),
-         "The value at key translation is not a vector3d."},
-        {elements(R"("dragParameters": [{"objectId": 1, "targetValue": 1, "type": "Radius3D"}])"),
-         OUT_OF_RANGE},
-        {elements(R"("dragParameters": [{"targetValue": 1, "type": "Radius3D"}])"),
-         "The value at key objectId is not a number."},
-        {elements(R"("dragParameters": [{"objectId": 0, "type": "Radius3D"}])"),
-         "The value at key targetValue is not a number."},
-        {elements(R"("dragParameters": [{"objectId": 0, "targetValue": 1}])"),
-         "The value at key type is not a string."},
-        {elements(R"("dragParameters": [{"objectId": 0, "targetValue": 1, "type": "Radius"}])"),
-         "out_of_range: Failed to convert the string \"Radius\" to enum VrexDragParameter3DType."},
-        {elements(R"("dragVariables": [{"objectId": 1, "targetValue": 1}])"), OUT_OF_RANGE},
-        {elements(R"("dragVariables": [{"targetValue": 1}])"), "The value at key objectId is not a number."},
-        {elements(R"("dragVariables": [{"objectId": 0}])"), "The value at key targetValue is not a number."},
-    });
-}
-
-class FlatTransform : public VrexTransformInterface {
-public:
-    bool isEmpty() const override { return true; }
-    std::vector<std::shared_ptr<VrexGeometry>> getTransformedGeoms() const override { return {}; }
-    std::vector<std::shared_ptr<VrexGeometry>> getDragParamGeoms() const override { return {}; }
-};
-
-TEST(VrexSystem3DDeserializer, TransformsOfAnotherDimensionAreRefused) {
-    VrexIDGenerator generator;
-    VrexSystem3DDeserializer deserializer(generator, {});
-    FlatTransform transform;
-    EXPECT_THROW(deserializer.createTransform(transform, {}, documentOf({})), std::bad_cast);
-}
-
 TEST(VrexSystem3DDeserializer, PlacesAreThoseOfTheLastDocument) {
     VrexIDGenerator generator;
     VrexSystem3DDeserializer deserializer(generator, {});
@@ -505,8 +395,8 @@ TEST(VrexSystem3DDeserializer, AFailureWhileValuesAreReadLeavesObjectsHalfFilled
     EXPECT_EQ(nsJsonDocuments::refusalOf([&] { deserialize(documentOf(elements), system, {}); }),
               "The value at key loc is not a vector3d.");
     ASSERT_EQ(system.geometries().size(), 2U);
-    EXPECT_EQ(positionAt(system, 0), (std::array{1.0, 2.0, 3.0}));
-    EXPECT_EQ(positionAt(system, 1), (std::array{0.0, 0.0, 0.0}));
+    EXPECT_EQ(coordinatesOf(geometryOf<VrexPoint3D>(system, 0).getPosition()), (Coordinates{1.0, 2.0, 3.0}));
+    EXPECT_EQ(coordinatesOf(geometryOf<VrexPoint3D>(system, 1).getPosition()), (Coordinates{0.0, 0.0, 0.0}));
     EXPECT_EQ(system.variables().at(0)->getValue(), 0.0);
     EXPECT_EQ(system.linearTolerance(), 1e-6);
 }

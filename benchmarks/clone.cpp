@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <memory>
 #include <string>
 #include <utility>
@@ -93,20 +92,14 @@ struct DeepCopy {
     std::size_t count() const { return copy.geometries().size() + copy.constraints().size(); }
 };
 
-double threadSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
-
 /// Times the copying, and not the release of the copy.
 template <class Copy>
 void run(benchmark::State& state, std::size_t count) {
     const auto system = makeSystem(count);
     for ([[maybe_unused]] auto step : state) {
-        const double start = threadSeconds();
+        const double start = RatioReport::threadSeconds();
         const Copy copy(system);
-        state.SetIterationTime((threadSeconds() - start) / static_cast<double>(count));
+        state.SetIterationTime((RatioReport::threadSeconds() - start) / static_cast<double>(count));
         if (copy.count() != count) {
             std::fprintf(stderr, "%zu copies of %zu objects\n", copy.count(), count);
             std::exit(1);

@@ -8,16 +8,13 @@
 
 #include <gtest/gtest.h>
 
-#include "data/VrexVariableDescriptor.h"
 #include "data/VrexVector3DT.h"
-#include "data/VrexVisitor3D.h"
 #include "data/base/VrexIDGenerator.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
-#include "data/geometry/3d/VrexEvaluatedCurve3D.h"
-#include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/serialization/3d/VrexImmutableSystem3D.h"
 #include "data/serialization/3d/VrexSystem3DDeserializer.h"
 #include "data/serialization/3d/VrexSystem3DSerializer.h"
+#include "support/SystemUse.h"
 #include "tolvbase/LumoJson.h"
 
 /// Documents, put together from the texts of their elements, and ways to read them.
@@ -89,13 +86,6 @@ inline Coordinates coordinatesOf(const VrexVector3DT<double>& vector) {
     return {vector.x(), vector.y(), vector.z()};
 }
 
-/// Takes descriptors away, which may keep what they name alive in a ring.
-class RingBreaker : public VrexVisitor3D {
-public:
-    void visitEvaluatedCurve3D(VrexEvaluatedCurve3D& curve) override { curve.setDescriptors({}); }
-    void visitEvaluatedSurface3D(VrexEvaluatedSurface3D& surface) override { surface.setDescriptors({}); }
-};
-
 /// Why `work` fails, with "out_of_range: " before the text of such an exception; "" if it does not.
 template <class Work>
 std::string refusalOf(const Work& work) {
@@ -113,8 +103,7 @@ std::string refusalOf(const Work& work) {
 inline std::string jsonRefusal(const LumoJson& document) {
     VrexImmutableSystem3D system;
     std::string text = refusalOf([&] { deserialize(document, system, {}); });
-    RingBreaker breaker;
-    system.accept(breaker);
+    nsSystemUse::breakRings(system);
     return text;
 }
 

@@ -17,7 +17,7 @@ public:
 
     /// "" where there is none.
     std::string find(const LumoJson& expected, const LumoJson& actual) const {
-        return find(expected, actual, "", false);
+        return find(expected, actual, false);
     }
 
 private:
@@ -30,42 +30,48 @@ private:
                    m_tolerance;
     }
 
-    std::string find(const LumoJson& expected, const LumoJson& actual, const std::string& path,
-                     bool isDirected) const {
+    std::string find(const LumoJson& expected, const LumoJson& actual, bool isDirected) const {
         if (expected.is_object() && actual.is_object()) {
-            return findMember(expected, actual, path);
+            return findMember(expected, actual);
         }
         if (expected.is_array() && actual.is_array() && expected.size() == actual.size()) {
-            for (std::size_t i = 0; i < expected.size(); ++i) {
-                auto place = find(expected[i], actual[i], path + "/" + std::to_string(i), isDirected);
-                if (!place.empty()) {
-                    return place;
-                }
-            }
-            return "";
+            return findElement(expected, actual, isDirected);
         }
         if (expected.dump() == actual.dump() || (isDirected && areNear(expected, actual))) {
             return "";
         }
-        return path + ": " + expected.dump() + " became " + actual.dump();
+        return ": " + expected.dump() + " became " + actual.dump();
     }
 
-    std::string findMember(const LumoJson& expected, const LumoJson& actual, const std::string& path) const {
-        for (auto member = actual.begin(); member != actual.end(); ++member) {
-            if (!expected.contains(member.key())) {
-                return path + "/" + std::string(member.key()) + ": is new";
-            }
-        }
-        for (auto member = expected.begin(); member != expected.end(); ++member) {
-            const std::string place = path + "/" + std::string(member.key());
-            const auto found = actual.find(member.key());
-            auto difference = found == actual.end() ? place + ": is gone"
-                                                    : find(*member, *found, place, isDirection(member.key()));
+    std::string findElement(const LumoJson& expected, const LumoJson& actual, bool isDirected) const {
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            const std::string difference = find(expected[i], actual[i], isDirected);
             if (!difference.empty()) {
-                return difference;
+                return at(std::to_string(i), difference);
             }
         }
         return "";
+    }
+
+    std::string findMember(const LumoJson& expected, const LumoJson& actual) const {
+        for (auto member = actual.begin(); member != actual.end(); ++member) {
+            if (!expected.contains(member.key())) {
+                return at(member.key(), ": is new");
+            }
+        }
+        for (auto member = expected.begin(); member != expected.end(); ++member) {
+            const auto found = actual.find(member.key());
+            const std::string difference =
+                found == actual.end() ? ": is gone" : find(*member, *found, isDirection(member.key()));
+            if (!difference.empty()) {
+                return at(member.key(), difference);
+            }
+        }
+        return "";
+    }
+
+    static std::string at(std::string_view place, const std::string& difference) {
+        return std::string("/").append(place).append(difference);
     }
 
     double m_tolerance;

@@ -10,6 +10,13 @@
 // Numbers are copied as they lie in memory.
 static_assert(std::endian::native == std::endian::little && std::numeric_limits<double>::is_iec559);
 
+namespace {
+
+/// Of the length of a block.
+constexpr std::uint32_t LENGTH_SIZE = sizeof(std::uint32_t);
+
+} // namespace
+
 VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output) : m_output(output) {}
 
 VrexStreamEncoder::~VrexStreamEncoder() = default;
@@ -55,8 +62,11 @@ bool VrexStreamEncoder::beginBlock() {
         return false;
     }
     const std::uint32_t place = m_output->position();
-    m_output->seek(place + sizeof(std::uint32_t));
+    if (place > std::numeric_limits<std::uint32_t>::max() - LENGTH_SIZE) {
+        return false;
+    }
     m_openBlocks.push_back(place);
+    m_output->seek(place + LENGTH_SIZE);
     return true;
 }
 
@@ -68,7 +78,7 @@ bool VrexStreamEncoder::endBlock() {
     m_openBlocks.pop_back();
     const std::uint32_t end = m_output->seek(place);
     // Wraps around in an output that only measures.
-    const bool written = writeU32(end - place - static_cast<std::uint32_t>(sizeof(std::uint32_t)));
+    const bool written = writeU32(end - place - LENGTH_SIZE);
     m_output->seek(end);
     return written;
 }
@@ -100,7 +110,7 @@ bool VrexStreamEncoder::writeDescriptorList(const std::vector<VrexVariableDescri
 }
 
 bool VrexStreamEncoder::writeBytes(const void* data, std::uint64_t count) {
-    return count <= std::numeric_limits<std::uint32_t>::max() &&
+    return m_output != nullptr && count <= std::numeric_limits<std::uint32_t>::max() &&
            m_output->write(data, static_cast<std::uint32_t>(count)) == count;
 }
 

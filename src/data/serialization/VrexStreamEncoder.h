@@ -26,7 +26,7 @@ public:
     /// The first byte of every block.
     static constexpr std::uint8_t TAG = 0x30;
 
-    /// The output must outlive the encoder.
+    /// The output must outlive the encoder; without one everything is refused.
     explicit VrexStreamEncoder(VrexOutputStream* output);
     VrexStreamEncoder(const VrexStreamEncoder&) = delete;
     VrexStreamEncoder& operator=(const VrexStreamEncoder&) = delete;

@@ -131,7 +131,11 @@ const LumoJson& readyLumo() {
 }
 std::size_t writeLumo() { return readyLumo().dump().size(); }
 LumoJson copyLumo() { return readyLumo(); }
-std::size_t saveSystem() { return textOf(system()).size(); }
+std::size_t saveSystem() {
+    VrexSystem3DSerializer serializer({});
+    serializer.serialize(system());
+    return serializer.jsonStream().size();
+}
 
 #ifdef VREX_HAS_NLOHMANN
 nlohmann::json readNlohmann() { return nlohmann::json::parse(document()); }
@@ -262,7 +266,9 @@ void addSaving(std::size_t count) {
                                      const auto saved = Lists().makeSystem(count);
                                      for (auto _ : state) {
                                          const double start = RatioReport::threadSeconds();
-                                         benchmark::DoNotOptimize(textOf(saved));
+                                         VrexSystem3DSerializer serializer({});
+                                         serializer.serialize(saved);
+                                         benchmark::DoNotOptimize(serializer.jsonStream());
                                          state.SetIterationTime((RatioReport::threadSeconds() - start) /
                                                                 static_cast<double>(count));
                                      }

@@ -10,11 +10,9 @@
 #include "data/constraint/equation/VrexBaseEquation.h"
 #include "data/geometry/VrexGeometry.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "data/serialization/VrexJsonWriting.h"
+#include "data/serialization/VrexJsonObject.h"
 
 namespace keys = nsJsonKeys;
-using nsJsonWriting::putText;
-using nsJsonWriting::putTextUnless;
 
 namespace {
 
@@ -35,26 +33,28 @@ constexpr Naming VARIABLE{"variable", "variables", "."};
     nsLog::raise<std::runtime_error>(VREX_HERE, signature, text);
 }
 
+/// Of the part that all classes begin with, so that it does not matter as what an object is known.
+std::uint64_t addressOf(const VrexBaseObject& object) { return reinterpret_cast<std::uintptr_t>(&object); }
+
 template <class Indices, class Object>
 std::uint64_t find(const Indices& indices, const std::shared_ptr<Object>& object, const Naming& naming,
                    const char* signature) {
     if (object == nullptr) {
         refuse(signature, std::string("Null pointer to ").append(naming.one).append("!"));
     }
-    const auto found = indices.find(object);
-    if (found == indices.end()) {
+    const std::uint32_t found = indices.latest(addressOf(*object));
+    if (found == Indices::NONE) {
         refuse(signature, std::string("Objects can only reference already serialized ")
                               .append(naming.many)
                               .append(". Try reordering the system."));
     }
-    return found->second;
+    return found;
 }
 
-template <class Indices, class Object>
-void enter(Indices& indices, Object& object, const Naming& naming, const char* signature) {
-    using Pointer = typename Indices::key_type;
-    auto pointer = std::static_pointer_cast<typename Pointer::element_type>(object.shared_from_this());
-    if (!indices.try_emplace(std::move(pointer), indices.size()).second) {
+template <class Indices>
+void enter(Indices& indices, const VrexBaseObject& object, const Naming& naming, const char* signature) {
+    const std::uint64_t address = addressOf(object);
+    if (indices.latest(address) != Indices::NONE) {
         refuse(signature, std::string("The system contains a duplicate ")
                               .append(naming.one)
                               .append(" (")
@@ -62,24 +62,19 @@ void enter(Indices& indices, Object& object, const Naming& naming, const char* s
                               .append(" are duplicates if they have the same address)")
                               .append(naming.end));
     }
+    indices.add(address);
 }
 
-void putStatus(const VrexBaseGeometry& geometry, LumoJson& json) {
-    putTextUnless(VrexGeometryStatus::Unknown, json, keys::STATUS, geometry.status());
-    putText(json, keys::CHANGE_STATUS, geometry.getChangeStatus());
-}
-
-LumoJson& append(LumoJson& root, nsJsonKeys::Key key, LumoJson& json) {
-    LumoJson& array = root[key];
-    array.push_back(std::move(json));
-    return array.back();
+void putStatus(const VrexBaseGeometry& geometry, VrexJsonObject& json) {
+    json.putUnless(VrexGeometryStatus::Unknown, keys::STATUS, geometry.status());
+    json.put(keys::CHANGE_STATUS, geometry.getChangeStatus());
 }
 
 } // namespace
 
 VrexBaseObjectSerializer::VrexBaseObjectSerializer(const VrexSerializationParameters& parameters,
-                                                   LumoJson& root)
-    : m_parameters(parameters), m_root(&root) {}
+                                                   VrexJsonLines& lines)
+    : m_parameters(parameters), m_lines(&lines) {}
 
 VrexBaseObjectSerializer::~VrexBaseObjectSerializer() = default;
 
@@ -87,72 +82,68 @@ void VrexBaseObjectSerializer::visitBaseObject(VrexBaseObject&) {
     VREX_RAISE(std::runtime_error, "Serializer: Not implemented");
 }
 
-LumoJson& VrexBaseObjectSerializer::serializeGeometry(VrexGeometry& geometry, LumoJson& json) {
+void VrexBaseObjectSerializer::serializeGeometry(VrexGeometry& geometry, VrexJsonObject& json) {
     enter(m_geometryIndices, geometry, GEOMETRY, __PRETTY_FUNCTION__);
     serializeObject(geometry, json);
     putStatus(geometry, json);
-    return append(*m_root, keys::OBJECTS, json);
 }
 
-LumoJson& VrexBaseObjectSerializer::serializeVariable(VrexGeometryVariable& variable, LumoJson& json) {
+void VrexBaseObjectSerializer::serializeVariable(VrexGeometryVariable& variable, VrexJsonObject& json) {
     enter(m_variableIndices, variable, VARIABLE, __PRETTY_FUNCTION__);
     serializeObject(variable, json);
     putStatus(variable, json);
-    return append(*m_root, keys::VARIABLES, json);
 }
 
-LumoJson& VrexBaseObjectSerializer::serializeConstraint(VrexConstraint& constraint, LumoJson& json) {
+void VrexBaseObjectSerializer::serializeConstraint(VrexConstraint& constraint, VrexJsonObject& json) {
     enter(m_constraintIndices, constraint, CONSTRAINT, __PRETTY_FUNCTION__);
     serializeBaseConstraint(constraint, json);
-    putTextUnless(VrexConstraintAlignment::Current, json, keys::ALIGNMENT, constraint.alignment());
-    putTextUnless(VrexConstraintOrientation::Current, json, keys::ORIENTATION, constraint.orientation());
-    return append(*m_root, keys::CONSTRAINTS, json);
+    json.putUnless(VrexConstraintAlignment::Current, keys::ALIGNMENT, constraint.alignment());
+    json.putUnless(VrexConstraintOrientation::Current, keys::ORIENTATION, constraint.orientation());
 }
 
-LumoJson& VrexBaseObjectSerializer::serializeEquation(VrexBaseEquation& equation, LumoJson& json) {
+void VrexBaseObjectSerializer::serializeEquation(VrexBaseEquation& equation, VrexJsonObject& json) {
     enter(m_equationIndices, equation, EQUATION, __PRETTY_FUNCTION__);
     serializeBaseConstraint(equation, json);
-    putTextUnless(VrexEquationConditionType::equalToZero, json, keys::CONDITION_TYPE,
-                  equation.conditionType());
-    return append(*m_root, keys::EQUATIONS, json);
+    json.putUnless(VrexEquationConditionType::equalToZero, keys::CONDITION_TYPE, equation.conditionType());
 }
 
-void VrexBaseObjectSerializer::serializeObject(const VrexBaseObject& object, LumoJson& json) const {
+void VrexBaseObjectSerializer::serializeObject(const VrexBaseObject& object, VrexJsonObject& json) const {
     if (!m_parameters.ignoreObjectIds) {
-        json[keys::ID] = object.getID();
+        json.put(keys::ID, object.getID());
     }
     if (!object.label().empty()) {
-        json[keys::LABEL] = object.label();
+        json.put(keys::LABEL, object.label());
     }
 }
 
 void VrexBaseObjectSerializer::serializeBaseConstraint(const VrexBaseConstraint& constraint,
-                                                       LumoJson& json) const {
+                                                       VrexJsonObject& json) const {
     serializeObject(constraint, json);
     if (constraint.status() != VrexConstraintStatus::Regular || m_parameters.writeRegularStatus) {
-        putTextUnless(VrexConstraintStatus::Unknown, json, keys::STATUS, constraint.status());
+        json.putUnless(VrexConstraintStatus::Unknown, keys::STATUS, constraint.status());
     }
-    putTextUnless(VrexConstraintSatisfiedStatus::Unknown, json, keys::SATISFIED_STATUS,
-                  constraint.satisfiedStatus());
-    putText(json, keys::SOLVE_METHOD_STATUS, constraint.solveMethodStatus());
+    json.putUnless(VrexConstraintSatisfiedStatus::Unknown, keys::SATISFIED_STATUS,
+                   constraint.satisfiedStatus());
+    json.put(keys::SOLVE_METHOD_STATUS, constraint.solveMethodStatus());
 }
 
 void VrexBaseObjectSerializer::serializeVariableDescriptor(const VrexVariableDescriptor& descriptor,
-                                                           LumoJson& json) const {
-    json[keys::INDEX] = descriptor.index();
+                                                           VrexJsonObject& json) const {
+    json.put(keys::INDEX, descriptor.index());
     const auto& object = descriptor.object();
     switch (object != nullptr ? object->baseType() : VrexObjectType::Geometry) {
     case VrexObjectType::Variable:
-        json[keys::TYPE] = nsJsonTypes::VARIABLE;
-        json[keys::VARIABLE_INDEX] = variableIndex(std::dynamic_pointer_cast<VrexGeometryVariable>(object));
+        json.put(keys::TYPE, nsJsonTypes::VARIABLE);
+        json.put(keys::VARIABLE_INDEX,
+                 variableIndex(std::dynamic_pointer_cast<VrexGeometryVariable>(object)));
         break;
     case VrexObjectType::Geometry:
-        json[keys::TYPE] = nsJsonTypes::GEOMETRY;
-        json[keys::OBJECT] = geometryIndex(std::dynamic_pointer_cast<VrexBaseGeometry>(object));
+        json.put(keys::TYPE, nsJsonTypes::GEOMETRY);
+        json.put(keys::OBJECT, geometryIndex(std::dynamic_pointer_cast<VrexBaseGeometry>(object)));
         break;
     case VrexObjectType::Constraint:
-        json[keys::TYPE] = nsJsonTypes::CONSTRAINT;
-        json[keys::CONSTRAINT] = constraintIndex(std::dynamic_pointer_cast<VrexBaseConstraint>(object));
+        json.put(keys::TYPE, nsJsonTypes::CONSTRAINT);
+        json.put(keys::CONSTRAINT, constraintIndex(std::dynamic_pointer_cast<VrexBaseConstraint>(object)));
         break;
     default:
         VREX_RAISE(std::runtime_error, "Unknown value of the VrexObjectType enumeration.");

@@ -5,6 +5,7 @@
 #include <iomanip>
 #include <limits>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 
 #include "data/VrexBaseObject.h"
@@ -12,6 +13,7 @@
 #include "data/VrexUniformVisitor.h"
 #include "data/VrexVisitable.h"
 #include "data/serialization/VrexJsonKeys.h"
+#include "data/serialization/VrexJsonLines.h"
 #include "data/serialization/VrexJsonTolerances.h"
 #include "tolvbase/LumoJson.h"
 
@@ -19,11 +21,9 @@ namespace keys = nsJsonKeys;
 
 namespace {
 
-constexpr nsJsonKeys::Key OBJECT_ARRAYS[] = {keys::OBJECTS, keys::VARIABLES, keys::CONSTRAINTS,
-                                             keys::EQUATIONS};
 constexpr nsJsonKeys::Key DRAG_ARRAYS[] = {keys::DRAG_TRANSFORMS, keys::DRAG_TRANSLATIONS,
                                            keys::DRAG_PARAMETERS, keys::DRAG_VARIABLES};
-/// Besides these arrays.
+/// Besides the arrays.
 constexpr nsJsonKeys::Key PLACED[] = {keys::REFERENCE_GEOMETRIES, keys::MOVE_AND_EVALUATE,
                                       keys::LINEAR_TOLERANCE, keys::ANGULAR_TOLERANCE};
 
@@ -46,29 +46,6 @@ private:
     std::uint64_t m_highest = 0;
     std::uint64_t m_missing = 0;
 };
-
-/// The beginning of a line, or of an element at the second level.
-void indent(std::ostream& stream, std::uint64_t width, int levels = 1) {
-    const std::string blanks(width, ' ');
-    for (int level = 0; level < levels; ++level) {
-        stream << blanks;
-    }
-}
-
-void writeKey(std::ostream& stream, std::uint64_t indentWidth, std::string_view key) {
-    indent(stream, indentWidth);
-    stream << std::quoted(key) << ": ";
-}
-
-/// One line, if the key is there.
-void writeValue(std::ostream& stream, std::uint64_t indentWidth, const LumoJson& root, std::string_view key,
-                const char* end = ",\n") {
-    const auto found = root.find(key);
-    if (found != root.end()) {
-        writeKey(stream, indentWidth, key);
-        stream << found->dump() << end;
-    }
-}
 
 } // namespace
 
@@ -95,7 +72,7 @@ void VrexSystemSerializer::generateMissingObjectIDs(const VrexVisitable& system)
 }
 
 void VrexSystemSerializer::initializeRootNode(LumoJson& root) const {
-    for (const nsJsonKeys::Key key : OBJECT_ARRAYS) {
+    for (const nsJsonKeys::Key key : VrexJsonLines::KEYS) {
         root[key] = LumoJson::array();
     }
 }
@@ -103,28 +80,38 @@ void VrexSystemSerializer::initializeRootNode(LumoJson& root) const {
 void VrexSystemSerializer::write(std::ostream& stream, const LumoJson& root) const {
     nsJsonTolerances::linear(root);
     nsJsonTolerances::angular(root);
-    const std::uint64_t width = m_parameters.indentWidth;
-    stream << "{\n";
-    for (const nsJsonKeys::Key key : OBJECT_ARRAYS) {
-        writeArray(stream, root, key);
+    std::string text = "{\n";
+    for (const nsJsonKeys::Key key : VrexJsonLines::KEYS) {
+        appendArray(text, root, key);
     }
-    writeValue(stream, width, root, keys::REFERENCE_GEOMETRIES);
-    for (const nsJsonKeys::Key key : DRAG_ARRAYS) {
-        writeArray(stream, root, key);
-    }
-    writeValue(stream, width, root, keys::MOVE_AND_EVALUATE);
-    for (const std::string& tag : m_extendedInformationTags) {
-        if (!hasPlace(tag)) {
-            writeValue(stream, width, root, tag);
-        }
-    }
-    writeValue(stream, width, root, keys::LINEAR_TOLERANCE);
-    writeValue(stream, width, root, keys::ANGULAR_TOLERANCE, "\n");
-    stream << '}';
+    appendEnd(text, root);
+    stream << text;
 }
 
 void VrexSystemSerializer::writeArray(std::ostream& stream, const LumoJson& root,
                                       std::string_view key) const {
+    std::string text;
+    appendArray(text, root, key);
+    stream << text;
+}
+
+void VrexSystemSerializer::appendEnd(std::string& text, const LumoJson& root) const {
+    appendValue(text, root, keys::REFERENCE_GEOMETRIES);
+    for (const nsJsonKeys::Key key : DRAG_ARRAYS) {
+        appendArray(text, root, key);
+    }
+    appendValue(text, root, keys::MOVE_AND_EVALUATE);
+    for (const std::string& tag : m_extendedInformationTags) {
+        if (!hasPlace(tag)) {
+            appendValue(text, root, tag);
+        }
+    }
+    appendValue(text, root, keys::LINEAR_TOLERANCE);
+    appendKey(text, keys::ANGULAR_TOLERANCE);
+    text.append(root[keys::ANGULAR_TOLERANCE].dump()).append("\n}");
+}
+
+void VrexSystemSerializer::appendArray(std::string& text, const LumoJson& root, std::string_view key) const {
     const auto found = root.find(key);
     if (found == root.end()) {
         return;
@@ -136,22 +123,33 @@ void VrexSystemSerializer::writeArray(std::ostream& stream, const LumoJson& root
     if (array.empty() && !m_parameters.writeEmptyArrays) {
         return;
     }
-    writeKey(stream, m_parameters.indentWidth, key);
-    stream << "[\n";
+    const std::string blanks(m_parameters.indentWidth, ' ');
+    appendKey(text, key);
+    text += "[\n";
     const char* separator = "";
     for (const LumoJson& element : array) {
-        stream << separator;
-        indent(stream, m_parameters.indentWidth, 2);
-        stream << element.dump();
+        text.append(separator).append(blanks).append(blanks).append(element.dump());
         separator = ",\n";
     }
-    stream << '\n';
-    indent(stream, m_parameters.indentWidth);
-    stream << "],\n";
+    text.append("\n").append(blanks).append("],\n");
+}
+
+void VrexSystemSerializer::appendKey(std::string& text, std::string_view key) const {
+    std::ostringstream quoted;
+    quoted << std::quoted(key);
+    text.append(m_parameters.indentWidth, ' ').append(quoted.view()).append(": ");
+}
+
+void VrexSystemSerializer::appendValue(std::string& text, const LumoJson& root, std::string_view key) const {
+    const auto found = root.find(key);
+    if (found != root.end()) {
+        appendKey(text, key);
+        text.append(found->dump()).append(",\n");
+    }
 }
 
 bool VrexSystemSerializer::hasPlace(std::string_view key) {
-    return contains(OBJECT_ARRAYS, key) || contains(DRAG_ARRAYS, key) || contains(PLACED, key);
+    return contains(VrexJsonLines::KEYS, key) || contains(DRAG_ARRAYS, key) || contains(PLACED, key);
 }
 
 void VrexSystemSerializer::addExtendedInformationTag(std::string_view key) {

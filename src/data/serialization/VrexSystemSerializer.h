@@ -25,10 +25,10 @@ public:
     /// Empty arrays for objects, variables, constraints and equations.
     void initializeRootNode(LumoJson& root) const;
     /// The text of a document, one object a line. Of the keys that are not known only those of the tags are
-    /// written.
+    /// written. Kept: in these only quotation marks and backslashes are escaped.
     ///
-    /// Throws `std::runtime_error` for a document that lacks a tolerance, where an array should be and is
-    /// not, and for numbers and texts that JSON does not have; what was written before stays.
+    /// Throws `std::runtime_error`, and writes nothing, for a document that lacks a tolerance, where an array
+    /// should be and is not, and for numbers and texts that JSON does not have.
     void write(std::ostream& stream, const LumoJson& root) const;
     /// The array of that key, ready for the next one; nothing if there is none.
     void writeArray(std::ostream& stream, const LumoJson& root, std::string_view key) const;
@@ -41,8 +41,15 @@ protected:
     const VrexSerializationParameters& parameters() const { return m_parameters; }
     /// Whether the text has a place for the key, tagged or not.
     static bool hasPlace(std::string_view key);
+    /// The rest of the text of a document behind its arrays of objects.
+    void appendEnd(std::string& text, const LumoJson& root) const;
 
 private:
+    void appendArray(std::string& text, const LumoJson& root, std::string_view key) const;
+    void appendKey(std::string& text, std::string_view key) const;
+    /// One line, if the key is there.
+    void appendValue(std::string& text, const LumoJson& root, std::string_view key) const;
+
     VrexSerializationParameters m_parameters;
     std::vector<std::string> m_extendedInformationTags;
 };

@@ -8,53 +8,54 @@
 #include "data/constraint/equation/VrexExpressionEquation.h"
 #include "data/constraint/equation/VrexLinearEquationCallback.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "data/serialization/VrexJsonWriting.h"
+#include "data/serialization/VrexJsonLines.h"
+#include "data/serialization/VrexJsonObject.h"
 
 namespace keys = nsJsonKeys;
-using nsJsonWriting::toArray;
-using nsJsonWriting::toJson;
 
-VrexObject3DSerializer::VrexObject3DSerializer(const VrexSerializationParameters& parameters, LumoJson& root)
-    : VrexBaseObjectSerializer(parameters, root) {}
+VrexObject3DSerializer::VrexObject3DSerializer(const VrexSerializationParameters& parameters,
+                                               VrexJsonLines& lines)
+    : VrexBaseObjectSerializer(parameters, lines) {}
 
 VrexObject3DSerializer::~VrexObject3DSerializer() = default;
 
 void VrexObject3DSerializer::visitGeometryVariable(VrexGeometryVariable& variable) {
-    LumoJson json;
-    json[keys::VAL] = variable.getValue();
+    VrexJsonObject json(lines().nextLine(VrexJsonLines::VARIABLES),
+                        [&](VrexJsonObject& start) { start.put(keys::VAL, variable.getValue()); });
     serializeVariable(variable, json);
 }
 
 void VrexObject3DSerializer::visitExpressionEquation(VrexExpressionEquation& equation) {
-    LumoJson json;
-    json[keys::TYPE] = nsJsonTypes::EXPRESSION_EQUATION;
-    json[keys::EXPRESSION] = equation.expression();
-    json[keys::DESCRIPTORS] = descriptorsOf(equation, Names::Written);
+    VrexJsonObject json(lines().nextLine(VrexJsonLines::EQUATIONS), [&](VrexJsonObject& start) {
+        start.put(keys::TYPE, nsJsonTypes::EXPRESSION_EQUATION);
+        start.put(keys::EXPRESSION, equation.expression());
+        putDescriptors(equation, Names::Written, start);
+    });
     serializeEquation(equation, json);
 }
 
 void VrexObject3DSerializer::visitCallbackEquation(VrexCallbackEquation& equation) {
-    LumoJson json;
-    if (const auto* const linear = equation.callback().target<VrexLinearEquationCallback>()) {
-        json[keys::TYPE] = nsJsonTypes::LINEAR_EQUATION;
-        json[keys::COEF] = linear->constant();
-        json[keys::MULTIPLIERS] = toJson(linear->coefficients());
-    } else {
-        json[keys::TYPE] = nsJsonTypes::GENERIC_CALLBACK;
-        json[keys::CALLBACK] = std::uint64_t{reinterpret_cast<std::uintptr_t>(&equation.callback())};
-    }
-    json[keys::DESCRIPTORS] = descriptorsOf(equation, Names::LeftOut);
+    VrexJsonObject json(lines().nextLine(VrexJsonLines::EQUATIONS), [&](VrexJsonObject& start) {
+        if (const auto* const linear = equation.callback().target<VrexLinearEquationCallback>()) {
+            start.put(keys::TYPE, nsJsonTypes::LINEAR_EQUATION);
+            start.put(keys::COEF, linear->constant());
+            start.put(keys::MULTIPLIERS, linear->coefficients());
+        } else {
+            start.put(keys::TYPE, nsJsonTypes::GENERIC_CALLBACK);
+            start.put(keys::CALLBACK, reinterpret_cast<std::uintptr_t>(&equation.callback()));
+        }
+        putDescriptors(equation, Names::LeftOut, start);
+    });
     serializeEquation(equation, json);
 }
 
-LumoJson VrexObject3DSerializer::descriptorsOf(const VrexVariableDescriptorInterface& object,
-                                               Names names) const {
-    return toArray(object.descriptors(), [&](const VrexVariableDescriptor& descriptor) {
-        LumoJson json;
-        if (names == Names::Written) {
-            json[keys::NAME] = descriptor.variableName();
-        }
-        serializeVariableDescriptor(descriptor, json);
-        return json;
-    });
+void VrexObject3DSerializer::putDescriptors(const VrexVariableDescriptorInterface& object, Names names,
+                                            VrexJsonObject& json) const {
+    json.putObjects(keys::DESCRIPTORS, object.descriptors(),
+                    [&](const VrexVariableDescriptor& descriptor, VrexJsonObject& entry) {
+                        if (names == Names::Written) {
+                            entry.put(keys::NAME, descriptor.variableName());
+                        }
+                        serializeVariableDescriptor(descriptor, entry);
+                    });
 }

@@ -14,8 +14,8 @@ class VrexVariableDescriptorInterface;
 /// A reader keeps the same order of kinds and keys.
 class VREX_DATA_EXPORT VrexObject3DSerializer final : public VrexBaseObjectSerializer {
 public:
-    /// The root must outlive the serializer.
-    VrexObject3DSerializer(const VrexSerializationParameters& parameters, LumoJson& root);
+    /// The lines must outlive the serializer.
+    VrexObject3DSerializer(const VrexSerializationParameters& parameters, VrexJsonLines& lines);
     ~VrexObject3DSerializer() override;
 
     void visitPoint3D(VrexPoint3D& point) override;
@@ -94,16 +94,20 @@ private:
             return constraintIndex(constraint);
         };
     }
-    LumoJson descriptorsOf(const VrexVariableDescriptorInterface& object, Names names) const;
+    void putDescriptors(const VrexVariableDescriptorInterface& object, Names names,
+                        VrexJsonObject& json) const;
+
+    /// The object of an entity so far: its kind.
+    VrexJsonObject typed(const VrexGeometry3D& geometry);
     template <class Shape>
     void serializeEvaluated(Shape& shape);
 
-    /// The object of a constraint so far: the geometries that it binds.
-    LumoJson withArguments(const VrexConstraint3D& constraint) const;
-    LumoJson withVariable(const std::shared_ptr<VrexGeometryVariable>& variable) const;
+    /// The object of a constraint so far: the entities, or the variable, that it binds.
+    VrexJsonObject withArguments(const VrexConstraint3D& constraint);
+    VrexJsonObject withVariable(const std::shared_ptr<VrexGeometryVariable>& variable);
     /// The ends of the objects of dimensions and of all other constraints.
-    void serializeDimension(VrexDimension3D& dimension, LumoJson& json);
-    void serializeConstraint3D(VrexConstraint3D& constraint, LumoJson& json);
+    void serializeDimension(VrexDimension3D& dimension, VrexJsonObject& json);
+    void serializeConstraint3D(VrexConstraint3D& constraint, VrexJsonObject& json);
     /// A constraint that is no more than what it binds.
     void serializePlain(VrexConstraint3D& constraint);
     void serializePlainDimension(VrexDimension3D& dimension);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <stdexcept>
@@ -27,39 +28,29 @@
 #include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/serialization/3d/VrexObject3DSerializer.h"
-#include "data/serialization/VrexJsonWriting.h"
+#include "data/serialization/VrexJsonLines.h"
+#include "data/serialization/VrexJsonObject.h"
 
 namespace keys = nsJsonKeys;
-using nsJsonWriting::putIfFilled;
-using nsJsonWriting::putIfSet;
-using nsJsonWriting::putText;
-using nsJsonWriting::toArray;
-using nsJsonWriting::toJson;
 
 namespace {
 
 /// The rotational axis of a shorter vector is the X axis.
 constexpr double AXIS_TOLERANCE = 1e-06;
 
-LumoJson typed(const VrexGeometry3D& geometry) {
-    LumoJson json;
-    putText(json, keys::TYPE, geometry.type());
-    return json;
+void putRange(VrexJsonObject& json, const VrexParametricCurve3D& curve) {
+    json.putIfSet(keys::CURVE_RANGE, std::pair(curve.start(), curve.end()));
 }
 
-void putRange(LumoJson& json, const VrexParametricCurve3D& curve) {
-    putIfSet(json, keys::CURVE_RANGE, std::pair(curve.start(), curve.end()));
-}
-
-void putRange(LumoJson& json, const VrexParametricSurface3D& surface) {
-    putIfSet(json, keys::U_RANGE, std::pair(surface.startU(), surface.endU()));
-    putIfSet(json, keys::V_RANGE, std::pair(surface.startV(), surface.endV()));
+void putRange(VrexJsonObject& json, const VrexParametricSurface3D& surface) {
+    json.putIfSet(keys::U_RANGE, std::pair(surface.startU(), surface.endU()));
+    json.putIfSet(keys::V_RANGE, std::pair(surface.startV(), surface.endV()));
 }
 
 /// What the classes with radii have in common.
 template <class Geometry>
-void putSignChange(LumoJson& json, const Geometry& geometry) {
-    putIfSet(json, keys::ALLOW_RADIUS_SIGN_CHANGE, geometry.getAllowRadiusSignChange());
+void putSignChange(VrexJsonObject& json, const Geometry& geometry) {
+    json.putIfSet(keys::ALLOW_RADIUS_SIGN_CHANGE, geometry.getAllowRadiusSignChange());
 }
 
 using ControlPoints = std::vector<VrexSpline3D::ControlPoint>;
@@ -72,9 +63,7 @@ std::vector<std::shared_ptr<VrexPoint3D>> pointsOf(const ControlPoints& controlP
     return points;
 }
 
-LumoJson weightsOf(const ControlPoints& controlPoints) {
-    return toArray(controlPoints, [](const auto& controlPoint) { return controlPoint.weight; });
-}
+double weightOf(const VrexSpline3D::ControlPoint& controlPoint) { return controlPoint.weight; }
 
 /// The net row by row. Throws `std::runtime_error` when the rows are not of one length: no reader could tell
 /// them apart.
@@ -92,42 +81,42 @@ ControlPoints flatten(const VrexNURBSSurface3D& surface) {
 } // namespace
 
 void VrexObject3DSerializer::visitPoint3D(VrexPoint3D& point) {
-    LumoJson json = typed(point);
-    json[keys::LOC] = toJson(point.getPosition());
+    VrexJsonObject json = typed(point);
+    json.put(keys::LOC, point.getPosition());
     serializeGeometry(point, json);
 }
 
 void VrexObject3DSerializer::visitLine3D(VrexLine3D& line) {
-    LumoJson json = typed(line);
-    json[keys::LOC] = toJson(line.getOrigin());
-    json[keys::DIR] = toJson(line.getDirection());
+    VrexJsonObject json = typed(line);
+    json.put(keys::LOC, line.getOrigin());
+    json.put(keys::DIR, line.getDirection());
     serializeGeometry(line, json);
 }
 
 void VrexObject3DSerializer::visitPlane3D(VrexPlane3D& plane) {
-    LumoJson json = typed(plane);
-    json[keys::LOC] = toJson(plane.getOrigin());
-    json[keys::NORM] = toJson(plane.getNormal());
+    VrexJsonObject json = typed(plane);
+    json.put(keys::LOC, plane.getOrigin());
+    json.put(keys::NORM, plane.getNormal());
     serializeGeometry(plane, json);
 }
 
 void VrexObject3DSerializer::visitCircle3D(VrexCircle3D& circle) {
-    LumoJson json = typed(circle);
-    json[keys::CEN] = toJson(circle.getCenter());
-    json[keys::NORM] = toJson(circle.getNormal());
-    json[keys::RAD] = circle.getRadius();
+    VrexJsonObject json = typed(circle);
+    json.put(keys::CEN, circle.getCenter());
+    json.put(keys::NORM, circle.getNormal());
+    json.put(keys::RAD, circle.getRadius());
     putRange(json, circle);
     putSignChange(json, circle);
     serializeGeometry(circle, json);
 }
 
 void VrexObject3DSerializer::visitEllipse3D(VrexEllipse3D& ellipse) {
-    LumoJson json = typed(ellipse);
-    json[keys::CEN] = toJson(ellipse.getCenter());
-    json[keys::NORM] = toJson(ellipse.getNormal());
-    json[keys::DIR] = toJson(ellipse.getDirection());
-    json[keys::MAJ] = ellipse.getMajorRadius();
-    json[keys::MIN] = ellipse.getMinorRadius();
+    VrexJsonObject json = typed(ellipse);
+    json.put(keys::CEN, ellipse.getCenter());
+    json.put(keys::NORM, ellipse.getNormal());
+    json.put(keys::DIR, ellipse.getDirection());
+    json.put(keys::MAJ, ellipse.getMajorRadius());
+    json.put(keys::MIN, ellipse.getMinorRadius());
     putRange(json, ellipse);
     putSignChange(json, ellipse);
     serializeGeometry(ellipse, json);
@@ -135,99 +124,99 @@ void VrexObject3DSerializer::visitEllipse3D(VrexEllipse3D& ellipse) {
 
 // Kept: without its range, which a reader would take.
 void VrexObject3DSerializer::visitCylinder3D(VrexCylinder3D& cylinder) {
-    LumoJson json = typed(cylinder);
-    json[keys::LOC] = toJson(cylinder.getOrigin());
-    json[keys::DIR] = toJson(cylinder.getDirection());
-    json[keys::RAD] = cylinder.getRadius();
+    VrexJsonObject json = typed(cylinder);
+    json.put(keys::LOC, cylinder.getOrigin());
+    json.put(keys::DIR, cylinder.getDirection());
+    json.put(keys::RAD, cylinder.getRadius());
     putSignChange(json, cylinder);
     serializeGeometry(cylinder, json);
 }
 
 void VrexObject3DSerializer::visitCone3D(VrexCone3D& cone) {
-    LumoJson json = typed(cone);
-    json[keys::CEN] = toJson(cone.getOrigin());
-    json[keys::DIR] = toJson(cone.getDirection());
-    json[keys::AP] = cone.getAperture();
+    VrexJsonObject json = typed(cone);
+    json.put(keys::CEN, cone.getOrigin());
+    json.put(keys::DIR, cone.getDirection());
+    json.put(keys::AP, cone.getAperture());
     putRange(json, cone);
     serializeGeometry(cone, json);
 }
 
 void VrexObject3DSerializer::visitSphere3D(VrexSphere3D& sphere) {
-    LumoJson json = typed(sphere);
-    json[keys::CEN] = toJson(sphere.getCenter());
-    json[keys::RAD] = sphere.getRadius();
+    VrexJsonObject json = typed(sphere);
+    json.put(keys::CEN, sphere.getCenter());
+    json.put(keys::RAD, sphere.getRadius());
     putSignChange(json, sphere);
     serializeGeometry(sphere, json);
 }
 
 // Kept: with its range, which no reader takes.
 void VrexObject3DSerializer::visitTorus3D(VrexTorus3D& torus) {
-    LumoJson json = typed(torus);
-    json[keys::CEN] = toJson(torus.getCenter());
-    json[keys::NORM] = toJson(torus.getNormal());
-    json[keys::MAJ] = torus.getMajorRadius();
-    json[keys::MIN] = torus.getMinorRadius();
+    VrexJsonObject json = typed(torus);
+    json.put(keys::CEN, torus.getCenter());
+    json.put(keys::NORM, torus.getNormal());
+    json.put(keys::MAJ, torus.getMajorRadius());
+    json.put(keys::MIN, torus.getMinorRadius());
     putRange(json, torus);
     putSignChange(json, torus);
     serializeGeometry(torus, json);
 }
 
 void VrexObject3DSerializer::visitRigidSet3D(VrexRigidSet3D& set) {
-    LumoJson json = typed(set);
-    json[keys::CEN] = toJson(set.getOrigin());
-    json[keys::NORM] = toJson(set.getNormal());
-    json[keys::DIR] = toJson(set.getDirection());
-    json[keys::ARGUMENTS] = toArray(set.geometries(), toGeometryIndex());
+    VrexJsonObject json = typed(set);
+    json.put(keys::CEN, set.getOrigin());
+    json.put(keys::NORM, set.getNormal());
+    json.put(keys::DIR, set.getDirection());
+    json.putArray(keys::ARGUMENTS, set.geometries(), toGeometryIndex());
     serializeGeometry(set, json);
 }
 
 void VrexObject3DSerializer::visitConnector3D(VrexConnector3D& connector) {
-    LumoJson json = typed(connector);
-    json[keys::ARGUMENTS] = toArray(connector.getGeometries(), toGeometryIndex());
-    json[keys::CEN] = toJson(connector.getTransformation().getTranslation());
-    json[keys::ROT] = connector.getTransformation().getAngle();
-    json[keys::NORM] = toJson(connector.getTransformation().getAxis());
+    VrexJsonObject json = typed(connector);
+    json.putArray(keys::ARGUMENTS, connector.getGeometries(), toGeometryIndex());
+    json.put(keys::CEN, connector.getTransformation().getTranslation());
+    json.put(keys::ROT, connector.getTransformation().getAngle());
+    json.put(keys::NORM, connector.getTransformation().getAxis());
     serializeGeometry(connector, json);
 }
 
 void VrexObject3DSerializer::visitNURBSSurface3D(VrexNURBSSurface3D& surface) {
-    LumoJson json = typed(surface);
-    json[keys::U_DEGREE] = surface.uDegree();
-    json[keys::V_DEGREE] = surface.vDegree();
-    json[keys::U_KNOTS] = toJson(surface.uKnots());
-    json[keys::V_KNOTS] = toJson(surface.vKnots());
+    VrexJsonObject json = typed(surface);
+    json.put(keys::U_DEGREE, surface.uDegree());
+    json.put(keys::V_DEGREE, surface.vDegree());
+    json.put(keys::U_KNOTS, surface.uKnots());
+    json.put(keys::V_KNOTS, surface.vKnots());
     const auto net = flatten(surface);
-    putIfFilled(json, keys::CONTROL_POINTS, toArray(pointsOf(net), toGeometryIndex()));
-    putIfFilled(json, keys::WEIGHTS, weightsOf(net));
+    json.putArrayIfFilled(keys::CONTROL_POINTS, pointsOf(net), toGeometryIndex());
+    json.putArrayIfFilled(keys::WEIGHTS, net, weightOf);
     putRange(json, surface);
     serializeGeometry(surface, json);
 }
 
 // Kept: without its range, which a reader would take.
 void VrexObject3DSerializer::visitSpline3D(VrexSpline3D& spline) {
-    LumoJson json = typed(spline);
-    json[keys::DEGREE] = spline.degree();
-    json[keys::PERIODIC] = spline.periodic();
-    json[keys::KNOTS] = toJson(spline.knots());
-    putIfFilled(json, keys::POINTS, toArray(pointsOf(spline.controlPoints()), toGeometryIndex()));
-    putIfFilled(json, keys::WEIGHTS, weightsOf(spline.controlPoints()));
-    putIfFilled(json, keys::INTERPOLATED_POINTS, toArray(spline.getInterpolatedPoints(), toGeometryIndex()));
-    putIfFilled(json, keys::INTERPOLATED_PARAMETERS, toJson(spline.getInterpolatedParameters()));
+    VrexJsonObject json = typed(spline);
+    json.put(keys::DEGREE, spline.degree());
+    json.put(keys::PERIODIC, spline.periodic());
+    json.put(keys::KNOTS, spline.knots());
+    json.putArrayIfFilled(keys::POINTS, pointsOf(spline.controlPoints()), toGeometryIndex());
+    json.putArrayIfFilled(keys::WEIGHTS, spline.controlPoints(), weightOf);
+    json.putArrayIfFilled(keys::INTERPOLATED_POINTS, spline.getInterpolatedPoints(), toGeometryIndex());
+    json.putArrayIfFilled(keys::INTERPOLATED_PARAMETERS, spline.getInterpolatedParameters(), std::identity());
     serializeGeometry(spline, json);
 }
 
 void VrexObject3DSerializer::visitSpinSurface3D(VrexSpinSurface3D& surface) {
-    LumoJson json = typed(surface);
-    json[keys::PROFILE_SURFACE] = geometryIndex(surface.getProfileCurve());
-    json[keys::AXIS] = geometryIndex(surface.getAxisLine());
+    VrexJsonObject json = typed(surface);
+    json.put(keys::PROFILE_SURFACE, geometryIndex(surface.getProfileCurve()));
+    json.put(keys::AXIS, geometryIndex(surface.getAxisLine()));
     putRange(json, surface);
     serializeGeometry(surface, json);
 }
 
 void VrexObject3DSerializer::visitSweepSurface3D(VrexSweepSurface3D& surface) {
-    LumoJson json = typed(surface);
-    json[keys::PROFILE_CURVE] = geometryIndex(surface.getProfileCurve());
-    json[keys::TRAJECTORY_LINE] = geometryIndex(surface.getTrajectoryLine());
+    VrexJsonObject json = typed(surface);
+    json.put(keys::PROFILE_CURVE, geometryIndex(surface.getProfileCurve()));
+    json.put(keys::TRAJECTORY_LINE, geometryIndex(surface.getTrajectoryLine()));
     putRange(json, surface);
     serializeGeometry(surface, json);
 }
@@ -239,35 +228,40 @@ void VrexObject3DSerializer::visitEvaluatedSurface3D(VrexEvaluatedSurface3D& sur
 }
 
 void VrexObject3DSerializer::visitPattern3D(VrexPattern3D& pattern) {
-    LumoJson json = typed(pattern);
-    json[keys::AXIS] = geometryIndex(pattern.getAxisLine());
-    putText(json, keys::PATTERN_TYPE, pattern.getPatternType());
-    json[keys::VALUE] = pattern.getValue();
+    VrexJsonObject json = typed(pattern);
+    json.put(keys::AXIS, geometryIndex(pattern.getAxisLine()));
+    json.put(keys::PATTERN_TYPE, pattern.getPatternType());
+    json.put(keys::VALUE, pattern.getValue());
     serializeGeometry(pattern, json);
 }
 
 void VrexObject3DSerializer::visitArrayPattern3D(VrexArrayPattern3D& pattern) {
-    LumoJson json = typed(pattern);
-    json[keys::ARGUMENTS] = toArray(pattern.getPatterns(), toGeometryIndex());
+    VrexJsonObject json = typed(pattern);
+    json.putArray(keys::ARGUMENTS, pattern.getPatterns(), toGeometryIndex());
     serializeGeometry(pattern, json);
 }
 
 void VrexObject3DSerializer::visitEqualDimensionElement3D(VrexEqualDimensionElement3D& element) {
-    LumoJson json = typed(element);
-    json[keys::VALUE] = element.getValue();
+    VrexJsonObject json = typed(element);
+    json.put(keys::VALUE, element.getValue());
     serializeGeometry(element, json);
+}
+
+VrexJsonObject VrexObject3DSerializer::typed(const VrexGeometry3D& geometry) {
+    return {lines().nextLine(VrexJsonLines::OBJECTS),
+            [&](VrexJsonObject& json) { json.put(keys::TYPE, geometry.type()); }};
 }
 
 template <class Shape>
 void VrexObject3DSerializer::serializeEvaluated(Shape& shape) {
-    LumoJson json = typed(shape);
-    json[keys::CEN] = toJson(shape.getOrigin());
-    json[keys::ROT] = shape.getRotation().rotationalAngle();
-    json[keys::AXIS] = toJson(shape.getRotation().rotationalAxis(AXIS_TOLERANCE));
-    json[keys::X] = shape.getX();
-    json[keys::Y] = shape.getY();
-    json[keys::Z] = shape.getZ();
-    json[keys::DESCRIPTORS] = descriptorsOf(shape, Names::Written);
+    VrexJsonObject json = typed(shape);
+    json.put(keys::CEN, shape.getOrigin());
+    json.put(keys::ROT, shape.getRotation().rotationalAngle());
+    json.put(keys::AXIS, shape.getRotation().rotationalAxis(AXIS_TOLERANCE));
+    json.put(keys::X, shape.getX());
+    json.put(keys::Y, shape.getY());
+    json.put(keys::Z, shape.getZ());
+    putDescriptors(shape, Names::Written, json);
     putRange(json, shape);
     serializeGeometry(shape, json);
 }

@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <functional>
+
 #include "data/constraint/3d/VrexBallMate3D.h"
 #include "data/constraint/3d/VrexCylinderMate3D.h"
 #include "data/constraint/3d/VrexFastenedMate3D.h"
@@ -10,13 +13,10 @@
 #include "data/constraint/3d/VrexSliderMate3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "data/serialization/3d/VrexObject3DSerializer.h"
-#include "data/serialization/VrexJsonWriting.h"
+#include "data/serialization/VrexJsonLines.h"
+#include "data/serialization/VrexJsonObject.h"
 
 namespace keys = nsJsonKeys;
-using nsJsonWriting::putIfSet;
-using nsJsonWriting::putIfTrue;
-using nsJsonWriting::putText;
-using nsJsonWriting::toArray;
 
 void VrexObject3DSerializer::visitFastenedMate3D(VrexFastenedMate3D& mate) { serializeMate(mate, {}); }
 
@@ -47,33 +47,33 @@ void VrexObject3DSerializer::visitParallelMate3D(VrexParallelMate3D& mate) {
 }
 
 void VrexObject3DSerializer::visitMateDimensionInterval3D(VrexMateDimensionInterval3D& interval) {
-    LumoJson json = withVariable(interval.variable());
-    putIfSet(json, keys::LIMITS, interval.limit());
-    putText(json, keys::DIMENSION_TYPE, interval.getMateDimensionType());
+    VrexJsonObject json = withVariable(interval.variable());
+    json.putIfSet(keys::LIMITS, interval.limit());
+    json.put(keys::DIMENSION_TYPE, interval.getMateDimensionType());
     if (interval.dimensionIndex() != 0) {
-        json[keys::DIMENSION_INDEX] = interval.dimensionIndex();
+        json.put(keys::DIMENSION_INDEX, interval.dimensionIndex());
     }
     serializeConstraint3D(interval, json);
 }
 
 void VrexObject3DSerializer::visitMateRelation3D(VrexMateRelation3D& relation) {
-    LumoJson json;
-    json[keys::CONSTRAINTS] = toArray(relation.getMates(), toConstraintIndex());
-    json[keys::MATE_PARAMETER_INDEXS] =
-        toArray(relation.getMateParameterIndexs(), [](std::uint64_t index) { return index; });
-    json[keys::RATIO] = relation.getRatio();
+    VrexJsonObject json(lines().nextLine(VrexJsonLines::CONSTRAINTS), [&](VrexJsonObject& start) {
+        start.putArray(keys::CONSTRAINTS, relation.getMates(), toConstraintIndex());
+    });
+    json.putArray(keys::MATE_PARAMETER_INDEXS, relation.getMateParameterIndexs(), std::identity());
+    json.put(keys::RATIO, relation.getRatio());
     serializeConstraint3D(relation, json);
 }
 
 void VrexObject3DSerializer::serializeMate(VrexMate3D& mate,
                                            std::initializer_list<nsJsonKeys::DegreeKeys> degrees) {
-    LumoJson json = withArguments(mate);
+    VrexJsonObject json = withArguments(mate);
     std::uint64_t index = 0;
     for (const nsJsonKeys::DegreeKeys& degree : degrees) {
         const VrexMateDimension3D& dimension = mate.getDimension(index++);
-        putIfSet(json, degree.limits, dimension.limits);
-        putIfTrue(json, degree.fix, dimension.fixed());
-        json[degree.value] = dimension.value;
+        json.putIfSet(degree.limits, dimension.limits);
+        json.putIfTrue(degree.fix, dimension.fixed());
+        json.put(degree.value, dimension.value);
     }
     serializeConstraint3D(mate, json);
 }

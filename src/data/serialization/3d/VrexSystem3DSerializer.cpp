@@ -12,13 +12,10 @@
 #include "data/geometry/VrexGeometryVariable.h"
 #include "data/serialization/3d/VrexImmutableSystem3D.h"
 #include "data/serialization/3d/VrexObject3DSerializer.h"
-#include "data/serialization/VrexJsonWriting.h"
+#include "data/serialization/VrexJsonKeys.h"
+#include "data/serialization/VrexJsonLines.h"
 
 namespace keys = nsJsonKeys;
-using nsJsonWriting::putIfFilled;
-using nsJsonWriting::putText;
-using nsJsonWriting::toArray;
-using nsJsonWriting::toJson;
 
 namespace {
 
@@ -47,6 +44,21 @@ bool isTranslation(VrexTransformMatrix3D matrix) {
     return matrix == VrexTransformMatrix3D();
 }
 
+template <class List, class Convert>
+LumoJson toArray(const List& list, const Convert& convert) {
+    LumoJson array = LumoJson::array();
+    for (const auto& element : list) {
+        array.push_back(LumoJson(convert(element)));
+    }
+    return array;
+}
+
+void putIfFilled(LumoJson& root, nsJsonKeys::Key key, LumoJson array) {
+    if (!array.empty()) {
+        root[key] = std::move(array);
+    }
+}
+
 LumoJson translationOf(const VrexTransformMatrix3D& matrix) {
     return LumoJson::array({matrix[0][3], matrix[1][3], matrix[2][3]});
 }
@@ -65,12 +77,16 @@ VrexSystem3DSerializer::VrexSystem3DSerializer(const VrexSerializationParameters
 VrexSystem3DSerializer::~VrexSystem3DSerializer() = default;
 
 bool VrexSystem3DSerializer::serialize(const VrexImmutableSystem3D& system) {
+    m_lines.reset();
     m_result.reset();
-    m_text.clear();
+    m_isComplete = false;
     generateMissingObjectIDs(system);
+    auto lines = std::make_unique<VrexJsonLines>(parameters().indentWidth);
     auto root = std::make_unique<LumoJson>();
     initializeRootNode(*root);
-    VrexObject3DSerializer objects(parameters(), *root);
+    lines->reserve(VrexJsonLines::OBJECTS, system.geometries().size() + system.constraints().size());
+    lines->reserve(VrexJsonLines::CONSTRAINTS, system.constraints().size());
+    VrexObject3DSerializer objects(parameters(), *lines);
     visitAll(system.variables(), objects, [&](const auto& null) { objects.variableIndex(null); });
     visitAll(system.geometries(), objects, [&](const auto& null) { objects.geometryIndex(null); });
     visitAll(system.constraints(), objects, [&](const auto& null) { objects.constraintIndex(null); });
@@ -80,6 +96,8 @@ bool VrexSystem3DSerializer::serialize(const VrexImmutableSystem3D& system) {
     writeTransform(system.transform(), objects, *root);
     (*root)[keys::LINEAR_TOLERANCE] = system.linearTolerance();
     (*root)[keys::ANGULAR_TOLERANCE] = system.angularTolerance();
+    lines->join(parameters().writeEmptyArrays);
+    m_lines = std::move(lines);
     m_result = std::move(root);
     return true;
 }
@@ -103,21 +121,39 @@ void VrexSystem3DSerializer::writeTransform(const VrexTransform3D& transform,
                     LumoJson json;
                     json[keys::OBJECT_ID] = objects.geometryIndex(drag.geometry);
                     json[keys::TARGET_VALUE] = drag.value;
-                    putText(json, keys::TYPE, drag.type);
+                    json[keys::TYPE] = nsEnum::toText(drag.type);
                     return json;
                 }));
 }
 
 const LumoJson& VrexSystem3DSerializer::json() const {
     static const LumoJson none;
-    return m_result != nullptr ? *m_result : none;
+    return m_result != nullptr ? completeResult() : none;
+}
+
+LumoJson& VrexSystem3DSerializer::completeResult() const {
+    for (std::size_t array = 0; !m_isComplete && array < VrexJsonLines::ARRAYS; ++array) {
+        if (const std::string_view text = m_lines->array(array); !text.empty()) {
+            (*m_result)[VrexJsonLines::KEYS[array]] = LumoJson::parse(text);
+        }
+    }
+    m_isComplete = true;
+    return *m_result;
 }
 
 std::string_view VrexSystem3DSerializer::jsonStream() {
-    if (m_result != nullptr && m_text.empty()) {
-        m_text = jsonToStream(*m_result);
+    if (m_lines == nullptr) {
+        return {};
     }
-    return m_text;
+    if (!m_lines->hasEnd()) {
+        try {
+            appendEnd(m_lines->text(), *m_result);
+        } catch (...) {
+            m_lines->dropEnd();
+            throw;
+        }
+    }
+    return m_lines->text();
 }
 
 std::string VrexSystem3DSerializer::jsonToStream(const LumoJson& json) const {
@@ -133,15 +169,17 @@ bool VrexSystem3DSerializer::addExtendedInformation(std::string_view key, const 
     }
     (*m_result)[key] = value;
     addExtendedInformationTag(key);
-    m_text.clear();
+    m_lines->dropEnd();
     return true;
 }
 
 void serialize(const VrexImmutableSystem3D& system, LumoJson& json,
                const VrexSerializationParameters& parameters) {
-    VrexSystem3DSerializer serializer(parameters);
+    VrexSerializationParameters withoutBlanks = parameters;
+    withoutBlanks.indentWidth = 0;
+    VrexSystem3DSerializer serializer(withoutBlanks);
     if (!serializer.serialize(system)) {
         VREX_RAISE(std::runtime_error, "The serialization of the immutable system failed.");
     }
-    json = std::move(*serializer.m_result);
+    json = std::move(serializer.completeResult());
 }

@@ -10,6 +10,7 @@
 #include "tolvbase/LumoJson.h"
 
 class VrexImmutableSystem3D;
+class VrexJsonLines;
 class VrexObject3DSerializer;
 class VrexTransform3D;
 
@@ -23,7 +24,8 @@ public:
     /// missing identifiers are to be generated. Throws `std::runtime_error` for a system that cannot be
     /// written, such as one whose objects refer to later ones; there is no document then.
     bool serialize(const VrexImmutableSystem3D& system);
-    /// The document; null before there is one. Valid until the next change of this serializer.
+    /// The document; null before there is one. Valid until the next change of this serializer. Its objects
+    /// are read from their text when it is first asked for.
     const LumoJson& json() const;
     /// The text of the document, empty before there is one. Valid as long.
     std::string_view jsonStream();
@@ -39,9 +41,12 @@ private:
 
     static void writeTransform(const VrexTransform3D& transform, const VrexObject3DSerializer& objects,
                                LumoJson& root);
+    /// Puts the objects into the document, once.
+    LumoJson& completeResult() const;
 
-    std::unique_ptr<LumoJson> m_result;
-    std::string m_text;
+    std::unique_ptr<VrexJsonLines> m_lines;     ///< The text; null without a document.
+    mutable std::unique_ptr<LumoJson> m_result; ///< Null without a document.
+    mutable bool m_isComplete = false;          ///< Whether the document has its objects yet.
 };
 
 /// Writes `system` into `json`. Throws what `VrexSystem3DSerializer` throws; `json` is as it was then.

@@ -140,12 +140,18 @@ inline void use(const VrexImmutableSystem3D& system) {
     breakRings(system);
 }
 
-/// Reads a text and uses what comes of it, also where reading ends half way; whether it was read to its end.
-inline bool readAndUse(const std::string& text) {
+/// Reads a document and uses what comes of it, also where reading ends half way; whether it was read to its
+/// end.
+inline bool readAndUse(const LumoJson& document) {
     VrexImmutableSystem3D system;
-    const bool isRead = tryStep([&] { deserialize(LumoJson::parse(text), system, {}); });
+    const bool isRead = tryStep([&] { deserialize(document, system, {}); });
     use(system);
     return isRead;
+}
+
+inline bool readAndUse(const std::string& text) {
+    LumoJson document;
+    return tryStep([&] { document = LumoJson::parse(text); }) && readAndUse(document);
 }
 
 } // namespace nsSystemUse

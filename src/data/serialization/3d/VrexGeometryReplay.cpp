@@ -71,15 +71,22 @@ std::optional<std::vector<VrexSpline3D::ControlPoint>> controlPointsOf(const Geo
 
 Geometry createSpline(const Geometries& arguments) {
     auto controlPoints = controlPointsOf(arguments);
-    return controlPoints.has_value() ? VrexSpline3D::create({1, false, {}, std::move(*controlPoints)})
-                                     : nullptr;
+    if (!controlPoints.has_value()) {
+        return nullptr;
+    }
+    const VrexSpline3D::VrexSplineOptions options{1, false, {}, std::move(*controlPoints)};
+    return VrexSpline3D::create(options);
 }
 
 /// A net of one row, so that there are parameters for all points.
 Geometry createSurface(const Geometries& arguments) {
     auto controlPoints = controlPointsOf(arguments);
-    return controlPoints.has_value() ? VrexNURBSSurface3D::create({1, 1, {}, {}, {std::move(*controlPoints)}})
-                                     : nullptr;
+    if (!controlPoints.has_value()) {
+        return nullptr;
+    }
+    VrexNURBSSurface3D::VrexNURBSOptions options{1, 1, {}, {}, {}};
+    options.controlPoints.push_back(std::move(*controlPoints));
+    return VrexNURBSSurface3D::create(options);
 }
 
 template <class Surface>

@@ -21,6 +21,7 @@ using nsJsonReading::findEnum;
 using nsJsonReading::readIndex;
 using nsJsonReading::readInteger;
 using nsJsonReading::readText;
+using nsJsonReading::readType;
 using nsJsonReading::readVector;
 using nsJsonReading::toInteger;
 using nsJsonReading::toText;
@@ -36,10 +37,7 @@ bool isSatisfiedStatus(std::string_view text) {
 }
 
 std::shared_ptr<VrexBaseObject> findObject(const VrexSystemDeserializer& system, const LumoJson& json) {
-    if (find(json, keys::TYPE) == nullptr) {
-        VREX_RAISE(std::runtime_error, "Equation descriptor must contain a type!");
-    }
-    const std::string_view type = readText(json, keys::TYPE);
+    const std::string_view type = readType(json, "Equation descriptor must contain a type!");
     if (type == nsJsonTypes::VARIABLE) {
         return system.variable(readIndex(json, keys::VARIABLE_INDEX));
     }

@@ -124,6 +124,14 @@ std::vector<Integer> toIntegers(const LumoJson& value, Key key) {
 
 std::string_view readText(const LumoJson& json, Key key) { return require(json, key, TEXT, toText); }
 
+std::string_view readType(const LumoJson& json, const char* missing) {
+    const LumoJson* const type = find(json, nsJsonKeys::TYPE);
+    if (type == nullptr) {
+        VREX_RAISE(std::runtime_error, missing);
+    }
+    return toText(*type, nsJsonKeys::TYPE);
+}
+
 double readNumber(const LumoJson& json, Key key) { return require(json, key, NUMBER, toNumber); }
 
 bool readBoolean(const LumoJson& json, Key key) { return require(json, key, BOOLEAN, toBoolean); }

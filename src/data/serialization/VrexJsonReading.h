@@ -42,6 +42,8 @@ E toEnum(const LumoJson& value, Key key) {
 }
 
 std::string_view readText(const LumoJson& json, Key key);
+/// The text at the key `type`; `missing` is what a document without it is told.
+std::string_view readType(const LumoJson& json, const char* missing);
 double readNumber(const LumoJson& json, Key key);
 bool readBoolean(const LumoJson& json, Key key);
 template <std::integral Integer>

@@ -9,25 +9,22 @@
 #include "data/constraint/equation/VrexExpressionEquation.h"
 #include "data/constraint/equation/VrexLinearEquationCallback.h"
 #include "data/serialization/VrexJsonReading.h"
+#include "data/serialization/VrexReplay.h"
 
 namespace keys = nsJsonKeys;
-using nsJsonReading::find;
 using nsJsonReading::findArray;
 using nsJsonReading::findEnum;
 using nsJsonReading::readIndex;
 using nsJsonReading::readNumber;
 using nsJsonReading::readNumbers;
-using nsJsonReading::readText;
+using nsJsonReading::readType;
 
 namespace {
 
 std::shared_ptr<VrexBaseEquation> createEquation(const LumoJson& json) {
     const auto condition = findEnum<VrexEquationConditionType>(json, keys::CONDITION_TYPE)
                                .value_or(VrexEquationConditionType::equalToZero);
-    if (find(json, keys::TYPE) == nullptr) {
-        VREX_RAISE(std::runtime_error, "Equation must contain a type!");
-    }
-    const std::string_view type = readText(json, keys::TYPE);
+    const std::string_view type = readType(json, "Equation must contain a type!");
     if (type == nsJsonTypes::EXPRESSION_EQUATION) {
         return VrexExpressionEquation::create(condition);
     }
@@ -63,7 +60,8 @@ void VrexSystemDeserializer::createVariables(const LumoJson& root) {
     const std::size_t count = array == nullptr ? 0 : array->size();
     m_variables.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
-        m_variables.push_back(VrexGeometryVariable::create(0.0));
+        m_variables.push_back(nsReplay::created(VrexGeometryVariable::create(0.0),
+                                                "Failed to replay: variable was not created!"));
     }
 }
 
@@ -74,7 +72,8 @@ void VrexSystemDeserializer::createEquations(const LumoJson& root) {
     }
     m_equations.reserve(array->size());
     for (const LumoJson& json : *array) {
-        m_equations.push_back(createEquation(json));
+        m_equations.push_back(
+            nsReplay::created(createEquation(json), "Failed to replay: equation was not created!"));
     }
 }
 

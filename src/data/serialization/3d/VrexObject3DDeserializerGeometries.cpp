@@ -28,6 +28,7 @@
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "data/serialization/3d/VrexObject3DDeserializer.h"
 #include "data/serialization/VrexJsonReading.h"
+#include "data/serialization/VrexReplay.h"
 #include "data/serialization/VrexSystemDeserializer.h"
 
 namespace keys = nsJsonKeys;
@@ -117,12 +118,9 @@ std::vector<ControlPoints> toNet(const ControlPoints& controlPoints, std::size_t
 Points VrexObject3DDeserializer::readPoints(const LumoJson& json, std::string_view key) const {
     Points points;
     for (const LumoJson& place : readArray(json, key)) {
-        auto point = std::dynamic_pointer_cast<VrexPoint3D>(
-            system().geometry(nsJsonReading::toInteger<std::uint64_t>(place, key)));
-        if (point == nullptr) {
-            VREX_RAISE(std::runtime_error, "Failed to replay: geometry was not created!");
-        }
-        points.push_back(std::move(point));
+        const auto& geometry = system().geometry(nsJsonReading::toInteger<std::uint64_t>(place, key));
+        points.push_back(
+            nsReplay::created(std::dynamic_pointer_cast<VrexPoint3D>(geometry), nsReplay::NO_GEOMETRY));
     }
     return points;
 }

@@ -18,6 +18,7 @@
 #include "data/serialization/3d/VrexObject3DDeserializer.h"
 #include "data/serialization/VrexJsonReading.h"
 #include "data/serialization/VrexJsonTolerances.h"
+#include "data/serialization/VrexReplay.h"
 
 namespace keys = nsJsonKeys;
 using nsJsonReading::find;
@@ -27,6 +28,7 @@ using nsJsonReading::Key;
 using nsJsonReading::readEnum;
 using nsJsonReading::readIndex;
 using nsJsonReading::readNumber;
+using nsJsonReading::readType;
 using nsJsonReading::readVector;
 using nsJsonReading::toInteger;
 
@@ -55,19 +57,6 @@ void forEach(const LumoJson& json, Key key, const Take& take) {
 template <class Take>
 void forEachIndex(const LumoJson& json, Key key, const Take& take) {
     forEach(json, key, [&](const LumoJson& element) { take(toInteger<std::uint64_t>(element, key)); });
-}
-
-void requireType(const LumoJson& json, const char* missing) {
-    if (find(json, keys::TYPE) == nullptr) {
-        VREX_RAISE(std::runtime_error, missing);
-    }
-}
-
-template <class Object>
-void requireCreated(const std::shared_ptr<Object>& object, const char* missing) {
-    if (object == nullptr) {
-        VREX_RAISE(std::runtime_error, missing);
-    }
 }
 
 /// The keys that name parts of a geometry beside its arguments, in their order.
@@ -177,8 +166,8 @@ void VrexSystem3DDeserializer::createGeometries(const LumoJson& root) {
     nsReplayArguments::Geometries arguments;
     const auto append = [&](std::uint64_t index) { arguments.push_back(geometry(index)); };
     forEach(root, keys::OBJECTS, [&](const LumoJson& json) {
-        requireType(json, "The geometry type should be named \"type\"!");
-        const auto type = readEnum<VrexGeometry3DType>(json, keys::TYPE);
+        const auto type = nsEnum::fromText<VrexGeometry3DType>(
+            readType(json, "The geometry type should be named \"type\"!"));
         arguments.clear();
         forEachIndex(json, find(json, keys::ARGUMENTS) != nullptr ? keys::ARGUMENTS : keys::POINTS, append);
         for (const Key key : keysOfParts(type)) {
@@ -187,20 +176,19 @@ void VrexSystem3DDeserializer::createGeometries(const LumoJson& root) {
         if (type == VrexGeometry3DType::NURBS_SURFACE) {
             forEachIndex(json, keys::CONTROL_POINTS, append);
         }
-        auto created = nsGeometryReplay::create(type, arguments);
-        requireCreated(created, "Failed to replay: geometry was not created!");
-        m_geometries.push_back(std::move(created));
+        m_geometries.push_back(
+            nsReplay::created(nsGeometryReplay::create(type, arguments), nsReplay::NO_GEOMETRY));
     });
 }
 
 void VrexSystem3DDeserializer::createConstraints(const LumoJson& root) {
     nsConstraintReplay::Arguments arguments;
     forEach(root, keys::CONSTRAINTS, [&](const LumoJson& json) {
-        requireType(json, "The constraint type should be named \"type\"!");
-        const auto type = readEnum<VrexConstraint3DType>(json, keys::TYPE);
+        const auto type = nsEnum::fromText<VrexConstraint3DType>(
+            readType(json, "The constraint type should be named \"type\"!"));
         readArguments(json, type, arguments);
-        const auto created = nsConstraintReplay::create(type, arguments);
-        requireCreated(created, "Failed to replay: constraint was not created!");
+        const auto created = nsReplay::created(nsConstraintReplay::create(type, arguments),
+                                               "Failed to replay: constraint was not created!");
         created->m_geomComponents = arguments.components;
         m_constraints.push_back(created);
     });

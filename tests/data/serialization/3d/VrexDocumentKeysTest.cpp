@@ -8,13 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include "support/DocumentTexts.h"
 #include "support/GoldenSystems.h"
 #include "support/JsonDifference.h"
-#include "support/JsonDocuments.h"
 
-using nsJsonDocuments::jsonRefusal;
-using nsJsonDocuments::readJson;
-using nsJsonDocuments::written;
+using nsDocumentTexts::jsonRefusal;
+using nsDocumentTexts::readJson;
+using nsDocumentTexts::written;
 
 namespace {
 

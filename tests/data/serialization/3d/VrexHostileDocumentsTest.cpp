@@ -13,21 +13,21 @@
 #include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexSpline3D.h"
-#include "support/JsonDocuments.h"
+#include "support/DocumentTexts.h"
 #include "support/SmallStack.h"
 #include "support/SystemUse.h"
 
-using nsJsonDocuments::documentOf;
-using nsJsonDocuments::Elements;
-using nsJsonDocuments::expectRefused;
-using nsJsonDocuments::geometryOf;
-using nsJsonDocuments::joined;
-using nsJsonDocuments::OUT_OF_RANGE;
-using nsJsonDocuments::POINT;
-using nsJsonDocuments::read;
-using nsJsonDocuments::refusal;
-using nsJsonDocuments::refusalOf;
-using nsJsonDocuments::textOf;
+using nsDocumentTexts::documentOf;
+using nsDocumentTexts::Elements;
+using nsDocumentTexts::expectRefused;
+using nsDocumentTexts::geometryOf;
+using nsDocumentTexts::joined;
+using nsDocumentTexts::OUT_OF_RANGE;
+using nsDocumentTexts::POINT;
+using nsDocumentTexts::read;
+using nsDocumentTexts::refusal;
+using nsDocumentTexts::refusalOf;
+using nsDocumentTexts::textOf;
 
 namespace {
 
@@ -104,7 +104,7 @@ TEST(VrexHostileDocuments, TextsThatAreNoJsonAreRefused) {
 
 TEST(VrexHostileDocuments, OfEqualKeysTheLastCounts) {
     const auto tolerances = [](const std::string& members) {
-        return nsJsonDocuments::jsonRefusal(LumoJson::parse("{" + members + R"("AngularTolerance": 1})"));
+        return nsDocumentTexts::jsonRefusal(LumoJson::parse("{" + members + R"("AngularTolerance": 1})"));
     };
     EXPECT_EQ(tolerances(R"("LinearTolerance": 1e-8, "LinearTolerance": "x", )"),
               "The linear tolerance should be named: LinearTolerance, and should be a number.");

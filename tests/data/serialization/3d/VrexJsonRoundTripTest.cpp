@@ -8,17 +8,17 @@
 
 #include <gtest/gtest.h>
 
+#include "support/DocumentTexts.h"
 #include "support/GermanLocale.h"
 #include "support/JsonDifference.h"
-#include "support/JsonDocuments.h"
 #include "support/ObjectGraph.h"
 #include "support/RandomFields.h"
 #include "support/RandomSystems.h"
 
-using nsJsonDocuments::constraintOf;
-using nsJsonDocuments::geometryOf;
-using nsJsonDocuments::readJson;
-using nsJsonDocuments::written;
+using nsDocumentTexts::constraintOf;
+using nsDocumentTexts::geometryOf;
+using nsDocumentTexts::readJson;
+using nsDocumentTexts::written;
 
 namespace {
 
@@ -276,7 +276,7 @@ TEST(VrexJsonRoundTrip, TheNumberBehindABoundVariableBecomesItsValue) {
 
 TEST(VrexJsonRoundTrip, ASplineOrNetWithoutPointsCannotBeRead) {
     const auto refusalFor = [](const std::shared_ptr<VrexGeometry3D>& geometry) {
-        return nsJsonDocuments::jsonRefusal(written({{geometry}, {}, {}, {}, 1, 1, {}, {}}));
+        return nsDocumentTexts::jsonRefusal(written({{geometry}, {}, {}, {}, 1, 1, {}, {}}));
     };
     EXPECT_EQ(refusalFor(VrexSpline3D::create({1, false, {}, {}})),
               "Invalid data: spline control points are missing.");

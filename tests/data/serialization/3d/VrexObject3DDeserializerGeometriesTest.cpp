@@ -8,19 +8,19 @@
 #include <gtest/gtest.h>
 
 #include "data/serialization/3d/VrexObject3DDeserializer.h"
-#include "support/JsonDocuments.h"
+#include "support/DocumentTexts.h"
 #include "support/LogCapture.h"
 #include "support/SamplesRelations.h"
 
-using nsJsonDocuments::Coordinates;
-using nsJsonDocuments::coordinatesOf;
-using nsJsonDocuments::geometryOf;
-using nsJsonDocuments::joined;
-using nsJsonDocuments::LINE;
-using nsJsonDocuments::OUT_OF_RANGE;
-using nsJsonDocuments::POINT;
-using nsJsonDocuments::read;
-using nsJsonDocuments::refusal;
+using nsDocumentTexts::Coordinates;
+using nsDocumentTexts::coordinatesOf;
+using nsDocumentTexts::geometryOf;
+using nsDocumentTexts::joined;
+using nsDocumentTexts::LINE;
+using nsDocumentTexts::OUT_OF_RANGE;
+using nsDocumentTexts::POINT;
+using nsDocumentTexts::read;
+using nsDocumentTexts::refusal;
 
 namespace {
 

@@ -7,22 +7,22 @@
 
 #include <gtest/gtest.h>
 
-#include "support/JsonDocuments.h"
+#include "support/DocumentTexts.h"
 #include "support/LogCapture.h"
 #include "support/ProbeObject.h"
 #include "support/SamplesRelations.h"
 
-using nsJsonDocuments::constraintOf;
-using nsJsonDocuments::Coordinates;
-using nsJsonDocuments::coordinatesOf;
-using nsJsonDocuments::documentOf;
-using nsJsonDocuments::Elements;
-using nsJsonDocuments::joined;
-using nsJsonDocuments::LINE;
-using nsJsonDocuments::OUT_OF_RANGE;
-using nsJsonDocuments::POINT;
-using nsJsonDocuments::read;
-using nsJsonDocuments::refusal;
+using nsDocumentTexts::constraintOf;
+using nsDocumentTexts::Coordinates;
+using nsDocumentTexts::coordinatesOf;
+using nsDocumentTexts::documentOf;
+using nsDocumentTexts::Elements;
+using nsDocumentTexts::joined;
+using nsDocumentTexts::LINE;
+using nsDocumentTexts::OUT_OF_RANGE;
+using nsDocumentTexts::POINT;
+using nsDocumentTexts::read;
+using nsDocumentTexts::refusal;
 
 namespace {
 
@@ -40,7 +40,7 @@ public:
         : m_json(documentOf(elements)), m_places(m_generator, parameters), m_parameters(parameters) {}
 
     std::string refusal(const VrexImmutableSystem3D& system) {
-        return nsJsonDocuments::refusalOf([&] { fill(system); });
+        return nsDocumentTexts::refusalOf([&] { fill(system); });
     }
     void fill(const VrexImmutableSystem3D& system) {
         VrexObject3DDeserializer reader(m_json, m_places, m_generator, m_parameters);
@@ -80,7 +80,7 @@ TEST(VrexObject3DDeserializer, ArraysThatAreNoneAreRefused) {
     VrexIDGenerator generator;
     VrexSystem3DDeserializer places(generator, {});
     const auto json = LumoJson::parse(R"({"equations": {}})");
-    EXPECT_EQ(nsJsonDocuments::refusalOf(
+    EXPECT_EQ(nsDocumentTexts::refusalOf(
                   [&] { const VrexObject3DDeserializer reader(json, places, generator, {}); }),
               "The value at key equations is not an array.");
 }
@@ -91,7 +91,7 @@ TEST(VrexObject3DDeserializer, ObjectsOfAnUnknownClassAreRefused) {
     const auto json = documentOf({});
     VrexObject3DDeserializer reader(json, places, generator, {});
     const LogCapture log;
-    EXPECT_EQ(nsJsonDocuments::refusalOf([&] { ProbeObject::create(2)->accept(reader); }),
+    EXPECT_EQ(nsDocumentTexts::refusalOf([&] { ProbeObject::create(2)->accept(reader); }),
               "Deserializer: Not implemented");
     ASSERT_EQ(log.lines().size(), 1U);
     EXPECT_EQ(log.lines().front().text,
@@ -103,13 +103,13 @@ TEST(VrexObject3DDeserializer, TextsAndVectorsNameTheirKeyWhenTheyAreNone) {
                                           "mixed": [1, 2, "3"], "long": [0, 0, 2], "none": [0, 0, 0]})");
     using Reader = VrexObject3DDeserializer;
     const auto textRefusal = [&](const char* key) {
-        return nsJsonDocuments::refusalOf([&] { Reader::getString(json, key); });
+        return nsDocumentTexts::refusalOf([&] { Reader::getString(json, key); });
     };
     EXPECT_EQ(Reader::getString(json, "t"), "x");
     EXPECT_EQ(textRefusal("n"), "The value at key n is not a string.");
     EXPECT_EQ(textRefusal("missing"), "The value at key missing is not a string.");
     const auto vectorRefusal = [&](const char* key) {
-        return nsJsonDocuments::refusalOf([&] { Reader::getVector3D(json, key); });
+        return nsDocumentTexts::refusalOf([&] { Reader::getVector3D(json, key); });
     };
     EXPECT_EQ(coordinatesOf(Reader::getVector3D(json, "v")), (Coordinates{1, 2, 3}));
     EXPECT_EQ(vectorRefusal("short"), "The value at key short is not a vector3d.");
@@ -206,7 +206,7 @@ TEST(VrexObject3DDeserializer, UnknownTextsOfEnumerationsAreRefusedByName) {
     EXPECT_EQ(refusal({.objects = point + R"(, "changeStatus": "changed"})"}),
               "out_of_range: Failed to convert the string \"changed\" to enum VrexGeometryChangeStatus.");
     const auto constraint = [](const std::string& members) {
-        return nsJsonDocuments::refusalOf([&] { withConstraint("Parallelism3D", members); });
+        return nsDocumentTexts::refusalOf([&] { withConstraint("Parallelism3D", members); });
     };
     EXPECT_EQ(constraint(R"(, "status": "satisfied")"),
               "out_of_range: Failed to convert the string \"satisfied\" to enum VrexConstraintStatus.");
@@ -249,7 +249,7 @@ TEST(VrexObject3DDeserializer, ADimensionTakesItsValueBeforeItsVariable) {
     EXPECT_TRUE(distance.isRigid());
     EXPECT_EQ(distance.getLimits(), (VrexDimensionLimits{-1.0, std::nullopt}));
     const auto refused = [](const std::string& members) {
-        return nsJsonDocuments::refusalOf([&] { withConstraint("Distance3D", members); });
+        return nsDocumentTexts::refusalOf([&] { withConstraint("Distance3D", members); });
     };
     EXPECT_EQ(refused(""), "The value at key value is not a number.");
     EXPECT_EQ(refused(R"(, "value": 1, "variable": 2)"), OUT_OF_RANGE);

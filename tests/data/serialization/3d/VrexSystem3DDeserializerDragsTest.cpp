@@ -8,18 +8,18 @@
 #include <gtest/gtest.h>
 
 #include "data/3d/VrexTransform3D.h"
-#include "support/JsonDocuments.h"
+#include "support/DocumentTexts.h"
 #include "support/SamplesRelations.h"
 
-using nsJsonDocuments::documentOf;
-using nsJsonDocuments::Elements;
-using nsJsonDocuments::expectRefused;
-using nsJsonDocuments::LINE;
-using nsJsonDocuments::OUT_OF_RANGE;
-using nsJsonDocuments::POINT;
-using nsJsonDocuments::read;
-using nsJsonDocuments::refusal;
-using nsJsonDocuments::VARIABLE;
+using nsDocumentTexts::documentOf;
+using nsDocumentTexts::Elements;
+using nsDocumentTexts::expectRefused;
+using nsDocumentTexts::LINE;
+using nsDocumentTexts::OUT_OF_RANGE;
+using nsDocumentTexts::POINT;
+using nsDocumentTexts::read;
+using nsDocumentTexts::refusal;
+using nsDocumentTexts::VARIABLE;
 
 namespace {
 

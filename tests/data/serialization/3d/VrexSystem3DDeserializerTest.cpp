@@ -8,26 +8,26 @@
 
 #include <gtest/gtest.h>
 
-#include "support/JsonDocuments.h"
+#include "support/DocumentTexts.h"
 #include "support/JsonSamples.h"
 #include "support/LogCapture.h"
 #include "support/SamplesRelations.h"
 
-using nsJsonDocuments::Coordinates;
-using nsJsonDocuments::coordinatesOf;
-using nsJsonDocuments::documentOf;
-using nsJsonDocuments::Elements;
-using nsJsonDocuments::expectRefused;
-using nsJsonDocuments::geometryOf;
-using nsJsonDocuments::jsonRefusal;
-using nsJsonDocuments::LINE;
-using nsJsonDocuments::OUT_OF_RANGE;
-using nsJsonDocuments::POINT;
-using nsJsonDocuments::read;
-using nsJsonDocuments::readJson;
-using nsJsonDocuments::refusal;
-using nsJsonDocuments::VARIABLE;
-using nsJsonDocuments::written;
+using nsDocumentTexts::Coordinates;
+using nsDocumentTexts::coordinatesOf;
+using nsDocumentTexts::documentOf;
+using nsDocumentTexts::Elements;
+using nsDocumentTexts::expectRefused;
+using nsDocumentTexts::geometryOf;
+using nsDocumentTexts::jsonRefusal;
+using nsDocumentTexts::LINE;
+using nsDocumentTexts::OUT_OF_RANGE;
+using nsDocumentTexts::POINT;
+using nsDocumentTexts::read;
+using nsDocumentTexts::readJson;
+using nsDocumentTexts::refusal;
+using nsDocumentTexts::VARIABLE;
+using nsDocumentTexts::written;
 
 namespace {
 
@@ -383,7 +383,7 @@ TEST(VrexSystem3DDeserializer, AFailureBeforeAllIsCreatedLeavesTheSystem) {
           Elements{.further = R"("dragTranslations": 1)"}, Elements{.further = R"("dragParameters": [1])"},
           Elements{.variables = "1", .further = R"("dragParameters": 1)"}}) {
         VrexImmutableSystem3D system({point}, {}, {}, {}, 3.0, 4.0, {}, {});
-        EXPECT_NE(nsJsonDocuments::refusalOf([&] { deserialize(documentOf(elements), system, {}); }), "");
+        EXPECT_NE(nsDocumentTexts::refusalOf([&] { deserialize(documentOf(elements), system, {}); }), "");
         EXPECT_EQ(system.geometries(), (std::vector<std::shared_ptr<VrexGeometry3D>>{point}));
         EXPECT_EQ(system.linearTolerance(), 3.0);
     }
@@ -392,7 +392,7 @@ TEST(VrexSystem3DDeserializer, AFailureBeforeAllIsCreatedLeavesTheSystem) {
 TEST(VrexSystem3DDeserializer, AFailureWhileValuesAreReadLeavesObjectsHalfFilled) {
     VrexImmutableSystem3D system({makeSample<VrexPoint3D>()}, {}, {}, {}, 3.0, 4.0, {}, {});
     const Elements elements{.objects = POINT + R"(, {"type": "Point3D", "loc": [1]})", .variables = VARIABLE};
-    EXPECT_EQ(nsJsonDocuments::refusalOf([&] { deserialize(documentOf(elements), system, {}); }),
+    EXPECT_EQ(nsDocumentTexts::refusalOf([&] { deserialize(documentOf(elements), system, {}); }),
               "The value at key loc is not a vector3d.");
     ASSERT_EQ(system.geometries().size(), 2U);
     EXPECT_EQ(coordinatesOf(geometryOf<VrexPoint3D>(system, 0).getPosition()), (Coordinates{1.0, 2.0, 3.0}));

@@ -18,7 +18,7 @@
 #include "tolvbase/LumoJson.h"
 
 /// Documents, put together from the texts of their elements, and ways to read them.
-namespace nsJsonDocuments {
+namespace nsDocumentTexts {
 
 inline const std::string POINT = R"({"type": "Point3D", "loc": [1, 2, 3]})";
 inline const std::string LINE = R"({"type": "Line3D", "loc": [1, 2, 3], "dir": [0, 0, 1]})";
@@ -122,4 +122,4 @@ inline void expectRefused(const std::vector<Refused>& rows) {
     }
 }
 
-} // namespace nsJsonDocuments
+} // namespace nsDocumentTexts

@@ -4,6 +4,8 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "support/WrittenDocuments.h"
+
 namespace {
 
 template <class Extend>
@@ -11,6 +13,7 @@ std::string textOf(const VrexImmutableSystem3D& system, Extend extend) {
     VrexSystem3DSerializer serializer({});
     serializer.serialize(system);
     extend(serializer);
+    keepWritten(std::string(serializer.jsonStream()));
     return std::string(serializer.jsonStream());
 }
 

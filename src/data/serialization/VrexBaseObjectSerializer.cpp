@@ -78,6 +78,14 @@ VrexBaseObjectSerializer::VrexBaseObjectSerializer(const VrexSerializationParame
 
 VrexBaseObjectSerializer::~VrexBaseObjectSerializer() = default;
 
+void VrexBaseObjectSerializer::reserve(std::size_t geometries, std::size_t variables, std::size_t constraints,
+                                       std::size_t equations) {
+    m_geometryIndices.reserve(geometries);
+    m_variableIndices.reserve(variables);
+    m_constraintIndices.reserve(constraints);
+    m_equationIndices.reserve(equations);
+}
+
 void VrexBaseObjectSerializer::visitBaseObject(VrexBaseObject&) {
     VREX_RAISE(std::runtime_error, "Serializer: Not implemented");
 }

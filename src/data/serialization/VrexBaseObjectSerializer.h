@@ -49,6 +49,9 @@ protected:
     std::uint64_t variableIndex(const std::shared_ptr<VrexGeometryVariable>& variable) const;
 
     VrexJsonLines& lines() { return *m_lines; }
+    /// Makes room for so many.
+    void reserve(std::size_t geometries, std::size_t variables, std::size_t constraints,
+                 std::size_t equations);
 
 private:
     /// Objects that are made one after the other mostly lie so, too: those of one page stay together, and

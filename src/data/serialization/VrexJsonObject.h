@@ -65,12 +65,23 @@ public:
         }
     }
 
-    /// An array of what `convert` makes of each element.
-    template <class List, class Convert>
-    void putArray(Key key, List&& list, const Convert& convert) {
+    /// An array of what `convert` makes of each element that `isKept`.
+    template <class List, class Convert, class IsKept>
+    void putArray(Key key, const List& list, const Convert& convert, const IsKept& isKept) {
         appendKey(key);
-        appendArray(list, [&](const auto& element) { append(convert(element)); });
+        m_text += '[';
+        for (const auto& element : list) {
+            if (isKept(element)) {
+                append(convert(element));
+                m_text += ',';
+            }
+        }
+        closeArray();
         m_text += ',';
+    }
+    template <class List, class Convert>
+    void putArray(Key key, const List& list, const Convert& convert) {
+        putArray(key, list, convert, [](const auto&) { return true; });
     }
     /// The same; a list that is empty has no key.
     template <class List, class Convert>
@@ -122,12 +133,15 @@ private:
     }
 
     template <class List, class Append>
-    void appendArray(List&& list, const Append& appendElement) {
+    void appendArray(const List& list, const Append& appendElement) {
         m_text += '[';
         for (const auto& element : list) {
             appendElement(element);
             m_text += ',';
         }
+        closeArray();
+    }
+    void closeArray() {
         if (m_text.back() == ',') {
             m_text.back() = ']';
         } else {

@@ -2,7 +2,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <ranges>
 
 #include "data/constraint/3d/VrexAngle3D.h"
 #include "data/constraint/3d/VrexConcentricity3D.h"
@@ -171,8 +170,7 @@ void VrexObject3DSerializer::visitEqualParameter3D(VrexEqualParameter3D& equalit
 
 VrexJsonObject VrexObject3DSerializer::withArguments(const VrexConstraint3D& constraint) {
     return {lines().nextLine(VrexJsonLines::CONSTRAINTS), [&](VrexJsonObject& json) {
-                json.putArray(keys::ARGUMENTS, constraint.getGeometries() | std::views::filter(isArgument),
-                              toGeometryIndex());
+                json.putArray(keys::ARGUMENTS, constraint.getGeometries(), toGeometryIndex(), isArgument);
             }};
 }
 

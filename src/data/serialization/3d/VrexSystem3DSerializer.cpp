@@ -87,6 +87,8 @@ bool VrexSystem3DSerializer::serialize(const VrexImmutableSystem3D& system) {
     lines->reserve(VrexJsonLines::OBJECTS, system.geometries().size() + system.constraints().size());
     lines->reserve(VrexJsonLines::CONSTRAINTS, system.constraints().size());
     VrexObject3DSerializer objects(parameters(), *lines);
+    objects.reserve(system.geometries().size(), system.variables().size(), system.constraints().size(),
+                    system.equations().size());
     visitAll(system.variables(), objects, [&](const auto& null) { objects.variableIndex(null); });
     visitAll(system.geometries(), objects, [&](const auto& null) { objects.geometryIndex(null); });
     visitAll(system.constraints(), objects, [&](const auto& null) { objects.constraintIndex(null); });

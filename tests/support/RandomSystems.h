@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <random>
@@ -19,31 +18,13 @@
 /// listed behind what they are part of, nulls, snapshots, parents, and drags. No rings.
 class RandomSystems {
 public:
+    enum class Style {
+        Any,
+        Writable, ///< Without nulls; all that is named is listed, in the order of its references.
+    };
+    explicit RandomSystems(Style style = Style::Any) : m_isWritable(style == Style::Writable) {}
+
     VrexImmutableSystem3D next() {
-        m_isWhole = false;
-        return make();
-    }
-
-    /// One that can be written down: in dependency order, without nulls, all that is referred to in its
-    /// lists, and identifiers from 1 on.
-    VrexImmutableSystem3D nextWhole() {
-        m_isWhole = true;
-        VrexImmutableSystem3D system(VrexImmutableSystem3D::OrderGeometriesAndConstraints(), make());
-        std::uint64_t id = 0;
-        const auto number = [&id](const auto& objects) {
-            for (const auto& object : objects) {
-                object->setID(++id);
-            }
-        };
-        number(system.geometries());
-        number(system.variables());
-        number(system.constraints());
-        number(system.equations());
-        return system;
-    }
-
-private:
-    VrexImmutableSystem3D make() {
         m_variables.clear();
         m_geometries.clear();
         m_listed.clear();
@@ -54,26 +35,41 @@ private:
         repeat(8, [this] { addConstraint(); });
         repeat(2, [this] { addEquation(); });
         setParents();
-        auto drags = transform();
-        if (!m_isWhole) {
-            std::ranges::shuffle(m_listed, m_engine);
+        if (m_isWritable) {
+            return writable();
         }
+        std::ranges::shuffle(m_listed, m_engine);
         auto references = m_geometries;
         references.resize(index(references.size() + 1));
-        return {m_listed, m_variables, m_constraints,    m_equations,
-                number(), number(),    std::move(drags), std::move(references)};
+        return {m_listed, m_variables, m_constraints, m_equations,
+                number(), number(),    transform(),   std::move(references)};
     }
 
+private:
     using Makers = std::vector<std::function<void()>>;
 
     std::size_t index(std::size_t count) {
         return std::uniform_int_distribution<std::size_t>(0, count - 1)(m_engine);
     }
     bool chance(double probability) { return std::bernoulli_distribution(probability)(m_engine); }
-    /// Whether something is left out that a whole system has.
-    bool lacks(double probability) { return !m_isWhole && chance(probability); }
     double number() { return std::uniform_real_distribution<double>(-4.0, 4.0)(m_engine); }
     VrexVector3DT<double> vector() { return {number(), number(), number()}; }
+    /// Whether something is left out, which may be only where nobody minds.
+    bool lacks(double probability) { return !m_isWritable && chance(probability); }
+    VrexImmutableSystem3D writable() {
+        const auto drags = transform();
+        auto references = m_geometries;
+        references.resize(index(references.size() + 1));
+        return {VrexImmutableSystem3D::OrderGeometriesAndConstraints(),
+                m_geometries,
+                m_variables,
+                m_constraints,
+                m_equations,
+                number(),
+                number(),
+                drags,
+                std::move(references)};
+    }
     template <class Work>
     void repeat(std::size_t most, const Work& work) {
         for (std::size_t left = index(most + 1); left > 0; --left) {
@@ -97,7 +93,7 @@ private:
     std::shared_ptr<Geometry> enter(const std::shared_ptr<Geometry>& geometry, bool mayBeUnlisted = true) {
         dressed(geometry)->setChangeStatus(VrexGeometryChangeStatus::Changed);
         m_geometries.push_back(geometry);
-        if (!mayBeUnlisted || !lacks(0.3)) {
+        if (!mayBeUnlisted || chance(0.7)) {
             m_listed.push_back(geometry);
         }
         return geometry;
@@ -107,6 +103,11 @@ private:
     std::shared_ptr<Geometry> anyOf(const List& list) {
         const auto fitting = keepOnly<Geometry>(list);
         return fitting.empty() || lacks(0.05) ? nullptr : fitting[index(fitting.size())];
+    }
+    /// Whether what was drawn may be used.
+    template <class... Objects>
+    bool isDrawn(const Objects&... objects) {
+        return !m_isWritable || ((objects != nullptr) && ...);
     }
     template <class Geometry>
     std::shared_ptr<Geometry> made() {
@@ -135,16 +136,21 @@ private:
     }
     std::vector<VrexVariableDescriptor> descriptors() {
         std::vector<VrexVariableDescriptor> result{{variable(), 0, "a"}, {part<VrexCircle3D>(), 0, "b"}};
-        // No relation: equations are cloned before its mates are.
-        const auto dimension = anyOf<VrexDimension3D>(m_constraints);
-        if (chance(0.3) && (!m_isWhole || dimension != nullptr)) {
-            result.emplace_back(dimension, 0, "c");
+        if (chance(0.3)) {
+            // No relation: equations are cloned before its mates are.
+            const auto dimension = anyOf<VrexDimension3D>(m_constraints);
+            if (isDrawn(dimension)) {
+                result.emplace_back(dimension, 0, "c");
+            }
         }
         return result;
     }
     std::vector<VrexSpline3D::ControlPoint> controlPoints() {
         std::vector<VrexSpline3D::ControlPoint> points;
         repeat(4, [&] { points.push_back({part<VrexPoint3D>(), number()}); });
+        if (points.empty() && m_isWritable) {
+            points.push_back({part<VrexPoint3D>(), number()});
+        }
         return points;
     }
 
@@ -186,11 +192,33 @@ private:
         spline->setInterpolatedPoints({part<VrexPoint3D>(), part<VrexPoint3D>()});
         enter(spline);
     }
-    void addSurface() {
-        std::vector<std::vector<VrexSpline3D::ControlPoint>> net{controlPoints(), controlPoints()};
-        if (m_isWhole) {
-            net[1].resize(net[0].size(), {part<VrexPoint3D>(), number()});
+    /// Knots for this many control points.
+    std::vector<double> knotsFor(std::size_t count, int degree) {
+        std::vector<double> knots(count + static_cast<std::size_t>(degree) + 1);
+        std::ranges::generate(knots, [this] { return number(); });
+        std::ranges::sort(knots);
+        return knots;
+    }
+    void addWholeSurface() {
+        const std::size_t rows = 1 + index(3);
+        const std::size_t columns = 1 + index(3);
+        std::vector<std::vector<VrexSpline3D::ControlPoint>> net(rows);
+        for (auto& row : net) {
+            for (std::size_t i = 0; i < columns; ++i) {
+                row.push_back({part<VrexPoint3D>(), number()});
+            }
         }
+        const auto uDegree = static_cast<int>(index(3));
+        const auto vDegree = static_cast<int>(index(3));
+        enter(VrexNURBSSurface3D::create(
+            {uDegree, vDegree, knotsFor(rows, uDegree), knotsFor(columns, vDegree), net}));
+    }
+    void addSurface() {
+        if (m_isWritable) {
+            addWholeSurface();
+            return;
+        }
+        std::vector<std::vector<VrexSpline3D::ControlPoint>> net{controlPoints(), controlPoints()};
         enter(VrexNURBSSurface3D::create({1, 1, {0.0, number()}, {1.0}, net}));
     }
     void addSet() {
@@ -219,12 +247,26 @@ private:
         enterConstraint(nsSamples::filledMate(
             Mate::create(listed<VrexConnector3D>(), listed<VrexConnector3D>(), limits...)));
     }
-    /// Enters what `make` makes of two constraints.
-    template <class Constraint, class Make>
-    void tieTwo(const Make& make) {
-        const std::vector tied{anyOf<Constraint>(m_constraints), anyOf<Constraint>(m_constraints)};
-        if (!m_isWhole || tied[0] != nullptr) {
-            enterConstraint(make(tied));
+    void addMateRelation() {
+        const auto first = anyOf<VrexMate3D>(m_constraints);
+        const auto second = anyOf<VrexMate3D>(m_constraints);
+        if (isDrawn(first, second)) {
+            enterConstraint(VrexMateRelation3D::create({first, second}, {0, index(4)}, number()));
+        }
+    }
+    void addEqualDimension() {
+        const auto first = anyOf<VrexDimension3D>(m_constraints);
+        const auto second = anyOf<VrexDimension3D>(m_constraints);
+        if (isDrawn(first, second)) {
+            enterConstraint(
+                VrexEqualDimension3D::create({first, second}, listed<VrexEqualDimensionElement3D>()));
+        }
+    }
+    void addEqualParameter() {
+        const auto first = anyOf<VrexConstraint3D>(m_constraints);
+        const auto second = anyOf<VrexConstraint3D>(m_constraints);
+        if (isDrawn(first, second)) {
+            enterConstraint(VrexEqualParameter3D::create(listed<VrexGeometry3D>(), first, second));
         }
     }
     void addConstraint() {
@@ -282,21 +324,9 @@ private:
             [&] { enterMate<VrexPinSlotMate3D>(limits, limits); },
             [&] { enterMate<VrexPlanarMate3D>(limits, limits, limits); },
             [&] { enterMate<VrexParallelMate3D>(limits, limits, limits, limits); },
-            [&] {
-                tieTwo<VrexMate3D>([&](const auto& mates) {
-                    return VrexMateRelation3D::create(mates, {0, index(4)}, number());
-                });
-            },
-            [&] {
-                tieTwo<VrexDimension3D>([&](const auto& dimensions) {
-                    return VrexEqualDimension3D::create(dimensions, listed<VrexEqualDimensionElement3D>());
-                });
-            },
-            [&] {
-                tieTwo<VrexConstraint3D>([&](const auto& constraints) {
-                    return VrexEqualParameter3D::create(any(), constraints[0], constraints[1]);
-                });
-            },
+            [&] { addMateRelation(); },
+            [&] { addEqualDimension(); },
+            [&] { addEqualParameter(); },
             [&] {
                 enterConstraint(
                     VrexInstance3D::create(point(), point(), listed<VrexArrayPattern3D>(), {1, -2}));
@@ -333,8 +363,8 @@ private:
 
     using Geometries = std::vector<std::shared_ptr<VrexGeometry3D>>;
 
+    bool m_isWritable;
     std::mt19937 m_engine{82'091};
-    bool m_isWhole = false;
     std::vector<std::shared_ptr<VrexGeometryVariable>> m_variables;
     Geometries m_geometries; ///< All, in the order in which they were made.
     Geometries m_listed;

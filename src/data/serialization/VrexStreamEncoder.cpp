@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "data/VrexPrefetch.h"
 #include "data/serialization/VrexOutputStream.h"
 
 // Numbers are copied as they lie in memory.
@@ -13,6 +14,10 @@ VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output)
       m_measure(dynamic_cast<VrexOutputLength*>(output)) {}
 
 VrexStreamEncoder::~VrexStreamEncoder() = default;
+
+bool VrexStreamEncoder::encodeHeldObject(VrexBaseObject& object) {
+    return encodeObject(object.shared_from_this());
+}
 
 bool VrexStreamEncoder::writeTag() { return write(TAG); }
 
@@ -98,4 +103,16 @@ bool VrexStreamEncoder::writeIdList(const std::vector<std::uint64_t>& ids) {
 
 bool VrexStreamEncoder::writeDescriptorList(const std::vector<VrexVariableDescriptor>& list) {
     return writeFields([&](auto& fields) { fields.descriptors(list); });
+}
+
+bool VrexStreamEncoder::writeObjectList(const std::vector<VrexBaseObject*>& objects) {
+    if (objects.empty()) {
+        return writeEmptyBlock();
+    }
+    bool isWritten = beginBlock();
+    for (std::size_t i = 0; isWritten && i < objects.size(); ++i) {
+        nsPrefetch::ahead(objects, i);
+        isWritten = encodeHeldObject(*objects[i]);
+    }
+    return isWritten && endBlock();
 }

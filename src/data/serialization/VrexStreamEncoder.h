@@ -78,27 +78,30 @@ public:
     bool writeDescriptorList(const std::vector<VrexVariableDescriptor>& list);
     template <class Object>
     bool writeObjectList(const std::vector<std::shared_ptr<Object>>& objects) {
-        return writeListOf(
-            objects, [](const auto& object) { return object != nullptr; },
-            [this](const auto& object) { return encodeObject(object); });
+        std::vector<VrexBaseObject*> present;
+        present.reserve(objects.size());
+        for (const auto& object : objects) {
+            if (object != nullptr) {
+                present.push_back(object.get());
+            }
+        }
+        return writeObjectList(present);
     }
+    /// Of objects that the caller holds, none of them null.
+    bool writeObjectList(const std::vector<VrexBaseObject*>& objects);
     /// A block of what `writeElement` makes of each element; the empty block for an empty list.
     template <class List, class WriteElement>
     bool writeList(const List& list, WriteElement writeElement) {
-        return writeListOf(
-            list, [](const auto& /*element*/) { return true; }, writeElement);
-    }
-    /// The same for the elements that are wanted.
-    template <class List, class IsWanted, class WriteElement>
-    bool writeListOf(const List& list, IsWanted isWanted, WriteElement writeElement) {
-        if (std::none_of(list.begin(), list.end(), isWanted)) {
+        if (list.empty()) {
             return writeEmptyBlock();
         }
-        const auto write = [&](const auto& element) { return !isWanted(element) || writeElement(element); };
-        return beginBlock() && std::all_of(list.begin(), list.end(), write) && endBlock();
+        return beginBlock() && std::all_of(list.begin(), list.end(), writeElement) && endBlock();
     }
 
 private:
+    /// As `encodeObject`, which it calls, for an object that the caller holds.
+    virtual bool encodeHeldObject(VrexBaseObject& object);
+
     /// A few values.
     template <class... Values>
     bool write(const Values&... values) {

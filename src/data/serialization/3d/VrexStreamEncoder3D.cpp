@@ -8,9 +8,12 @@ VrexStreamEncoder3D::VrexStreamEncoder3D(VrexOutputStream* output)
 VrexStreamEncoder3D::~VrexStreamEncoder3D() = default;
 
 bool VrexStreamEncoder3D::encodeObject(const std::shared_ptr<VrexBaseObject>& object) {
+    return object != nullptr && encodeHeldObject(*object);
+}
+
+/// Spares the counting of references.
+bool VrexStreamEncoder3D::encodeHeldObject(VrexBaseObject& object) {
     m_objects.setDone(false);
-    if (object != nullptr) {
-        object->accept(m_objects);
-    }
+    object.accept(m_objects);
     return m_objects.isDone();
 }

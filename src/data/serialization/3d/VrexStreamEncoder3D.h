@@ -17,5 +17,7 @@ public:
     bool encodeObject(const std::shared_ptr<VrexBaseObject>& object) override;
 
 private:
+    bool encodeHeldObject(VrexBaseObject& object) override;
+
     VrexObjectEncoder3D m_objects;
 };

@@ -26,7 +26,7 @@ bool writeRecords(VrexStreamEncoder& encoder, const std::vector<Record>& records
     });
 }
 
-bool writeDragData(VrexStreamEncoder& encoder, const VrexStreamGraphEncoder::Geometries& geometries,
+bool writeDragData(VrexStreamEncoder& encoder, const std::vector<VrexBaseObject*>& geometries,
                    const VrexTransform3D& transform) {
     return encoder.beginBlock() && encoder.writeObjectList(geometries) &&
            writeRecords(encoder, transform.transformations(),
@@ -61,15 +61,16 @@ bool VrexStreamGraphEncoder3D::encodeGeometriesDOF(
 
 bool VrexStreamGraphEncoder3D::encodeDragData(const Geometries& geometries,
                                               const VrexTransform3D& transform) {
-    const std::vector objects{order(geometries, {})};
+    std::vector<VrexOrderedObjects> objects;
+    objects.push_back(order(geometries, {}));
     adviseOfEqualIds(objects);
     return encodeInTwoPasses([&](VrexStreamEncoder& encoder) {
         return encodeDragGraph(objects.front().geometries, transform, encoder);
     });
 }
 
-bool VrexStreamGraphEncoder3D::encodeDragGraph(const Geometries& geometries, const VrexTransform3D& transform,
-                                               VrexStreamEncoder& encoder) {
+bool VrexStreamGraphEncoder3D::encodeDragGraph(const std::vector<VrexBaseObject*>& geometries,
+                                               const VrexTransform3D& transform, VrexStreamEncoder& encoder) {
     const std::size_t openBlocks = encoder.openBlocks();
     if (!writeDragData(encoder, geometries, transform)) {
         encoder.unwindBlocks(openBlocks);

@@ -1,7 +1,6 @@
 #include "data/serialization/VrexStreamEncoder.h"
 
 #include <bit>
-#include <limits>
 
 #include "data/VrexBaseObject.h"
 #include "data/VrexVariableDescriptor.h"
@@ -10,38 +9,17 @@
 // Numbers are copied as they lie in memory.
 static_assert(std::endian::native == std::endian::little && std::numeric_limits<double>::is_iec559);
 
-VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output) : m_output(output) {}
+VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output)
+    : m_output(output),
+      m_memory(dynamic_cast<VrexOutputMemory*>(output)),
+      m_measure(dynamic_cast<VrexOutputLength*>(output)) {}
 
 VrexStreamEncoder::~VrexStreamEncoder() = default;
-
-bool VrexStreamEncoder::writeTag() { return writeU8(TAG); }
-
-bool VrexStreamEncoder::writeU32(std::uint32_t value) { return writeBytes(&value, sizeof value); }
-
-bool VrexStreamEncoder::writeI32(std::int32_t value) { return writeBytes(&value, sizeof value); }
-
-bool VrexStreamEncoder::writeU64(std::uint64_t value) { return writeBytes(&value, sizeof value); }
-
-bool VrexStreamEncoder::writeF64(double value) { return writeBytes(&value, sizeof value); }
-
-bool VrexStreamEncoder::writeBool(bool value) { return writeU8(value ? 1 : 0); }
-
-bool VrexStreamEncoder::writeU8(std::uint8_t value) { return writeBytes(&value, sizeof value); }
 
 bool VrexStreamEncoder::writeString(const std::string& text) {
     const std::uint64_t count = text.size() + 1;
     return count <= std::numeric_limits<std::uint32_t>::max() && text.find('\0') == std::string::npos &&
            writeU32(static_cast<std::uint32_t>(count)) && writeBytes(text.c_str(), count);
-}
-
-bool VrexStreamEncoder::writeVector(const VrexVector3DT<double>& vector) {
-    const double numbers[] = {vector.x(), vector.y(), vector.z()};
-    return writeBytes(numbers, sizeof numbers);
-}
-
-bool VrexStreamEncoder::writeVector2(const VrexVector2DT<double>& vector) {
-    const double numbers[] = {vector.x(), vector.y()};
-    return writeBytes(numbers, sizeof numbers);
 }
 
 bool VrexStreamEncoder::writeDescriptor(const VrexVariableDescriptor& descriptor) {
@@ -50,41 +28,13 @@ bool VrexStreamEncoder::writeDescriptor(const VrexVariableDescriptor& descriptor
            writeString(descriptor.variableName()) && endBlock();
 }
 
-bool VrexStreamEncoder::beginBlock() {
-    if (!writeTag()) {
-        return false;
+void VrexStreamEncoder::unwindBlocks(std::size_t count) {
+    while (m_openBlocks.size() > count) {
+        const std::uint32_t end = m_output->seek(m_openBlocks.back());
+        m_openBlocks.pop_back();
+        writeU32(0);
+        m_output->seek(end);
     }
-    const std::uint32_t place = m_output->position();
-    m_output->seek(place + sizeof(std::uint32_t));
-    m_openBlocks.push_back(place);
-    return true;
-}
-
-bool VrexStreamEncoder::endBlock() {
-    if (m_openBlocks.empty()) {
-        return true;
-    }
-    const std::uint32_t place = m_openBlocks.back();
-    m_openBlocks.pop_back();
-    const std::uint32_t end = m_output->seek(place);
-    // Wraps around in an output that only measures.
-    const bool written = writeU32(end - place - static_cast<std::uint32_t>(sizeof(std::uint32_t)));
-    m_output->seek(end);
-    return written;
-}
-
-bool VrexStreamEncoder::writeEmptyBlock() { return writeTag() && writeI32(0); }
-
-bool VrexStreamEncoder::writeOptionalF64(const std::optional<double>& value) {
-    return value ? beginBlock() && writeF64(*value) && endBlock() : writeEmptyBlock();
-}
-
-bool VrexStreamEncoder::writeOptionalVector(const std::optional<VrexVector3DT<double>>& value) {
-    return value ? beginBlock() && writeVector(*value) && endBlock() : writeEmptyBlock();
-}
-
-bool VrexStreamEncoder::writeOptionalVector2(const std::optional<VrexVector2DT<double>>& value) {
-    return value ? beginBlock() && writeVector2(*value) && endBlock() : writeEmptyBlock();
 }
 
 bool VrexStreamEncoder::writeF64List(const std::vector<double>& list) {
@@ -100,11 +50,12 @@ bool VrexStreamEncoder::writeDescriptorList(const std::vector<VrexVariableDescri
 }
 
 bool VrexStreamEncoder::writeBytes(const void* data, std::uint64_t count) {
-    return count <= std::numeric_limits<std::uint32_t>::max() &&
-           m_output->write(data, static_cast<std::uint32_t>(count)) == count;
+    return count <= std::numeric_limits<std::uint32_t>::max() && onOutput([&](auto& output) {
+               return output.write(data, static_cast<std::uint32_t>(count)) == count;
+           });
 }
 
-/// All numbers of a list in one step.
+/// A block of all numbers of a list, in one step.
 bool VrexStreamEncoder::writeNumbers(const void* data, std::uint64_t count) {
-    return count == 0 ? writeEmptyBlock() : beginBlock() && writeBytes(data, count) && endBlock();
+    return writeBlockHead(count) && (count == 0 || writeBytes(data, count));
 }

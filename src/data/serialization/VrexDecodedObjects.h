@@ -22,8 +22,8 @@ public:
         std::shared_ptr<VrexBaseConstraint> constraint;
     };
 
-    /// `most`: how many objects the stream can hold. Room is made for these; the row has at most twice as many
-    /// places.
+    /// `most`: how many objects the stream can hold. Room is made for these; the row has at most twice as
+    /// many places.
     explicit VrexDecodedObjects(std::uint32_t most);
     VrexDecodedObjects(const VrexDecodedObjects&) = delete;
     VrexDecodedObjects& operator=(const VrexDecodedObjects&) = delete;

@@ -10,7 +10,7 @@
 #include "data/VrexVector2DT.h"
 #include "data/VrexVector3DT.h"
 #include "data/serialization/VrexDecodedObjects.h"
-#include "data/serialization/VrexPackedValues.h"
+#include "data/serialization/VrexPackedBytes.h"
 
 class VrexBaseConstraint;
 class VrexBaseGeometry;
@@ -54,11 +54,11 @@ public:
     /// Numbers, enumerators and vectors one behind the other, all in one step. Enumerators are not examined.
     template <class... Values>
     bool readPacked(Values&... out) {
-        constexpr std::uint32_t COUNT = nsPackedValues::sizeOf<Values...>();
+        constexpr std::uint32_t COUNT = nsPacked::sizeOf<Values...>();
         if (COUNT > m_size - m_position) {
             return false;
         }
-        nsPackedValues::take(m_input + m_position, out...);
+        nsPacked::unpack(m_input + m_position, out...);
         m_position += COUNT;
         return true;
     }

@@ -8,7 +8,6 @@
 #include "data/constraint/3d/VrexMate3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "data/serialization/3d/VrexStreamKinds3D.h"
 #include "data/serialization/VrexStreamDecoder.h"
 #include "data/serialization/VrexStreamFields.h"
 
@@ -80,12 +79,14 @@ bool readMateTail(VrexStreamDecoder& stream, VrexMate3D& mate) {
 
 } // namespace
 
+VrexObjectDecoder3D::~VrexObjectDecoder3D() = default;
+
 std::shared_ptr<VrexBaseObject> VrexObjectDecoder3D::decodeGeometry() {
-    return completed(nsStreamKinds3D::readGeometry(stream()));
+    return completed(readGeometry(stream()));
 }
 
 std::shared_ptr<VrexBaseObject> VrexObjectDecoder3D::decodeConstraint() {
-    return completed(nsStreamKinds3D::readConstraint(stream()));
+    return completed(readConstraint(stream()));
 }
 
 std::shared_ptr<VrexBaseObject> VrexObjectDecoder3D::completed(std::shared_ptr<VrexBaseObject> object) {

@@ -1,3 +1,5 @@
+#include "data/serialization/3d/VrexObjectDecoder3D.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -28,7 +30,6 @@
 #include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
-#include "data/serialization/3d/VrexStreamKinds3D.h"
 #include "data/serialization/VrexStreamFields.h"
 
 namespace {
@@ -173,9 +174,8 @@ Made readEvaluatedCurve(Stream& stream) {
         !stream.readDescriptorList(descriptors)) {
         return nullptr;
     }
-    const auto curve =
-        VrexEvaluatedCurve3D::create(center, VrexQuaternionT<double>::ONE(), std::move(descriptors), texts[0],
-                                     texts[1], texts[2]);
+    const auto curve = VrexEvaluatedCurve3D::create(center, VrexQuaternionT<double>::ONE(),
+                                                    std::move(descriptors), texts[0], texts[1], texts[2]);
     return curve->setRotation(angle, axis) ? trimmed(stream, curve) : nullptr;
 }
 
@@ -234,7 +234,7 @@ static_assert(namesEachTypeInOrder());
 
 } // namespace
 
-std::shared_ptr<VrexGeometry3D> nsStreamKinds3D::readGeometry(VrexStreamDecoder& stream) {
+std::shared_ptr<VrexGeometry3D> VrexObjectDecoder3D::readGeometry(VrexStreamDecoder& stream) {
     std::uint32_t type = 0;
     if (!stream.readU32(type) || type >= std::size(ROWS) || ROWS[type].read == nullptr) {
         return nullptr;

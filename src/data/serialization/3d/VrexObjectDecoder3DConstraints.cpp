@@ -1,3 +1,5 @@
+#include "data/serialization/3d/VrexObjectDecoder3D.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -52,7 +54,6 @@
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "data/serialization/3d/VrexStreamKinds3D.h"
 #include "data/serialization/VrexStreamFields.h"
 
 namespace {
@@ -118,11 +119,10 @@ Made createMate(const Pointer<VrexConnector3D>& connector1, const Pointer<VrexCo
 
 template <class Mate>
 Made readMate(Stream& stream) {
-    return readWith<VrexConnector3D, VrexConnector3D>(
-        stream, [](const Components&, const auto& connector1, const auto& connector2) {
-            return createMate<Mate>(connector1, connector2,
-                                    std::make_index_sequence<Mate::DIMENSIONS_AMOUNT>());
-        });
+    return readWith<VrexConnector3D, VrexConnector3D>(stream, [](const Components&, const auto& connector1,
+                                                                 const auto& connector2) {
+        return createMate<Mate>(connector1, connector2, std::make_index_sequence<Mate::DIMENSIONS_AMOUNT>());
+    });
 }
 
 Made readDistance(Stream& stream) {
@@ -243,10 +243,9 @@ Made readMateDimensionInterval(Stream& stream) {
     if (!stream.readBlock(readVariable) || !readComponents(stream, components)) {
         return nullptr;
     }
-    return withComponents(
-        VrexMateDimensionInterval3D::create(variable, {}, 0,
-                                            VrexMateDimensionInterval3DType::AngleDimension3D),
-        components);
+    return withComponents(VrexMateDimensionInterval3D::create(
+                              variable, {}, 0, VrexMateDimensionInterval3DType::AngleDimension3D),
+                          components);
 }
 
 struct Row {
@@ -316,7 +315,7 @@ static_assert(namesEachTypeInOrder());
 
 } // namespace
 
-std::shared_ptr<VrexConstraint3D> nsStreamKinds3D::readConstraint(VrexStreamDecoder& stream) {
+std::shared_ptr<VrexConstraint3D> VrexObjectDecoder3D::readConstraint(VrexStreamDecoder& stream) {
     std::uint32_t type = 0;
     if (!stream.readU32(type) || type >= std::size(ROWS)) {
         return nullptr;

@@ -3,17 +3,13 @@
 #include <cstdint>
 #include <optional>
 
-#include "data/VrexBaseConstraint.h"
-#include "data/VrexBaseGeometry.h"
 #include "data/VrexLog.h"
 #include "data/constraint/equation/VrexCallbackEquation.h"
 #include "data/constraint/equation/VrexEquationCallback.h"
 #include "data/constraint/equation/VrexExpressionEquation.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "data/serialization/VrexPackedBytes.h"
 
 using nsPacked::number;
-using nsPacked::pack;
 
 namespace {
 
@@ -33,6 +29,12 @@ std::optional<std::uint64_t> addressOf(const VrexCallbackEquation::Callback& cal
     return reinterpret_cast<std::uintptr_t>(*function);
 }
 
+template <class Fields>
+void putHead(Fields& fields, const VrexBaseEquation& equation, bool isCallback) {
+    fields.values(number(equation.baseType()), isCallback, number(equation.conditionType()));
+    fields.descriptors(equation.descriptors());
+}
+
 } // namespace
 
 VrexObjectEncoder::VrexObjectEncoder(VrexStreamEncoder* stream) : m_stream(stream) {}
@@ -40,10 +42,9 @@ VrexObjectEncoder::VrexObjectEncoder(VrexStreamEncoder* stream) : m_stream(strea
 VrexObjectEncoder::~VrexObjectEncoder() = default;
 
 void VrexObjectEncoder::encodeVariable(const VrexGeometryVariable& variable) {
-    encode([&] {
-        return m_stream->writePacked([&] {
-            return pack(number(variable.baseType()), variable.getValue());
-        }) && writeCommonFields(variable);
+    encode([&](auto& fields) {
+        fields.values(number(variable.baseType()), variable.getValue());
+        putCommon(fields, variable);
     });
 }
 
@@ -52,38 +53,19 @@ void VrexObjectEncoder::encodeCallbackEquation(const VrexCallbackEquation& equat
     if (!address) {
         VREX_LOG(nsLog::FAILURE, "The callback of equation %llu is no plain function and cannot be encoded.",
                  static_cast<unsigned long long>(equation.getID()));
-        setDone(false);
-        return;
+        return setDone(false);
     }
-    encode([&] {
-        return writeEquationHead(equation, true) && m_stream->writeU64(*address) &&
-               writeCommonFields(equation);
+    encode([&](auto& fields) {
+        putHead(fields, equation, true);
+        fields.values(*address);
+        putCommon(fields, equation);
     });
 }
 
 void VrexObjectEncoder::encodeExpressionEquation(const VrexExpressionEquation& equation) {
-    encode([&] {
-        return writeEquationHead(equation, false) && m_stream->writeString(equation.expression()) &&
-               writeCommonFields(equation);
+    encode([&](auto& fields) {
+        putHead(fields, equation, false);
+        fields.string(equation.expression());
+        putCommon(fields, equation);
     });
-}
-
-bool VrexObjectEncoder::writeCommonFields(const VrexBaseGeometry& geometry) {
-    return m_stream->writePacked([&] {
-        return pack(geometry.getID(), number(geometry.status()), number(geometry.getChangeStatus()));
-    }) && m_stream->writeString(geometry.label()) &&
-           m_stream->writeBool(geometry.isDirty());
-}
-
-bool VrexObjectEncoder::writeCommonFields(const VrexBaseConstraint& constraint) {
-    return m_stream->writePacked([&] {
-        return pack(constraint.getID(), number(constraint.status()), number(constraint.satisfiedStatus()));
-    }) && m_stream->writeString(constraint.label()) &&
-           m_stream->writeBool(constraint.isDirty());
-}
-
-bool VrexObjectEncoder::writeEquationHead(const VrexBaseEquation& equation, bool isCallback) {
-    return m_stream->writePacked([&] {
-        return pack(number(equation.baseType()), isCallback, number(equation.conditionType()));
-    }) && m_stream->writeDescriptorList(equation.descriptors());
 }

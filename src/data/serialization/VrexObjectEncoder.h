@@ -1,18 +1,19 @@
 #pragma once
 
+#include <optional>
+
+#include "data/VrexBaseConstraint.h"
+#include "data/VrexBaseGeometry.h"
 #include "data/VrexExport.h"
 #include "data/serialization/VrexStreamEncoder.h"
 
-class VrexBaseConstraint;
-class VrexBaseEquation;
-class VrexBaseGeometry;
-class VrexBaseObject;
 class VrexCallbackEquation;
 class VrexExpressionEquation;
 class VrexGeometryVariable;
 
 /// Writes objects to the compact stream, as far as they know no dimension: variables, equations, and what all
-/// geometries and all constraints have. An object is one block; it names others by identifier.
+/// geometries and all constraints have. An object is one block, written in one step or not at all; it names
+/// others by identifier.
 class VREX_DATA_EXPORT VrexObjectEncoder {
 public:
     /// The stream must outlive the encoder.
@@ -21,30 +22,40 @@ public:
     VrexObjectEncoder& operator=(const VrexObjectEncoder&) = delete;
     virtual ~VrexObjectEncoder();
 
-    /// Whether the object of the last visit is written; one that is not leaves its blocks open.
+    /// Whether the object of the last visit is written.
     bool isDone() const { return m_done; }
     void setDone(bool done) { m_done = done; }
 
 protected:
-    VrexStreamEncoder& stream() { return *m_stream; }
-    /// One object: a block of what `writeFields` writes. It is done if all of that succeeds.
-    template <class WriteFields>
-    void encode(WriteFields writeFields) {
-        m_done = m_stream->beginBlock() && writeFields() && m_stream->endBlock();
+    /// One object: a block of what `put` puts into fields.
+    template <class Put>
+    void encode(Put put) {
+        m_done = m_stream->writeFields([&](auto& fields) { fields.block([&] { put(fields); }); });
     }
     void encodeVariable(const VrexGeometryVariable& variable);
-    /// Done only for an equation over a `VrexEquationCallback`, and that over a plain function or none: other
-    /// functions have no address that could be written. The log tells.
+    /// Only an equation over a `VrexEquationCallback`, and that over a plain function or none, can be
+    /// written: other functions have no address. The log tells.
     void encodeCallbackEquation(const VrexCallbackEquation& equation);
     void encodeExpressionEquation(const VrexExpressionEquation& equation);
 
     /// What ends the fields of a geometry: identifier, status, change status, label, dirty flag.
-    bool writeCommonFields(const VrexBaseGeometry& geometry);
+    template <class Fields>
+    static void putCommon(Fields& fields, const VrexBaseGeometry& geometry) {
+        putState(fields, geometry, geometry.status(), geometry.getChangeStatus());
+    }
     /// Identifier, status, satisfied status, label, dirty flag.
-    bool writeCommonFields(const VrexBaseConstraint& constraint);
+    template <class Fields>
+    static void putCommon(Fields& fields, const VrexBaseConstraint& constraint) {
+        putState(fields, constraint, constraint.status(), constraint.satisfiedStatus());
+    }
 
 private:
-    bool writeEquationHead(const VrexBaseEquation& equation, bool isCallback);
+    template <class Fields, class Status, class SecondStatus>
+    static void putState(Fields& fields, const VrexBaseObject& object, Status status, SecondStatus second) {
+        fields.values(object.getID(), nsPacked::number(status), nsPacked::number(second));
+        fields.string(object.label());
+        fields.values(object.isDirty());
+    }
 
     VrexStreamEncoder* m_stream;
     bool m_done = false;

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <cstring>
-#include <utility>
 
 #include "data/VrexExport.h"
 #include "data/serialization/VrexOutputStream.h"
@@ -15,22 +12,21 @@ public:
     VrexOutputMemory(unsigned char* buffer, std::uint32_t capacity);
 
     /// Refuses what does not fit.
-    std::uint32_t write(const void* data, std::uint32_t count) override {
-        if (data == nullptr || count == 0 || count > m_capacity - m_position) {
-            return 0;
+    std::uint32_t write(const void* data, std::uint32_t count) override;
+    /// The room for `count` bytes, which count as written; null where they do not fit.
+    unsigned char* claim(std::uint32_t count) {
+        if (count > m_capacity - m_position) {
+            return nullptr;
         }
-        std::memcpy(m_buffer + m_position, data, count);
         m_length += count;
         m_position += count;
-        return count;
+        return m_buffer + (m_position - count);
     }
     /// Kept: counts what was written over as well, and not what was passed over by `seek`.
     std::uint32_t length() override;
-    std::uint32_t position() override { return m_position; }
+    std::uint32_t position() override;
     /// Stops at the end of the buffer.
-    std::uint32_t seek(std::uint32_t position) override {
-        return std::exchange(m_position, std::min(position, m_capacity));
-    }
+    std::uint32_t seek(std::uint32_t position) override;
 
 private:
     unsigned char* m_buffer;

@@ -25,9 +25,9 @@ inline constexpr std::size_t SIZE<VrexVector3DT<double>> = 3 * sizeof(double);
 /// Numbers, vectors, and arrays of numbers, such as what was packed before.
 template <class... Values>
 auto pack(const Values&... values) {
-    static_assert(((SIZE<Values> == sizeof(Values) || SIZE<Values> == 0) && ...), "values without padding");
-    std::array<unsigned char, (SIZE<Values> + ... + 0)> bytes;
-    [[maybe_unused]] unsigned char* place = bytes.data();
+    static_assert(((SIZE<Values> == sizeof(Values)) && ...), "only values of a known layout are packed");
+    std::array<unsigned char, (SIZE<Values> + ...)> bytes;
+    unsigned char* place = bytes.data();
     ((std::memcpy(place, static_cast<const void*>(&values), SIZE<Values>), place += SIZE<Values>), ...);
     return bytes;
 }

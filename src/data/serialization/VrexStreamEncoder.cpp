@@ -2,8 +2,7 @@
 
 #include <bit>
 
-#include "data/VrexBaseObject.h"
-#include "data/VrexVariableDescriptor.h"
+#include "data/VrexPrefetch.h"
 #include "data/serialization/VrexOutputStream.h"
 
 // Numbers are copied as they lie in memory.
@@ -16,16 +15,57 @@ VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output)
 
 VrexStreamEncoder::~VrexStreamEncoder() = default;
 
-bool VrexStreamEncoder::writeString(const std::string& text) {
-    const std::uint64_t count = text.size() + 1;
-    return count <= std::numeric_limits<std::uint32_t>::max() && text.find('\0') == std::string::npos &&
-           writeU32(static_cast<std::uint32_t>(count)) && writeBytes(text.c_str(), count);
+bool VrexStreamEncoder::encodeHeldObject(VrexBaseObject& object) {
+    return encodeObject(object.shared_from_this());
 }
 
+bool VrexStreamEncoder::writeTag() { return write(TAG); }
+
+bool VrexStreamEncoder::writeU32(std::uint32_t value) { return write(value); }
+
+bool VrexStreamEncoder::writeI32(std::int32_t value) { return write(value); }
+
+bool VrexStreamEncoder::writeU64(std::uint64_t value) { return write(value); }
+
+bool VrexStreamEncoder::writeF64(double value) { return write(value); }
+
+bool VrexStreamEncoder::writeBool(bool value) { return write(value); }
+
+bool VrexStreamEncoder::writeU8(std::uint8_t value) { return write(value); }
+
+bool VrexStreamEncoder::writeString(const std::string& text) {
+    return writeFields([&](auto& fields) { fields.string(text); });
+}
+
+bool VrexStreamEncoder::writeVector(const VrexVector3DT<double>& vector) { return write(vector); }
+
+bool VrexStreamEncoder::writeVector2(const VrexVector2DT<double>& vector) { return write(vector); }
+
 bool VrexStreamEncoder::writeDescriptor(const VrexVariableDescriptor& descriptor) {
-    return descriptor.isValid() && beginBlock() && writeU64(descriptor.object()->getID()) &&
-           writeI32(static_cast<std::int32_t>(descriptor.index())) &&
-           writeString(descriptor.variableName()) && endBlock();
+    return writeFields([&](auto& fields) { fields.descriptor(descriptor); });
+}
+
+bool VrexStreamEncoder::beginBlock() {
+    if (!writeTag()) {
+        return false;
+    }
+    const std::uint32_t place = m_output->position();
+    m_output->seek(place + sizeof(std::uint32_t));
+    m_openBlocks.push_back(place);
+    return true;
+}
+
+bool VrexStreamEncoder::endBlock() {
+    if (m_openBlocks.empty()) {
+        return true;
+    }
+    const std::uint32_t place = m_openBlocks.back();
+    m_openBlocks.pop_back();
+    const std::uint32_t end = m_output->seek(place);
+    // Wraps around in an output that only measures.
+    const bool written = writeU32(end - place - static_cast<std::uint32_t>(sizeof(std::uint32_t)));
+    m_output->seek(end);
+    return written;
 }
 
 void VrexStreamEncoder::unwindBlocks(std::size_t count) {
@@ -37,25 +77,42 @@ void VrexStreamEncoder::unwindBlocks(std::size_t count) {
     }
 }
 
+bool VrexStreamEncoder::writeEmptyBlock() {
+    return writeFields([](auto& fields) { fields.emptyBlock(); });
+}
+
+bool VrexStreamEncoder::writeOptionalF64(const std::optional<double>& value) {
+    return writeFields([&](auto& fields) { fields.optional(value); });
+}
+
+bool VrexStreamEncoder::writeOptionalVector(const std::optional<VrexVector3DT<double>>& value) {
+    return writeFields([&](auto& fields) { fields.optional(value); });
+}
+
+bool VrexStreamEncoder::writeOptionalVector2(const std::optional<VrexVector2DT<double>>& value) {
+    return writeFields([&](auto& fields) { fields.optional(value); });
+}
+
 bool VrexStreamEncoder::writeF64List(const std::vector<double>& list) {
-    return writeNumbers(list.data(), list.size() * sizeof(double));
+    return writeFields([&](auto& fields) { fields.numbers(list); });
 }
 
 bool VrexStreamEncoder::writeIdList(const std::vector<std::uint64_t>& ids) {
-    return writeNumbers(ids.data(), ids.size() * sizeof(std::uint64_t));
+    return writeFields([&](auto& fields) { fields.numbers(ids); });
 }
 
 bool VrexStreamEncoder::writeDescriptorList(const std::vector<VrexVariableDescriptor>& list) {
-    return writeList(list, [this](const auto& descriptor) { return writeDescriptor(descriptor); });
+    return writeFields([&](auto& fields) { fields.descriptors(list); });
 }
 
-bool VrexStreamEncoder::writeBytes(const void* data, std::uint64_t count) {
-    return count <= std::numeric_limits<std::uint32_t>::max() && onOutput([&](auto& output) {
-               return output.write(data, static_cast<std::uint32_t>(count)) == count;
-           });
-}
-
-/// A block of all numbers of a list, in one step.
-bool VrexStreamEncoder::writeNumbers(const void* data, std::uint64_t count) {
-    return writeBlockHead(count) && (count == 0 || writeBytes(data, count));
+bool VrexStreamEncoder::writeObjectList(const std::vector<VrexBaseObject*>& objects) {
+    if (objects.empty()) {
+        return writeEmptyBlock();
+    }
+    bool isWritten = beginBlock();
+    for (std::size_t i = 0; isWritten && i < objects.size(); ++i) {
+        nsPrefetch::ahead(objects, i);
+        isWritten = encodeHeldObject(*objects[i]);
+    }
+    return isWritten && endBlock();
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <utility>
 
+#include <boost/unordered/unordered_flat_map.hpp>
 #include <boost/unordered/unordered_flat_set.hpp>
 
 #include "data/VrexBaseConstraint.h"
@@ -25,8 +26,6 @@ namespace {
 using Geometries = VrexStreamGraphEncoder::Geometries;
 using Components = VrexStreamGraphEncoder::Components;
 
-bool isVariable(const VrexBaseObject& object) { return object.baseType() == VrexObjectType::Variable; }
-
 /// What has to stand before the geometry: what it is built on, then the variables that it depends on.
 Geometries dependenciesOf(const VrexBaseGeometry& geometry) {
     Geometries dependencies = geometry.getGeometries();
@@ -35,45 +34,73 @@ Geometries dependenciesOf(const VrexBaseGeometry& geometry) {
     return dependencies;
 }
 
-/// The variables that a constraint names, in order, repeats included.
-void appendVariables(const VrexBaseConstraint& constraint, Geometries& out) {
-    if (const auto* const equation = dynamic_cast<const VrexBaseEquation*>(&constraint)) {
-        // Not its geometries, which leave out what has the identifier of another.
-        for (const VrexVariableDescriptor& descriptor : equation->descriptors()) {
-            if (auto variable = std::dynamic_pointer_cast<VrexGeometryVariable>(descriptor.object())) {
-                out.push_back(std::move(variable));
-            }
-        }
-        return;
-    }
-    const auto& geometries = constraint.getGeometries();
-    std::copy_if(geometries.begin(), geometries.end(), std::back_inserter(out),
-                 [](const auto& geometry) { return geometry != nullptr && isVariable(*geometry); });
+/// Null for what is none.
+const VrexBaseEquation* asEquation(const VrexBaseConstraint& constraint) {
+    return constraint.baseType() == VrexObjectType::Equation
+               ? dynamic_cast<const VrexBaseEquation*>(&constraint)
+               : nullptr;
 }
 
-/// Whether two different objects of the lists have one identifier.
-template <class Object>
-class IdCheck {
+/// Which objects were there before. Most lists rise by identifier and so hold no object twice: a table of
+/// addresses is made when that ends.
+class VisitedObjects {
 public:
-    void add(const std::vector<std::shared_ptr<Object>>& list) {
-        m_objects.reserve(m_objects.size() + list.size());
-        for (const auto& object : list) {
-            m_objects.emplace_back(object->getID(), object.get());
+    explicit VisitedObjects(std::size_t count) { m_objects.reserve(count); }
+    /// False for an object that was there.
+    bool enter(VrexBaseObject& object) {
+        if (m_table.empty() && (m_objects.empty() || m_largestId < object.getID())) {
+            m_largestId = object.getID();
+            m_objects.push_back(&object);
+            return true;
         }
-    }
-    bool hasEqualIds() {
-        if (!std::is_sorted(m_objects.begin(), m_objects.end())) {
-            std::sort(m_objects.begin(), m_objects.end());
+        if (m_table.empty()) {
+            m_table.insert(m_objects.begin(), m_objects.end());
         }
-        const auto areEqual = [](const Entry& left, const Entry& right) {
-            return left.first == right.first && left.second != right.second;
-        };
-        return std::adjacent_find(m_objects.begin(), m_objects.end(), areEqual) != m_objects.end();
+        return m_table.insert(&object).second;
     }
+    /// Whether no two of the objects can have the same identifier.
+    bool areRising() const { return m_table.empty(); }
 
 private:
-    using Entry = std::pair<std::uint64_t, const Object*>;
-    std::vector<Entry> m_objects;
+    std::vector<const VrexBaseObject*> m_objects; ///< As long as they rise.
+    std::uint64_t m_largestId = 0;
+    boost::unordered_flat_set<const VrexBaseObject*> m_table;
+};
+
+/// Passes the variables that a constraint names to `take`, in order, repeats included.
+template <class Take>
+void forEachVariable(const VrexBaseConstraint& constraint, Take take) {
+    const auto takeVariable = [&](VrexBaseObject* object) {
+        if (object != nullptr && object->baseType() == VrexObjectType::Variable) {
+            take(*object);
+        }
+    };
+    if (const auto* const equation = asEquation(constraint)) {
+        // Not its geometries, which leave out what has the identifier of another.
+        for (const VrexVariableDescriptor& descriptor : equation->descriptors()) {
+            takeVariable(descriptor.object().get());
+        }
+    } else {
+        for (const auto& geometry : constraint.getGeometries()) {
+            takeVariable(geometry.get());
+        }
+    }
+}
+
+/// Whether two different objects have one identifier.
+class IdCheck {
+public:
+    void add(const std::vector<VrexBaseObject*>& list) {
+        for (const VrexBaseObject* object : list) {
+            const auto [entry, isNew] = m_objects.try_emplace(object->getID(), object);
+            m_equal = m_equal || (!isNew && entry->second != object);
+        }
+    }
+    bool hasEqualIds() const { return m_equal; }
+
+private:
+    boost::unordered_flat_map<std::uint64_t, const VrexBaseObject*> m_objects;
+    bool m_equal = false;
 };
 
 } // namespace
@@ -94,7 +121,8 @@ VrexStreamGraphEncoder::~VrexStreamGraphEncoder() { freeBuffer(m_buffer); }
 
 bool VrexStreamGraphEncoder::encodeConstraintGraph(const Geometries& geometries,
                                                    const Constraints& constraints) {
-    const std::vector objects{order(geometries, constraints)};
+    std::vector<VrexOrderedObjects> objects;
+    objects.push_back(order(geometries, constraints));
     adviseOfEqualIds(objects);
     return encodeInTwoPasses(
         [&](VrexStreamEncoder& encoder) { return encodeGraph(objects.front(), encoder); });
@@ -107,6 +135,7 @@ bool VrexStreamGraphEncoder::encodeConstraintGraphs(const Components& components
     std::vector<VrexOrderedObjects> objects;
     objects.reserve(present.size());
     for (const auto& component : present) {
+        // The component goes on holding what is in its lists.
         objects.push_back(order(component->getGeometries(), component->getConstraints()));
     }
     adviseOfEqualIds(objects);
@@ -145,39 +174,42 @@ bool VrexStreamGraphEncoder::encodeInTwoPasses(const std::function<bool(VrexStre
     return write(*getEncoder(&memory));
 }
 
-VrexStreamGraphEncoder::Geometries VrexStreamGraphEncoder::orderGeometries(const Geometries& list) {
-    return inDependencyOrder(list, dependenciesOf);
-}
-
-VrexStreamGraphEncoder::Constraints VrexStreamGraphEncoder::orderConstraints(const Constraints& list) {
-    return inDependencyOrder(list,
-                             [](VrexBaseConstraint& constraint) { return constraint.getConstraints(); });
-}
-
 VrexStreamGraphEncoder::VrexOrderedObjects VrexStreamGraphEncoder::order(const Geometries& geometries,
                                                                          const Constraints& constraints) {
-    VrexOrderedObjects ordered{orderGeometries(geometries), orderConstraints(constraints)};
-    Geometries variables;
-    for (const auto& constraint : ordered.constraints) {
-        appendVariables(*constraint, variables);
-    }
-    if (variables.empty()) {
-        return ordered;
-    }
-    boost::unordered_flat_set<const VrexBaseGeometry*> known;
-    for (const auto& geometry : ordered.geometries) {
-        if (isVariable(*geometry)) {
-            known.insert(geometry.get());
-        }
-    }
-    std::copy_if(variables.begin(), variables.end(), std::back_inserter(ordered.geometries),
-                 [&](const auto& variable) { return known.insert(variable.get()).second; });
+    VrexOrderedObjects ordered;
+    ordered.geometries.reserve(geometries.size());
+    ordered.constraints.reserve(constraints.size());
+    const auto keep = [&](auto parts) {
+        ordered.kept.insert(ordered.kept.end(), parts.begin(), parts.end());
+        return parts;
+    };
+    VisitedObjects visitedGeometries(geometries.size());
+    VisitedObjects visitedConstraints(constraints.size());
+    const auto enterGeometry = [&](VrexBaseObject& object) { return visitedGeometries.enter(object); };
+    walkInDependencyOrder(
+        geometries, [&](const VrexBaseGeometry& geometry) { return keep(dependenciesOf(geometry)); },
+        enterGeometry, [&](const auto& geometry) { ordered.geometries.push_back(geometry.get()); });
+    walkInDependencyOrder(
+        constraints, [&](VrexBaseConstraint& constraint) { return keep(constraint.getConstraints()); },
+        [&](VrexBaseObject& object) { return visitedConstraints.enter(object); },
+        [&](const auto& constraint) {
+            ordered.constraints.push_back(constraint.get());
+            forEachVariable(*constraint, [&](VrexBaseObject& variable) {
+                if (enterGeometry(variable)) {
+                    ordered.geometries.push_back(&variable);
+                }
+            });
+        });
+    ordered.hasRisingIds = visitedGeometries.areRising() && visitedConstraints.areRising();
     return ordered;
 }
 
 void VrexStreamGraphEncoder::adviseOfEqualIds(const std::vector<VrexOrderedObjects>& lists) {
-    IdCheck<VrexBaseGeometry> geometries;
-    IdCheck<VrexBaseConstraint> constraints;
+    if (lists.size() == 1 && lists.front().hasRisingIds) {
+        return;
+    }
+    IdCheck geometries;
+    IdCheck constraints;
     for (const VrexOrderedObjects& objects : lists) {
         geometries.add(objects.geometries);
         constraints.add(objects.constraints);

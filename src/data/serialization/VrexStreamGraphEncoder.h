@@ -9,6 +9,7 @@
 
 class VrexBaseConstraint;
 class VrexBaseGeometry;
+class VrexBaseObject;
 class VrexConnectedComponent;
 class VrexOutputStream;
 class VrexStreamEncoder;
@@ -53,10 +54,13 @@ public:
     void reset();
 
 protected:
-    /// The objects of one component in the order of the stream.
+    /// The objects of one component in the order of the stream, and what has to be kept while they are used:
+    /// those that none of the lists given holds.
     struct VrexOrderedObjects {
-        Geometries geometries;
-        Constraints constraints;
+        std::vector<VrexBaseObject*> geometries;
+        std::vector<VrexBaseObject*> constraints;
+        std::vector<std::shared_ptr<VrexBaseObject>> kept;
+        bool hasRisingIds = false; ///< Then all of them differ.
     };
 
     VrexStreamGraphEncoder();
@@ -70,9 +74,7 @@ protected:
     /// the first step that fails.
     bool encodeInTwoPasses(const std::function<bool(VrexStreamEncoder&)>& write);
 
-    static Geometries orderGeometries(const Geometries& list);
-    static Constraints orderConstraints(const Constraints& list);
-    /// Adds to the geometries the variables of the constraints that they lack.
+    /// The lists have to live as long as the result is used.
     static VrexOrderedObjects order(const Geometries& geometries, const Constraints& constraints);
     /// Warns, once, where different geometries, or different constraints, have equal identifiers.
     static void adviseOfEqualIds(const std::vector<VrexOrderedObjects>& lists);

@@ -37,28 +37,25 @@ using nsPacked::pack;
 
 namespace {
 
-/// Axis, then angle.
-auto packRotation(const VrexTransformation3DT<double>& transformation) {
-    return pack(transformation.getAxis(), transformation.getAngle());
+template <class Fields>
+void putRange(Fields& fields, const VrexParametricCurve3D& curve) {
+    fields.optional(curve.start());
+    fields.optional(curve.end());
 }
 
-/// Whether all links are there; the log tells of one that is not.
-template <class... Parts>
-bool areSet(const VrexBaseObject& object, const Parts&... parts) {
-    const bool areAllSet = ((parts != nullptr) && ...);
-    if (!areAllSet) {
-        VREX_LOG(nsLog::REFUSAL, "Object(%llu): a part is missing, and it cannot be encoded.",
-                 static_cast<unsigned long long>(object.getID()));
-    }
-    return areAllSet;
+/// The identifier of an object that has to be there.
+template <class Fields, class Object>
+void putLink(Fields& fields, const std::shared_ptr<Object>& object) {
+    fields.require([&] { return object != nullptr; });
+    fields.packed([&] { return pack(object->getID()); });
 }
 
 /// Identifiers of the points with their weights.
-bool writeControlPoints(VrexStreamEncoder& stream, const VrexGeometry3D& owner,
-                        const std::vector<VrexSpline3D::ControlPoint>& points) {
-    return stream.writeList(points, [&](const VrexSpline3D::ControlPoint& point) {
-        return areSet(owner, point.point) &&
-               stream.writePacked([&] { return pack(point.point->getID(), point.weight); });
+template <class Fields>
+void putControlPoints(Fields& fields, const std::vector<VrexSpline3D::ControlPoint>& points) {
+    fields.list(points, [&](const VrexSpline3D::ControlPoint& point) {
+        putLink(fields, point.point);
+        fields.values(point.weight);
     });
 }
 
@@ -80,160 +77,157 @@ void VrexObjectEncoder3D::visitExpressionEquation(VrexExpressionEquation& equati
     encodeExpressionEquation(equation);
 }
 
-/// The fields of the kind: those that `packFields` packs, then those that `writeFields` writes.
-template <class PackFields, class WriteFields>
-void VrexObjectEncoder3D::encodeGeometry(const VrexGeometry3D& geometry, PackFields packFields,
-                                         WriteFields writeFields) {
-    encode([&] {
-        return stream().writePacked([&] {
-            return pack(number(geometry.baseType()), number(geometry.type()), packFields());
-        }) && writeFields() &&
-               writeCommonFields(geometry);
+/// The fields of the kind are what `put` puts.
+template <class Put>
+void VrexObjectEncoder3D::encodeGeometry(const VrexGeometry3D& geometry, Put put) {
+    encode([&](auto& fields) {
+        fields.values(number(geometry.baseType()), number(geometry.type()));
+        put(fields);
+        putCommon(fields, geometry);
     });
 }
 
-template <class PackFields>
-void VrexObjectEncoder3D::encodeGeometry(const VrexGeometry3D& geometry, PackFields packFields) {
-    encodeGeometry(geometry, packFields, [] { return true; });
-}
-
-bool VrexObjectEncoder3D::writeRange(const VrexParametricCurve3D& curve) {
-    return stream().writeOptionalF64(curve.start()) && stream().writeOptionalF64(curve.end());
-}
-
 void VrexObjectEncoder3D::visitPoint3D(VrexPoint3D& point) {
-    encodeGeometry(point, [&] { return pack(point.getPosition()); });
+    encodeGeometry(point, [&](auto& fields) { fields.values(point.getPosition()); });
 }
 
 void VrexObjectEncoder3D::visitLine3D(VrexLine3D& line) {
-    encodeGeometry(line, [&] { return pack(line.getOrigin(), line.getDirection()); });
+    encodeGeometry(line, [&](auto& fields) {
+        fields.packed([&] { return pack(line.getOrigin(), line.getDirection()); });
+    });
 }
 
 void VrexObjectEncoder3D::visitPlane3D(VrexPlane3D& plane) {
-    encodeGeometry(plane, [&] { return pack(plane.getOrigin(), plane.getNormal()); });
+    encodeGeometry(plane, [&](auto& fields) {
+        fields.packed([&] { return pack(plane.getOrigin(), plane.getNormal()); });
+    });
 }
 
 void VrexObjectEncoder3D::visitCircle3D(VrexCircle3D& circle) {
-    encodeGeometry(
-        circle, [&] { return pack(circle.getCenter(), circle.getNormal(), circle.getRadius()); },
-        [&] { return writeRange(circle); });
+    encodeGeometry(circle, [&](auto& fields) {
+        fields.packed([&] { return pack(circle.getCenter(), circle.getNormal(), circle.getRadius()); });
+        putRange(fields, circle);
+    });
 }
 
 void VrexObjectEncoder3D::visitEllipse3D(VrexEllipse3D& ellipse) {
-    encodeGeometry(
-        ellipse,
-        [&] {
+    encodeGeometry(ellipse, [&](auto& fields) {
+        fields.packed([&] {
             return pack(ellipse.getCenter(), ellipse.getNormal(), ellipse.getDirection(),
                         ellipse.getMajorRadius(), ellipse.getMinorRadius());
-        },
-        [&] { return writeRange(ellipse); });
+        });
+        putRange(fields, ellipse);
+    });
 }
 
 void VrexObjectEncoder3D::visitCylinder3D(VrexCylinder3D& cylinder) {
-    encodeGeometry(cylinder,
-                   [&] { return pack(cylinder.getOrigin(), cylinder.getDirection(), cylinder.getRadius()); });
+    encodeGeometry(cylinder, [&](auto& fields) {
+        fields.packed(
+            [&] { return pack(cylinder.getOrigin(), cylinder.getDirection(), cylinder.getRadius()); });
+    });
 }
 
 void VrexObjectEncoder3D::visitCone3D(VrexCone3D& cone) {
-    encodeGeometry(cone, [&] { return pack(cone.getOrigin(), cone.getDirection(), cone.getAperture()); });
+    encodeGeometry(cone, [&](auto& fields) {
+        fields.packed([&] { return pack(cone.getOrigin(), cone.getDirection(), cone.getAperture()); });
+    });
 }
 
 void VrexObjectEncoder3D::visitSphere3D(VrexSphere3D& sphere) {
-    encodeGeometry(sphere, [&] { return pack(sphere.getCenter(), sphere.getRadius()); });
+    encodeGeometry(sphere, [&](auto& fields) { fields.values(sphere.getCenter(), sphere.getRadius()); });
 }
 
 void VrexObjectEncoder3D::visitTorus3D(VrexTorus3D& torus) {
-    encodeGeometry(torus, [&] {
-        return pack(torus.getCenter(), torus.getNormal(), torus.getMajorRadius(), torus.getMinorRadius());
+    encodeGeometry(torus, [&](auto& fields) {
+        fields.packed([&] {
+            return pack(torus.getCenter(), torus.getNormal(), torus.getMajorRadius(), torus.getMinorRadius());
+        });
     });
 }
 
 void VrexObjectEncoder3D::visitRigidSet3D(VrexRigidSet3D& set) {
-    encodeGeometry(
-        set, [&] { return pack(set.getOrigin(), packRotation(set.getTransformation())); },
-        [&] { return stream().writeIdList(set.geometries()); });
+    encodeGeometry(set, [&](auto& fields) {
+        fields.packed([&] { return pack(set.getOrigin(), set.getAxis(), set.getAngle()); });
+        fields.ids(set.geometries());
+    });
 }
 
 void VrexObjectEncoder3D::visitConnector3D(VrexConnector3D& connector) {
-    encodeGeometry(connector, [&] {
-        const auto& set = connector.getRigidSet();
-        // No set has the identifier 0, which stands for none.
-        return pack(set != nullptr ? set->getID() : 0, connector.getOrigin(),
-                    packRotation(connector.getTransformation()));
+    encodeGeometry(connector, [&](auto& fields) {
+        fields.packed([&] {
+            const auto& set = connector.getRigidSet();
+            const auto& frame = connector.getTransformation();
+            // 0 stands for none.
+            return pack(set != nullptr ? set->getID() : 0, frame.getTranslation(), frame.getAxis(),
+                        frame.getAngle());
+        });
     });
 }
 
 void VrexObjectEncoder3D::visitNURBSSurface3D(VrexNURBSSurface3D& surface) {
-    encodeGeometry(
-        surface, [&] { return pack(number(surface.uDegree()), number(surface.vDegree())); },
-        [&] {
-            return stream().writeF64List(surface.uKnots()) && stream().writeF64List(surface.vKnots()) &&
-                   stream().writeList(surface.controlPoints(), [&](const auto& row) {
-                       return writeControlPoints(stream(), surface, row);
-                   });
-        });
+    encodeGeometry(surface, [&](auto& fields) {
+        fields.values(number(surface.uDegree()), number(surface.vDegree()));
+        fields.numbers(surface.uKnots());
+        fields.numbers(surface.vKnots());
+        fields.list(surface.controlPoints(), [&](const auto& row) { putControlPoints(fields, row); });
+    });
 }
 
 void VrexObjectEncoder3D::visitSpline3D(VrexSpline3D& spline) {
-    encodeGeometry(
-        spline, [&] { return pack(number(spline.degree())); },
-        [&] {
-            return stream().writeF64List(spline.knots()) && stream().writeBool(spline.periodic()) &&
-                   writeControlPoints(stream(), spline, spline.controlPoints()) &&
-                   stream().writeIdList(spline.getInterpolatedPoints()) &&
-                   stream().writeF64List(spline.getInterpolatedParameters()) && writeRange(spline);
-        });
+    encodeGeometry(spline, [&](auto& fields) {
+        fields.values(number(spline.degree()));
+        fields.numbers(spline.knots());
+        fields.values(spline.periodic());
+        putControlPoints(fields, spline.controlPoints());
+        fields.ids(spline.getInterpolatedPoints());
+        fields.numbers(spline.getInterpolatedParameters());
+        putRange(fields, spline);
+    });
 }
 
 void VrexObjectEncoder3D::visitSpinSurface3D(VrexSpinSurface3D& surface) {
-    if (!areSet(surface, surface.getAxisLine(), surface.getProfileCurve())) {
-        return setDone(false);
-    }
-    encodeGeometry(surface,
-                   [&] { return pack(surface.getAxisLine()->getID(), surface.getProfileCurve()->getID()); });
+    encodeGeometry(surface, [&](auto& fields) {
+        putLink(fields, surface.getAxisLine());
+        putLink(fields, surface.getProfileCurve());
+    });
 }
 
 void VrexObjectEncoder3D::visitSweepSurface3D(VrexSweepSurface3D& surface) {
-    if (!areSet(surface, surface.getProfileCurve(), surface.getTrajectoryLine())) {
-        return setDone(false);
-    }
-    encodeGeometry(
-        surface,
-        [&] { return pack(surface.getProfileCurve()->getID(), surface.getTrajectoryLine()->getID()); },
-        [&] {
-            return stream().writeOptionalF64(surface.startV()) && stream().writeOptionalF64(surface.endV());
-        });
+    encodeGeometry(surface, [&](auto& fields) {
+        putLink(fields, surface.getProfileCurve());
+        putLink(fields, surface.getTrajectoryLine());
+        fields.optional(surface.startV());
+        fields.optional(surface.endV());
+    });
 }
 
 void VrexObjectEncoder3D::visitEvaluatedCurve3D(VrexEvaluatedCurve3D& curve) {
-    encodeGeometry(
-        curve,
-        [&] {
+    encodeGeometry(curve, [&](auto& fields) {
+        fields.packed([&] {
             const VrexTransformation3DT<double> frame(curve.getOrigin(), curve.getRotation());
             // Kept: the angle stands before the axis here.
             return pack(frame.getTranslation(), frame.getAngle(), frame.getAxis());
-        },
-        [&] {
-            return stream().writeString(curve.getX()) && stream().writeString(curve.getY()) &&
-                   stream().writeString(curve.getZ()) && stream().writeDescriptorList(curve.descriptors()) &&
-                   writeRange(curve);
         });
+        fields.string(curve.getX());
+        fields.string(curve.getY());
+        fields.string(curve.getZ());
+        fields.descriptors(curve.descriptors());
+        putRange(fields, curve);
+    });
 }
 
 void VrexObjectEncoder3D::visitPattern3D(VrexPattern3D& pattern) {
-    if (!areSet(pattern, pattern.getAxisLine())) {
-        return setDone(false);
-    }
-    encodeGeometry(pattern, [&] {
-        return pack(number(pattern.getPatternType()), pattern.getAxisLine()->getID(), pattern.getValue());
+    encodeGeometry(pattern, [&](auto& fields) {
+        fields.values(number(pattern.getPatternType()));
+        putLink(fields, pattern.getAxisLine());
+        fields.values(pattern.getValue());
     });
 }
 
 void VrexObjectEncoder3D::visitArrayPattern3D(VrexArrayPattern3D& pattern) {
-    encodeGeometry(
-        pattern, [] { return pack(); }, [&] { return stream().writeIdList(pattern.getPatterns()); });
+    encodeGeometry(pattern, [&](auto& fields) { fields.ids(pattern.getPatterns()); });
 }
 
 void VrexObjectEncoder3D::visitEqualDimensionElement3D(VrexEqualDimensionElement3D& element) {
-    encodeGeometry(element, [&] { return pack(element.getValue()); });
+    encodeGeometry(element, [&](auto& fields) { fields.values(element.getValue()); });
 }

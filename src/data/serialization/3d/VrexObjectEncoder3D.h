@@ -59,21 +59,14 @@ public:
     void visitVariableFixation3D(VrexVariableFixation3D& fixation) override;
 
 private:
-    template <class PackFields>
-    void encodeGeometry(const VrexGeometry3D& geometry, PackFields packFields);
-    template <class PackFields, class WriteFields>
-    void encodeGeometry(const VrexGeometry3D& geometry, PackFields packFields, WriteFields writeFields);
-    bool writeRange(const VrexParametricCurve3D& curve);
-
-    template <class WriteFields, class WriteTail>
-    void encodeConstraint(const VrexConstraint3D& constraint, VrexObjectType arguments,
-                          WriteFields writeFields, WriteTail writeTail);
-    template <class WriteFields>
-    void encodeConstraint(const VrexConstraint3D& constraint, WriteFields writeFields);
-    template <class WriteFields>
-    void encodeDimension(const VrexDimension3D& dimension, WriteFields writeFields);
+    template <class Put>
+    void encodeGeometry(const VrexGeometry3D& geometry, Put put);
+    template <class Put, class PutTail>
+    void encodeConstraint(const VrexConstraint3D& constraint, VrexObjectType arguments, Put put,
+                          PutTail putTail);
+    template <class Put>
+    void encodeConstraint(const VrexConstraint3D& constraint, Put put);
+    template <class Put>
+    void encodeDimension(const VrexDimension3D& dimension, Put put);
     void encodeBinding(const VrexConstraint3D& constraint);
-    bool writeHelpValues(const VrexConstraint3D& constraint);
-    bool writeDimensionTail(const VrexDimension3D& dimension);
-    bool writeMateTail(const VrexMate3D& mate);
 };

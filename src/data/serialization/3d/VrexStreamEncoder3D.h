@@ -13,9 +13,11 @@ public:
     ~VrexStreamEncoder3D() override;
 
     /// False for null, for an object that `VrexObjectEncoder3D` cannot write, and where the output refuses;
-    /// then, as when it throws what the encoder throws, the blocks that the object opened are given up.
+    /// then, as when it throws what that throws, nothing of the object is written.
     bool encodeObject(const std::shared_ptr<VrexBaseObject>& object) override;
 
 private:
+    bool encodeHeldObject(VrexBaseObject& object) override;
+
     VrexObjectEncoder3D m_objects;
 };

@@ -8,34 +8,34 @@
 #include "data/VrexBaseGeometry.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "data/serialization/3d/VrexStreamEncoder3D.h"
-#include "data/serialization/VrexPackedBytes.h"
-
-using nsPacked::number;
-using nsPacked::pack;
 
 namespace {
 
-/// A block of one block a record, which is that of an entity.
-template <class Record, class PackRecord>
-bool writeRecords(VrexStreamEncoder& encoder, const std::vector<Record>& records, PackRecord packRecord) {
-    return encoder.writeListOf(
-        records, [](const Record& record) { return record.geometry != nullptr; },
-        [&](const Record& record) {
-            return encoder.beginBlock() && encoder.writePacked([&] { return packRecord(record); }) &&
-                   encoder.endBlock();
+/// A block of one block a record: the entity, and what `put` puts of it.
+template <class Record, class Put>
+bool writeRecords(VrexStreamEncoder& encoder, const std::vector<Record>& records, Put put) {
+    return encoder.writeFields([&](auto& fields) {
+        fields.list(records, [&](const Record& record) {
+            if (record.geometry != nullptr) {
+                fields.block([&] {
+                    fields.packed([&] { return nsPacked::pack(record.geometry->getID()); });
+                    put(fields, record);
+                });
+            }
         });
+    });
 }
 
-bool writeDragData(VrexStreamEncoder& encoder, const VrexStreamGraphEncoder::Geometries& geometries,
+bool writeDragData(VrexStreamEncoder& encoder, const std::vector<VrexBaseObject*>& geometries,
                    const VrexTransform3D& transform) {
     return encoder.beginBlock() && encoder.writeObjectList(geometries) &&
            writeRecords(encoder, transform.transformations(),
-                        [](const VrexDragTransform3D& record) {
-                            return pack(record.geometry->getID(), record.matrix.transformation());
+                        [](auto& fields, const VrexDragTransform3D& record) {
+                            fields.values(record.matrix.transformation());
                         }) &&
            writeRecords(encoder, transform.transformParameters(),
-                        [](const VrexDragParameter3D& record) {
-                            return pack(record.geometry->getID(), record.value, number(record.type));
+                        [](auto& fields, const VrexDragParameter3D& record) {
+                            fields.values(record.value, nsPacked::number(record.type));
                         }) &&
            encoder.endBlock();
 }
@@ -61,15 +61,16 @@ bool VrexStreamGraphEncoder3D::encodeGeometriesDOF(
 
 bool VrexStreamGraphEncoder3D::encodeDragData(const Geometries& geometries,
                                               const VrexTransform3D& transform) {
-    const std::vector objects{order(geometries, {})};
+    std::vector<VrexOrderedObjects> objects;
+    objects.push_back(order(geometries, {}));
     adviseOfEqualIds(objects);
     return encodeInTwoPasses([&](VrexStreamEncoder& encoder) {
         return encodeDragGraph(objects.front().geometries, transform, encoder);
     });
 }
 
-bool VrexStreamGraphEncoder3D::encodeDragGraph(const Geometries& geometries, const VrexTransform3D& transform,
-                                               VrexStreamEncoder& encoder) {
+bool VrexStreamGraphEncoder3D::encodeDragGraph(const std::vector<VrexBaseObject*>& geometries,
+                                               const VrexTransform3D& transform, VrexStreamEncoder& encoder) {
     const std::size_t openBlocks = encoder.openBlocks();
     if (!writeDragData(encoder, geometries, transform)) {
         encoder.unwindBlocks(openBlocks);

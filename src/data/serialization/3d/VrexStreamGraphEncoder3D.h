@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "data/VrexExport.h"
 #include "data/serialization/VrexStreamGraphEncoder.h"
@@ -27,6 +28,6 @@ public:
 
 protected:
     /// Kept: true, whether the encoder refuses or not.
-    bool encodeDragGraph(const Geometries& geometries, const VrexTransform3D& transform,
+    bool encodeDragGraph(const std::vector<VrexBaseObject*>& geometries, const VrexTransform3D& transform,
                          VrexStreamEncoder& encoder);
 };

@@ -13,7 +13,7 @@
 #include "data/constraint/equation/VrexExpressionEquation.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "data/serialization/VrexStreamDecoder.h"
-#include "data/serialization/VrexStreamFields.h"
+#include "data/serialization/VrexStreamReading.h"
 
 namespace {
 
@@ -63,11 +63,6 @@ std::shared_ptr<VrexBaseEquation> readExpressionEquation(VrexStreamDecoder& stre
     return equation;
 }
 
-[[noreturn]] void raiseUnknownKind() {
-    nsLog::writeFailure(VREX_HERE, __PRETTY_FUNCTION__, std::bad_optional_access().what());
-    throw std::bad_optional_access();
-}
-
 } // namespace
 
 VrexObjectDecoder::~VrexObjectDecoder() = default;
@@ -87,13 +82,14 @@ std::shared_ptr<VrexBaseObject> VrexObjectDecoder::decode() {
     case VrexObjectType::Variable:
         return decodeVariable();
     }
-    raiseUnknownKind();
+    nsLog::writeFailure(VREX_HERE, __PRETTY_FUNCTION__, std::bad_optional_access().what());
+    throw std::bad_optional_access();
 }
 
 std::shared_ptr<VrexBaseObject> VrexObjectDecoder::decodeEquation() {
     bool isCallback = false;
     VrexEquationConditionType condition{};
-    if (!stream().readBool(isCallback) || !nsStreamFields::readKnown(stream(), condition)) {
+    if (!stream().readBool(isCallback) || !nsStreamReading::readKnown(stream(), condition)) {
         return nullptr;
     }
     const auto read = isCallback ? readCallbackEquation : readExpressionEquation;

@@ -36,7 +36,8 @@ auto pack(const Values&... values) {
 /// value to be unpacked.
 template <class... Values>
 constexpr std::uint32_t sizeOf() {
-    static_assert(((SIZE<Values> == sizeof(Values) || std::is_enum_v<Values>)&&...), "values without padding");
+    static_assert(((SIZE<Values> == sizeof(Values) || std::is_enum_v<Values>)&&...),
+                  "values without padding");
     static_assert((!std::is_same_v<Values, bool> && ...), "not every byte is a bool");
     return static_cast<std::uint32_t>((sizeof(Values) + ...));
 }

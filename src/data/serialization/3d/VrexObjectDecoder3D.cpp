@@ -9,7 +9,7 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "data/serialization/VrexStreamDecoder.h"
-#include "data/serialization/VrexStreamFields.h"
+#include "data/serialization/VrexStreamReading.h"
 
 namespace {
 
@@ -42,7 +42,7 @@ bool readDimensionTail(VrexStreamDecoder& stream, VrexDimension3D& dimension) {
     std::shared_ptr<VrexGeometryVariable> variable;
     VrexDimensionLimits limits;
     const auto readVariable = [&] {
-        return stream.isAtEnd() || nsStreamFields::readReference(stream, variable);
+        return stream.isAtEnd() || nsStreamReading::readReference(stream, variable);
     };
     if (!stream.readF64(value) || !stream.readBool(isRigid) || !stream.readBlock(readVariable) ||
         !readLimits(stream, limits)) {

@@ -54,12 +54,12 @@
 #include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "data/serialization/VrexStreamFields.h"
+#include "data/serialization/VrexStreamReading.h"
 
 namespace {
 
-using nsStreamFields::readKnown;
-using nsStreamFields::readReferenceList;
+using nsStreamReading::readKnown;
+using nsStreamReading::readReferenceList;
 
 using Stream = VrexStreamDecoder;
 using Made = std::shared_ptr<VrexConstraint3D>;
@@ -91,7 +91,9 @@ template <class... Geometry, class Create>
 Made readWith(Stream& stream, const Create& create) {
     std::tuple<Pointer<Geometry>...> arguments;
     Components components{};
-    const auto readArguments = [&](auto&... each) { return nsStreamFields::readReferences(stream, each...); };
+    const auto readArguments = [&](auto&... each) {
+        return nsStreamReading::readReferences(stream, each...);
+    };
     if (!std::apply(readArguments, arguments) || !readComponents(stream, components)) {
         return nullptr;
     }
@@ -212,7 +214,7 @@ Made readEqualParameter(Stream& stream) {
         Pointer<VrexConstraint3D> first;
         Pointer<VrexConstraint3D> second;
         std::array<int, 4> indices{};
-        if (!nsStreamFields::readReferences(stream, first, second) || !stream.readPacked(indices)) {
+        if (!nsStreamReading::readReferences(stream, first, second) || !stream.readPacked(indices)) {
             return nullptr;
         }
         auto equality = VrexEqualParameter3D::create(geometry, first, second);
@@ -238,7 +240,7 @@ Made readMateDimensionInterval(Stream& stream) {
     Pointer<VrexGeometryVariable> variable;
     Components components{};
     const auto readVariable = [&] {
-        return stream.isAtEnd() || nsStreamFields::readReference(stream, variable);
+        return stream.isAtEnd() || nsStreamReading::readReference(stream, variable);
     };
     if (!stream.readBlock(readVariable) || !readComponents(stream, components)) {
         return nullptr;

@@ -30,12 +30,12 @@
 #include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
-#include "data/serialization/VrexStreamFields.h"
+#include "data/serialization/VrexStreamReading.h"
 
 namespace {
 
-using nsStreamFields::readReference;
-using nsStreamFields::readReferenceList;
+using nsStreamReading::readReference;
+using nsStreamReading::readReferenceList;
 
 using Stream = VrexStreamDecoder;
 using Vector = VrexVector3DT<double>;
@@ -97,7 +97,7 @@ Made readConnector(Stream& stream) {
     if (!stream.readPacked(id, translation, axis, angle)) {
         return nullptr;
     }
-    auto set = id == 0 ? nullptr : nsStreamFields::find<VrexRigidSet3D>(stream, id);
+    auto set = id == 0 ? nullptr : nsStreamReading::find<VrexRigidSet3D>(stream, id);
     if (id != 0 && set == nullptr) {
         return nullptr;
     }
@@ -183,7 +183,7 @@ Made readPattern(Stream& stream) {
     VrexPattern3DType type{};
     std::shared_ptr<VrexLine3D> axis;
     double value = 0.0;
-    return nsStreamFields::readKnown(stream, type) && readReference(stream, axis) && stream.readF64(value)
+    return nsStreamReading::readKnown(stream, type) && readReference(stream, axis) && stream.readF64(value)
                ? VrexPattern3D::create(type, axis, value)
                : nullptr;
 }

@@ -3,14 +3,14 @@
 #include "data/3d/VrexTransform3D.h"
 #include "data/VrexLog.h"
 #include "data/serialization/3d/VrexStreamDecoder3D.h"
-#include "data/serialization/VrexStreamFields.h"
+#include "data/serialization/VrexStreamReading.h"
 
 namespace {
 
 bool decodeTransform(VrexStreamDecoder& decoder, VrexTransform3D& transform) {
     std::shared_ptr<VrexGeometry3D> geometry;
     VrexTransformMatrix3D matrix;
-    if (!nsStreamFields::readReference(decoder, geometry) || !decoder.readPacked(matrix.transformation())) {
+    if (!nsStreamReading::readReference(decoder, geometry) || !decoder.readPacked(matrix.transformation())) {
         return false;
     }
     if (!transform.applyTransformation(geometry, matrix)) {
@@ -24,7 +24,7 @@ bool decodeDragParameter(VrexStreamDecoder& decoder, VrexTransform3D& transform)
     std::shared_ptr<VrexGeometry3D> geometry;
     double value = 0.0;
     VrexDragParameter3DType type{};
-    return nsStreamFields::readReference(decoder, geometry) && decoder.readPacked(value, type) &&
+    return nsStreamReading::readReference(decoder, geometry) && decoder.readPacked(value, type) &&
            transform.applyTransformParameters(geometry, type, value);
 }
 

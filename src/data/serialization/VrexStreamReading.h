@@ -13,7 +13,7 @@
 #include "data/serialization/VrexStreamDecoder.h"
 
 /// Hidden: fields of objects in a stream, and what they refer to.
-namespace nsStreamFields {
+namespace nsStreamReading {
 
 /// An enumerator; false outside its table.
 template <class E>
@@ -70,4 +70,4 @@ bool readReferenceList(VrexStreamDecoder& stream, std::vector<std::shared_ptr<Ta
     return stream.readList([&] { return readReference(stream, out.emplace_back()); });
 }
 
-} // namespace nsStreamFields
+} // namespace nsStreamReading

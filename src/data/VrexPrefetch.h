@@ -2,21 +2,41 @@
 
 #include <cstddef>
 #include <memory>
+#include <type_traits>
 
-/// Hidden: for walks over many objects, each of which lies somewhere else.
+#include "data/VrexBaseConstraint.h"
+
+/// Hidden: for walks over many objects, each of which lies somewhere else in memory. What a walk comes to a
+/// few steps later is asked for ahead, so that it need not wait there.
 namespace nsPrefetch {
 
-/// Asks for the object that the walk over a list of pointers comes to a few steps after `place`, so that it
-/// need not wait for it there. Its first lines suffice: they hold what is common to all objects.
-template <class List>
-void ahead(const List& list, std::size_t place) {
-    constexpr std::size_t STEPS = 6;
+/// How many steps ahead an object is asked for, then the list of what a constraint binds, then that.
+constexpr std::size_t OBJECT = 8;
+constexpr std::size_t LIST = 4;
+constexpr std::size_t BOUND = 2;
+
+/// The first lines of an object; they hold what is common to all objects.
+inline void lines(const void* object) {
     constexpr std::size_t LINE = 64;
     constexpr std::size_t LINES = 4;
-    if (place + STEPS < list.size()) {
-        const auto* const object = reinterpret_cast<const char*>(std::to_address(list[place + STEPS]));
-        for (std::size_t line = 0; line < LINES; ++line) {
-            __builtin_prefetch(object + line * LINE);
+    for (std::size_t i = 0; i < LINES; ++i) {
+        __builtin_prefetch(static_cast<const char*>(object) + i * LINE);
+    }
+}
+
+/// What the walk over a list of pointers comes to after `place`; constraints with what they bind.
+template <class Pointers>
+void ahead(const Pointers& list, std::size_t place) {
+    using Object = typename std::pointer_traits<typename Pointers::value_type>::element_type;
+    if (place + OBJECT < list.size()) {
+        lines(std::to_address(list[place + OBJECT]));
+    }
+    if constexpr (std::is_base_of_v<VrexBaseConstraint, Object>) {
+        if (place + LIST < list.size() && list[place + LIST] != nullptr && list[place + BOUND] != nullptr) {
+            __builtin_prefetch(list[place + LIST]->getGeometries().data());
+            for (const auto& geometry : list[place + BOUND]->getGeometries()) {
+                __builtin_prefetch(geometry.get());
+            }
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "data/VrexBaseGeometry.h"
 #include "data/VrexPrefetch.h"
 #include "data/serialization/VrexOutputStream.h"
 
@@ -105,14 +106,18 @@ bool VrexStreamEncoder::writeDescriptorList(const std::vector<VrexVariableDescri
     return writeFields([&](auto& fields) { fields.descriptors(list); });
 }
 
-bool VrexStreamEncoder::writeObjectList(const std::vector<VrexBaseObject*>& objects) {
-    if (objects.empty()) {
-        return writeEmptyBlock();
-    }
-    bool isWritten = beginBlock();
-    for (std::size_t i = 0; isWritten && i < objects.size(); ++i) {
-        nsPrefetch::ahead(objects, i);
-        isWritten = encodeHeldObject(*objects[i]);
-    }
-    return isWritten && endBlock();
+bool VrexStreamEncoder::writeObjectList(const std::vector<VrexBaseGeometry*>& objects) {
+    std::size_t place = 0;
+    return writeList(objects, [&](VrexBaseGeometry* geometry) {
+        nsPrefetch::ahead(objects, place++);
+        return encodeHeldObject(*geometry);
+    });
+}
+
+bool VrexStreamEncoder::writeObjectList(const std::vector<VrexBaseConstraint*>& objects) {
+    std::size_t place = 0;
+    return writeList(objects, [&](VrexBaseConstraint* constraint) {
+        nsPrefetch::ahead(objects, place++);
+        return encodeHeldObject(*constraint);
+    });
 }

@@ -16,6 +16,8 @@
 #include "data/serialization/VrexOutputMemory.h"
 #include "data/serialization/VrexStreamFieldsT.h"
 
+class VrexBaseConstraint;
+class VrexBaseGeometry;
 class VrexBaseObject;
 class VrexVariableDescriptor;
 
@@ -36,6 +38,8 @@ public:
     virtual ~VrexStreamEncoder();
     /// Writes one object as a block.
     virtual bool encodeObject(const std::shared_ptr<VrexBaseObject>& object) = 0;
+    /// The same, and by default through it, for an object that the caller holds meanwhile.
+    virtual bool encodeHeldObject(VrexBaseObject& object);
 
     bool writeTag();
     bool writeU32(std::uint32_t value);
@@ -78,17 +82,16 @@ public:
     bool writeDescriptorList(const std::vector<VrexVariableDescriptor>& list);
     template <class Object>
     bool writeObjectList(const std::vector<std::shared_ptr<Object>>& objects) {
-        std::vector<VrexBaseObject*> present;
-        present.reserve(objects.size());
-        for (const auto& object : objects) {
-            if (object != nullptr) {
-                present.push_back(object.get());
-            }
+        const auto isNull = [](const auto& object) { return object == nullptr; };
+        if (std::all_of(objects.begin(), objects.end(), isNull)) {
+            return writeEmptyBlock();
         }
-        return writeObjectList(present);
+        return writeList(objects,
+                         [&](const auto& object) { return isNull(object) || encodeHeldObject(*object); });
     }
     /// Of objects that the caller holds, none of them null.
-    bool writeObjectList(const std::vector<VrexBaseObject*>& objects);
+    bool writeObjectList(const std::vector<VrexBaseGeometry*>& objects);
+    bool writeObjectList(const std::vector<VrexBaseConstraint*>& objects);
     /// A block of what `writeElement` makes of each element; the empty block for an empty list.
     template <class List, class WriteElement>
     bool writeList(const List& list, WriteElement writeElement) {
@@ -99,9 +102,6 @@ public:
     }
 
 private:
-    /// As `encodeObject`, which it calls, for an object that the caller holds.
-    virtual bool encodeHeldObject(VrexBaseObject& object);
-
     /// A few values.
     template <class... Values>
     bool write(const Values&... values) {

@@ -24,15 +24,7 @@
 namespace {
 
 using Geometries = VrexStreamGraphEncoder::Geometries;
-using Components = VrexStreamGraphEncoder::Components;
-
-/// What has to stand before the geometry: what it is built on, then the variables that it depends on.
-Geometries dependenciesOf(const VrexBaseGeometry& geometry) {
-    Geometries dependencies = geometry.getGeometries();
-    const auto variables = geometry.getVariables();
-    dependencies.insert(dependencies.end(), variables.begin(), variables.end());
-    return dependencies;
-}
+using Constraints = VrexStreamGraphEncoder::Constraints;
 
 /// Null for what is none.
 const VrexBaseEquation* asEquation(const VrexBaseConstraint& constraint) {
@@ -47,18 +39,17 @@ class VisitedObjects {
 public:
     explicit VisitedObjects(std::size_t count) { m_objects.reserve(count); }
     /// False for an object that was there.
-    bool enter(VrexBaseObject& object) {
-        if (m_table.empty() && (m_objects.empty() || m_largestId < object.getID())) {
+    bool enter(const VrexBaseObject& object) {
+        if (areRising() && (m_objects.empty() || m_largestId < object.getID())) {
             m_largestId = object.getID();
             m_objects.push_back(&object);
             return true;
         }
-        if (m_table.empty()) {
+        if (areRising()) {
             m_table.insert(m_objects.begin(), m_objects.end());
         }
         return m_table.insert(&object).second;
     }
-    /// Whether no two of the objects can have the same identifier.
     bool areRising() const { return m_table.empty(); }
 
 private:
@@ -67,30 +58,82 @@ private:
     boost::unordered_flat_set<const VrexBaseObject*> m_table;
 };
 
-/// Passes the variables that a constraint names to `take`, in order, repeats included.
-template <class Take>
-void forEachVariable(const VrexBaseConstraint& constraint, Take take) {
-    const auto takeVariable = [&](VrexBaseObject* object) {
-        if (object != nullptr && object->baseType() == VrexObjectType::Variable) {
-            take(*object);
-        }
-    };
-    if (const auto* const equation = asEquation(constraint)) {
-        // Not its geometries, which leave out what has the identifier of another.
-        for (const VrexVariableDescriptor& descriptor : equation->descriptors()) {
-            takeVariable(descriptor.object().get());
-        }
-    } else {
-        for (const auto& geometry : constraint.getGeometries()) {
-            takeVariable(geometry.get());
-        }
+/// Makes the order of one component.
+class Ordering {
+public:
+    using Objects = VrexStreamGraphEncoder::VrexOrderedObjects;
+
+    Ordering(VrexStreamEncoder* measuring, Objects& out, std::size_t geometries, std::size_t constraints)
+        : m_measuring(measuring), m_out(out), m_geometries(geometries), m_constraints(constraints) {
+        out.geometries.reserve(geometries);
+        out.constraints.reserve(constraints);
     }
-}
+
+    bool areIdsRising() const { return m_geometries.areRising() && m_constraints.areRising(); }
+
+    /// What a geometry is built on stands before it, then the variables that it depends on.
+    bool addGeometries(const Geometries& list) {
+        return walkInDependencyOrder(
+            list,
+            [&](const VrexBaseGeometry& geometry) {
+                Geometries parts = geometry.getGeometries();
+                const auto variables = geometry.getVariables();
+                parts.insert(parts.end(), variables.begin(), variables.end());
+                return kept(std::move(parts));
+            },
+            [&](const VrexBaseGeometry& geometry) { return m_geometries.enter(geometry); },
+            [&](const auto& geometry) { return put(*geometry, m_out.geometries); });
+    }
+    bool addConstraints(const Constraints& list) {
+        return walkInDependencyOrder(
+            list, [&](VrexBaseConstraint& constraint) { return kept(constraint.getConstraints()); },
+            [&](const VrexBaseConstraint& constraint) { return m_constraints.enter(constraint); },
+            [&](const auto& constraint) {
+                return put(*constraint, m_out.constraints) && addVariables(*constraint);
+            });
+    }
+
+private:
+    template <class Object>
+    std::vector<std::shared_ptr<Object>> kept(std::vector<std::shared_ptr<Object>> parts) {
+        m_out.kept.insert(m_out.kept.end(), parts.begin(), parts.end());
+        return parts;
+    }
+    template <class Object>
+    bool put(Object& object, std::vector<Object*>& list) {
+        list.push_back(&object);
+        return m_measuring == nullptr || m_measuring->encodeHeldObject(object);
+    }
+    /// Those of the constraint that are not there yet.
+    bool addVariables(const VrexBaseConstraint& constraint) {
+        if (const auto* const equation = asEquation(constraint)) {
+            // Not its geometries, which leave out what has the identifier of another.
+            const auto& descriptors = equation->descriptors();
+            return std::all_of(descriptors.begin(), descriptors.end(), [&](const auto& descriptor) {
+                return addVariable(dynamic_cast<VrexBaseGeometry*>(descriptor.object().get()));
+            });
+        }
+        const auto& geometries = constraint.getGeometries();
+        return std::all_of(geometries.begin(), geometries.end(),
+                           [&](const auto& geometry) { return addVariable(geometry.get()); });
+    }
+    bool addVariable(VrexBaseGeometry* geometry) {
+        const bool isMissing = geometry != nullptr && geometry->baseType() == VrexObjectType::Variable &&
+                               m_geometries.enter(*geometry);
+        return !isMissing || put(*geometry, m_out.geometries);
+    }
+
+    VrexStreamEncoder* m_measuring;
+    Objects& m_out;
+    VisitedObjects m_geometries;
+    VisitedObjects m_constraints;
+};
 
 /// Whether two different objects have one identifier.
 class IdCheck {
 public:
-    void add(const std::vector<VrexBaseObject*>& list) {
+    template <class Object>
+    void add(const std::vector<Object*>& list) {
         for (const VrexBaseObject* object : list) {
             const auto [entry, isNew] = m_objects.try_emplace(object->getID(), object);
             m_equal = m_equal || (!isNew && entry->second != object);
@@ -121,26 +164,39 @@ VrexStreamGraphEncoder::~VrexStreamGraphEncoder() { freeBuffer(m_buffer); }
 
 bool VrexStreamGraphEncoder::encodeConstraintGraph(const Geometries& geometries,
                                                    const Constraints& constraints) {
-    std::vector<VrexOrderedObjects> objects;
-    objects.push_back(order(geometries, constraints));
+    VrexOutputLength length;
+    const auto measuring = getEncoder(&length);
+    std::vector<VrexOrderedObjects> objects(1);
+    if (!order(geometries, constraints, measuring.get(), objects.front()) ||
+        !encodeGraph(objects.front(), Content::BLOCKS, *measuring)) {
+        return false;
+    }
     adviseOfEqualIds(objects);
-    return encodeInTwoPasses(
-        [&](VrexStreamEncoder& encoder) { return encodeGraph(objects.front(), encoder); });
+    return encodeInto(length.length(), [&](VrexStreamEncoder& encoder) {
+        return encodeGraph(objects.front(), Content::OBJECTS, encoder);
+    });
 }
 
 bool VrexStreamGraphEncoder::encodeConstraintGraphs(const Components& components) {
     Components present;
     std::copy_if(components.begin(), components.end(), std::back_inserter(present),
                  [](const auto& component) { return component != nullptr; });
-    std::vector<VrexOrderedObjects> objects;
-    objects.reserve(present.size());
-    for (const auto& component : present) {
+    VrexOutputLength length;
+    const auto measuring = getEncoder(&length);
+    std::vector<VrexOrderedObjects> objects(present.size());
+    for (std::size_t i = 0; i < present.size(); ++i) {
         // The component goes on holding what is in its lists.
-        objects.push_back(order(component->getGeometries(), component->getConstraints()));
+        if (!order(present[i]->getGeometries(), present[i]->getConstraints(), measuring.get(), objects[i])) {
+            return false;
+        }
+    }
+    if (!encodeGraphs(present, objects, Content::BLOCKS, *measuring)) {
+        return false;
     }
     adviseOfEqualIds(objects);
-    return encodeInTwoPasses(
-        [&](VrexStreamEncoder& encoder) { return encodeGraphs(present, objects, encoder); });
+    return encodeInto(length.length(), [&](VrexStreamEncoder& encoder) {
+        return encodeGraphs(present, objects, Content::OBJECTS, encoder);
+    });
 }
 
 unsigned char* VrexStreamGraphEncoder::dumpBuffer(unsigned int& size) {
@@ -165,43 +221,21 @@ bool VrexStreamGraphEncoder::assign(unsigned int size) {
     return true;
 }
 
-bool VrexStreamGraphEncoder::encodeInTwoPasses(const std::function<bool(VrexStreamEncoder&)>& write) {
-    VrexOutputLength measure;
-    if (!write(*getEncoder(&measure)) || !assign(measure.length())) {
+bool VrexStreamGraphEncoder::encodeInto(unsigned int size,
+                                        const std::function<bool(VrexStreamEncoder&)>& write) {
+    if (!assign(size)) {
         return false;
     }
     VrexOutputMemory memory(m_buffer, m_bufferSize);
     return write(*getEncoder(&memory));
 }
 
-VrexStreamGraphEncoder::VrexOrderedObjects VrexStreamGraphEncoder::order(const Geometries& geometries,
-                                                                         const Constraints& constraints) {
-    VrexOrderedObjects ordered;
-    ordered.geometries.reserve(geometries.size());
-    ordered.constraints.reserve(constraints.size());
-    const auto keep = [&](auto parts) {
-        ordered.kept.insert(ordered.kept.end(), parts.begin(), parts.end());
-        return parts;
-    };
-    VisitedObjects visitedGeometries(geometries.size());
-    VisitedObjects visitedConstraints(constraints.size());
-    const auto enterGeometry = [&](VrexBaseObject& object) { return visitedGeometries.enter(object); };
-    walkInDependencyOrder(
-        geometries, [&](const VrexBaseGeometry& geometry) { return keep(dependenciesOf(geometry)); },
-        enterGeometry, [&](const auto& geometry) { ordered.geometries.push_back(geometry.get()); });
-    walkInDependencyOrder(
-        constraints, [&](VrexBaseConstraint& constraint) { return keep(constraint.getConstraints()); },
-        [&](VrexBaseObject& object) { return visitedConstraints.enter(object); },
-        [&](const auto& constraint) {
-            ordered.constraints.push_back(constraint.get());
-            forEachVariable(*constraint, [&](VrexBaseObject& variable) {
-                if (enterGeometry(variable)) {
-                    ordered.geometries.push_back(&variable);
-                }
-            });
-        });
-    ordered.hasRisingIds = visitedGeometries.areRising() && visitedConstraints.areRising();
-    return ordered;
+bool VrexStreamGraphEncoder::order(const Geometries& geometries, const Constraints& constraints,
+                                   VrexStreamEncoder* measuring, VrexOrderedObjects& out) {
+    Ordering ordering(measuring, out, geometries.size(), constraints.size());
+    const bool isMeasured = ordering.addGeometries(geometries) && ordering.addConstraints(constraints);
+    out.hasRisingIds = ordering.areIdsRising();
+    return isMeasured;
 }
 
 void VrexStreamGraphEncoder::adviseOfEqualIds(const std::vector<VrexOrderedObjects>& lists) {
@@ -220,23 +254,30 @@ void VrexStreamGraphEncoder::adviseOfEqualIds(const std::vector<VrexOrderedObjec
     }
 }
 
-bool VrexStreamGraphEncoder::encodeGraph(const VrexOrderedObjects& objects, VrexStreamEncoder& encoder) {
-    return encoder.beginBlock() && encoder.writeObjectList(objects.geometries) &&
-           encoder.writeObjectList(objects.constraints) && encoder.endBlock();
+bool VrexStreamGraphEncoder::encodeGraph(const VrexOrderedObjects& objects, Content content,
+                                         VrexStreamEncoder& encoder) {
+    return encoder.beginBlock() && encodeLists(objects, content, encoder) && encoder.endBlock();
 }
 
 bool VrexStreamGraphEncoder::encodeGraphs(const Components& components,
-                                          const std::vector<VrexOrderedObjects>& objects,
+                                          const std::vector<VrexOrderedObjects>& objects, Content content,
                                           VrexStreamEncoder& encoder) {
     bool isWritten = encoder.beginBlock();
     for (std::size_t i = 0; isWritten && i < components.size(); ++i) {
-        isWritten = encoder.writeU64(components[i]->getID()) &&
-                    encoder.writeObjectList(objects[i].geometries) &&
-                    encoder.writeObjectList(objects[i].constraints) &&
+        isWritten = encoder.writeU64(components[i]->getID()) && encodeLists(objects[i], content, encoder) &&
                     encodeOverConstrainedSubsets(components[i]->getOverConstrainedSubsets(), encoder) &&
                     encodeGeometriesDOF(components[i], &encoder);
     }
     return isWritten && encoder.endBlock();
+}
+
+bool VrexStreamGraphEncoder::encodeLists(const VrexOrderedObjects& objects, Content content,
+                                         VrexStreamEncoder& encoder) {
+    if (content == Content::BLOCKS) {
+        // As long as the frame of a block.
+        return encoder.writeEmptyBlock() && encoder.writeEmptyBlock();
+    }
+    return encoder.writeObjectList(objects.geometries) && encoder.writeObjectList(objects.constraints);
 }
 
 bool VrexStreamGraphEncoder::encodeOverConstrainedSubsets(

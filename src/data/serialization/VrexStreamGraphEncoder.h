@@ -31,6 +31,15 @@ public:
     using Constraints = std::vector<std::shared_ptr<VrexBaseConstraint>>;
     using Components = std::vector<std::shared_ptr<VrexConnectedComponent>>;
 
+    /// The objects of one component in the order of the stream. They are held by the lists that they were
+    /// made of, or kept.
+    struct VrexOrderedObjects {
+        std::vector<VrexBaseGeometry*> geometries;
+        std::vector<VrexBaseConstraint*> constraints;
+        std::vector<std::shared_ptr<VrexBaseObject>> kept;
+        bool hasRisingIds = false; ///< Then all of them differ.
+    };
+
     VrexStreamGraphEncoder(const VrexStreamGraphEncoder&) = delete;
     VrexStreamGraphEncoder& operator=(const VrexStreamGraphEncoder&) = delete;
     virtual ~VrexStreamGraphEncoder();
@@ -54,14 +63,8 @@ public:
     void reset();
 
 protected:
-    /// The objects of one component in the order of the stream, and what has to be kept while they are used:
-    /// those that none of the lists given holds.
-    struct VrexOrderedObjects {
-        std::vector<VrexBaseObject*> geometries;
-        std::vector<VrexBaseObject*> constraints;
-        std::vector<std::shared_ptr<VrexBaseObject>> kept;
-        bool hasRisingIds = false; ///< Then all of them differ.
-    };
+    /// What is written of lists of objects: their blocks alone where the objects were measured before.
+    enum class Content { OBJECTS, BLOCKS };
 
     VrexStreamGraphEncoder();
     /// What was moved from has no buffer.
@@ -70,21 +73,23 @@ protected:
 
     /// Frees the buffer and allocates one; false where that fails.
     bool assign(unsigned int size);
-    /// Runs `write` to learn the size, and again on the buffer. False, and the buffer as that leaves it, at
-    /// the first step that fails.
-    bool encodeInTwoPasses(const std::function<bool(VrexStreamEncoder&)>& write);
+    /// Runs `write` on a new buffer. False, and the buffer as that leaves it, where a step fails.
+    bool encodeInto(unsigned int size, const std::function<bool(VrexStreamEncoder&)>& write);
 
-    /// The lists have to live as long as the result is used.
-    static VrexOrderedObjects order(const Geometries& geometries, const Constraints& constraints);
+    /// Puts the objects into order. With `measuring`, each is encoded there as soon as it has its place,
+    /// which spares another walk over all of them; false, and the order not complete, where that refuses.
+    static bool order(const Geometries& geometries, const Constraints& constraints,
+                      VrexStreamEncoder* measuring, VrexOrderedObjects& out);
     /// Warns, once, where different geometries, or different constraints, have equal identifiers.
     static void adviseOfEqualIds(const std::vector<VrexOrderedObjects>& lists);
 
-    bool encodeGraph(const VrexOrderedObjects& objects, VrexStreamEncoder& encoder);
+    static bool encodeGraph(const VrexOrderedObjects& objects, Content content, VrexStreamEncoder& encoder);
     /// `objects` has those of each component.
     bool encodeGraphs(const Components& components, const std::vector<VrexOrderedObjects>& objects,
-                      VrexStreamEncoder& encoder);
-    bool encodeOverConstrainedSubsets(const std::vector<std::vector<std::uint64_t>>& subsets,
-                                      VrexStreamEncoder& encoder);
+                      Content content, VrexStreamEncoder& encoder);
+    static bool encodeLists(const VrexOrderedObjects& objects, Content content, VrexStreamEncoder& encoder);
+    static bool encodeOverConstrainedSubsets(const std::vector<std::vector<std::uint64_t>>& subsets,
+                                             VrexStreamEncoder& encoder);
 
 private:
     unsigned char* m_buffer = nullptr;

@@ -11,7 +11,6 @@ bool VrexStreamEncoder3D::encodeObject(const std::shared_ptr<VrexBaseObject>& ob
     return object != nullptr && encodeHeldObject(*object);
 }
 
-/// Spares the counting of references.
 bool VrexStreamEncoder3D::encodeHeldObject(VrexBaseObject& object) {
     m_objects.setDone(false);
     object.accept(m_objects);

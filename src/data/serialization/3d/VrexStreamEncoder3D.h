@@ -16,8 +16,8 @@ public:
     /// then, as when it throws what that throws, nothing of the object is written.
     bool encodeObject(const std::shared_ptr<VrexBaseObject>& object) override;
 
-private:
     bool encodeHeldObject(VrexBaseObject& object) override;
 
+private:
     VrexObjectEncoder3D m_objects;
 };

@@ -8,6 +8,7 @@
 #include "data/VrexBaseGeometry.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "data/serialization/3d/VrexStreamEncoder3D.h"
+#include "data/serialization/VrexOutputLength.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ bool writeRecords(VrexStreamEncoder& encoder, const std::vector<Record>& records
     });
 }
 
-bool writeDragData(VrexStreamEncoder& encoder, const std::vector<VrexBaseObject*>& geometries,
+bool writeDragData(VrexStreamEncoder& encoder, const std::vector<VrexBaseGeometry*>& geometries,
                    const VrexTransform3D& transform) {
     return encoder.beginBlock() && encoder.writeObjectList(geometries) &&
            writeRecords(encoder, transform.transformations(),
@@ -61,15 +62,17 @@ bool VrexStreamGraphEncoder3D::encodeGeometriesDOF(
 
 bool VrexStreamGraphEncoder3D::encodeDragData(const Geometries& geometries,
                                               const VrexTransform3D& transform) {
-    std::vector<VrexOrderedObjects> objects;
-    objects.push_back(order(geometries, {}));
+    std::vector<VrexOrderedObjects> objects(1);
+    order(geometries, {}, nullptr, objects.front());
     adviseOfEqualIds(objects);
-    return encodeInTwoPasses([&](VrexStreamEncoder& encoder) {
+    const auto write = [&](VrexStreamEncoder& encoder) {
         return encodeDragGraph(objects.front().geometries, transform, encoder);
-    });
+    };
+    VrexOutputLength length;
+    return write(*getEncoder(&length)) && encodeInto(length.length(), write);
 }
 
-bool VrexStreamGraphEncoder3D::encodeDragGraph(const std::vector<VrexBaseObject*>& geometries,
+bool VrexStreamGraphEncoder3D::encodeDragGraph(const std::vector<VrexBaseGeometry*>& geometries,
                                                const VrexTransform3D& transform, VrexStreamEncoder& encoder) {
     const std::size_t openBlocks = encoder.openBlocks();
     if (!writeDragData(encoder, geometries, transform)) {

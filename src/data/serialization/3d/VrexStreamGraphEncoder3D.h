@@ -28,6 +28,6 @@ public:
 
 protected:
     /// Kept: true, whether the encoder refuses or not.
-    bool encodeDragGraph(const std::vector<VrexBaseObject*>& geometries, const VrexTransform3D& transform,
+    bool encodeDragGraph(const std::vector<VrexBaseGeometry*>& geometries, const VrexTransform3D& transform,
                          VrexStreamEncoder& encoder);
 };

@@ -32,6 +32,22 @@ auto pack(const Values&... values) {
     return bytes;
 }
 
+/// How many bytes values of these types are. Enumerators are numbers; a bool, which a byte need not be, is no
+/// value to be unpacked.
+template <class... Values>
+constexpr std::uint32_t sizeOf() {
+    static_assert(((SIZE<Values> == sizeof(Values) || std::is_enum_v<Values>)&&...),
+                  "values without padding");
+    static_assert((!std::is_same_v<Values, bool> && ...), "not every byte is a bool");
+    return static_cast<std::uint32_t>((sizeof(Values) + ...));
+}
+
+/// Fills values from the bytes at `place`, of which there have to be enough. Enumerators are not examined.
+template <class... Values>
+void unpack(const unsigned char* place, Values&... out) {
+    ((std::memcpy(static_cast<void*>(&out), place, sizeof out), place += sizeof out), ...);
+}
+
 /// An enumerator as the stream has it.
 template <class Enumeration>
 std::uint32_t number(Enumeration value) {

@@ -1,11 +1,9 @@
 // Random systems through the stream and back.
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <map>
 #include <memory>
 #include <optional>
 #include <random>
@@ -36,19 +34,33 @@ struct Graph {
     Constraints constraints;
 };
 
-/// All objects of a system and all that they refer to, numbered apart, without what has no form in a stream.
-Graph graphOf(const VrexImmutableSystem3D& system) {
+bool namesConstraints(const VrexBaseConstraint& constraint) {
+    const auto* const equation = dynamic_cast<const VrexBaseEquation*>(&constraint);
+    return equation != nullptr && std::ranges::any_of(equation->descriptors(), [](const auto& descriptor) {
+               return std::dynamic_pointer_cast<VrexBaseConstraint>(descriptor.object()) != nullptr;
+           });
+}
+
+/// Whether the stream has a form of it, and, where constraints are numbered as geometries are, a descriptor
+/// means the right one of them.
+bool isStreamed(const VrexBaseConstraint& constraint, bool isNumberedApart) {
+    return dynamic_cast<const VrexCallbackEquation*>(&constraint) == nullptr &&
+           (isNumberedApart || !namesConstraints(constraint));
+}
+
+/// All objects of a system and all that they refer to, with new identifiers.
+Graph graphOf(const VrexImmutableSystem3D& system, bool isNumberedApart) {
     const ObjectGraph all(system.geometries(), system.variables(), system.constraints(), system.equations());
     Graph graph;
     std::uint64_t geometryId = 0;
-    std::uint64_t constraintId = 0;
+    std::uint64_t constraintId = isNumberedApart ? 1'000 : 0;
     for (const auto& object : all.objects()) {
         if (auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(object)) {
             geometry->setID(++geometryId);
             graph.geometries.push_back(std::move(geometry));
         } else if (auto constraint = std::dynamic_pointer_cast<VrexBaseConstraint>(object)) {
             constraint->setID(++constraintId);
-            if (std::dynamic_pointer_cast<VrexCallbackEquation>(constraint) == nullptr) {
+            if (isStreamed(*constraint, isNumberedApart)) {
                 graph.constraints.push_back(std::move(constraint));
             }
         }
@@ -164,28 +176,56 @@ std::set<std::uint64_t> idSet(const List& list) {
     return {ids.begin(), ids.end()};
 }
 
-/// Whether the stream can bring it back: a null that a constraint binds, or an instance that fits no more,
-/// cannot.
-struct Counts {
-    int encoded = 0;
-    int decoded = 0;
-};
+/// Whether a constraint has all that its kind needs.
+bool isReadable(const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    const auto& arguments = constraint->getGeometries();
+    if (std::ranges::count(arguments, nullptr) > 0) {
+        return false;
+    }
+    if (const auto relation = std::dynamic_pointer_cast<VrexMateRelation3D>(constraint)) {
+        return VrexMateRelation3D::canCreate(relation->getMates(), relation->getMateParameterIndexs());
+    }
+    if (std::dynamic_pointer_cast<VrexEqualParameter3D>(constraint) != nullptr) {
+        return constraint->getConstraints().size() == 2;
+    }
+    const auto instance = std::dynamic_pointer_cast<VrexInstance3D>(constraint);
+    return instance == nullptr || instance->checkData();
+}
+
+/// Whether a net has equally long rows, and a curve refers to none but geometries, which all stand before the
+/// constraints.
+bool isReadable(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    if (const auto surface = std::dynamic_pointer_cast<VrexNURBSSurface3D>(geometry)) {
+        const auto& rows = surface->controlPoints();
+        return std::ranges::all_of(rows, [&](const auto& row) { return row.size() == rows[0].size(); });
+    }
+    const auto curve = std::dynamic_pointer_cast<VrexEvaluatedCurve3D>(geometry);
+    return curve == nullptr || std::ranges::all_of(curve->descriptors(), [](const auto& descriptor) {
+               return std::dynamic_pointer_cast<VrexBaseGeometry>(descriptor.object()) != nullptr;
+           });
+}
+
+bool isReadable(const Graph& graph) {
+    const auto isElementReadable = [](const auto& element) { return isReadable(element); };
+    return std::ranges::all_of(graph.geometries, isElementReadable) &&
+           std::ranges::all_of(graph.constraints, isElementReadable);
+}
 
 TEST(VrexStream, RandomSystemsComeBackAsTheyWere) {
     RandomSystems systems;
-    Counts counts;
+    int compared = 0;
     for (int i = 0; i < SYSTEMS; ++i) {
-        const Graph graph = graphOf(systems.next());
+        const Graph graph = graphOf(systems.next(), i % 2 == 0);
         const auto bytes = flatBytes(graph);
         if (!bytes) {
             continue;
         }
-        ++counts.encoded;
         const auto read = decoded(*bytes);
+        ASSERT_EQ(read.has_value(), isReadable(graph)) << i;
         if (!read) {
             continue;
         }
-        ++counts.decoded;
+        ++compared;
         ASSERT_EQ(idSet(read->geometries), idSet(graph.geometries));
         ASSERT_EQ(idSet(read->constraints), idSet(graph.constraints));
         expectClosed(*read);
@@ -193,8 +233,7 @@ TEST(VrexStream, RandomSystemsComeBackAsTheyWere) {
         ASSERT_TRUE(again.has_value());
         ASSERT_TRUE(areAlike(*bytes, *again)) << i;
     }
-    std::printf("%d of %d encoded, %d decoded\n", counts.encoded, SYSTEMS, counts.decoded);
-    EXPECT_GT(counts.decoded, SYSTEMS / 10);
+    EXPECT_GT(compared, SYSTEMS / 3) << "the others have nulls, or objects that streams do not have";
 }
 
 } // namespace

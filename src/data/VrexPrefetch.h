@@ -15,12 +15,14 @@ constexpr std::size_t OBJECT = 8;
 constexpr std::size_t LIST = 4;
 constexpr std::size_t BOUND = 2;
 
-/// The first lines of an object; they hold what is common to all objects.
-inline void lines(const void* object) {
+/// The lines of an object that all of its base kind have. Most constraints are dimensions, whose values come
+/// last.
+template <class Object>
+void lines(const Object* object) {
     constexpr std::size_t LINE = 64;
-    constexpr std::size_t LINES = 4;
+    constexpr std::size_t LINES = std::is_base_of_v<VrexBaseConstraint, Object> ? 7 : 4;
     for (std::size_t i = 0; i < LINES; ++i) {
-        __builtin_prefetch(static_cast<const char*>(object) + i * LINE);
+        __builtin_prefetch(reinterpret_cast<const char*>(object) + i * LINE);
     }
 }
 

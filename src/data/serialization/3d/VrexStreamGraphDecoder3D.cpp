@@ -7,25 +7,38 @@
 
 namespace {
 
-bool decodeTransform(VrexStreamDecoder& decoder, VrexTransform3D& transform) {
+/// A block of a known geometry and values; then `apply` gets them.
+template <class Apply, class... Values>
+bool decodeEntry(VrexStreamDecoder& decoder, const Apply& apply, Values... values) {
     std::shared_ptr<VrexGeometry3D> geometry;
-    VrexTransformMatrix3D matrix;
-    if (!nsStreamReading::readReference(decoder, geometry) || !decoder.readPacked(matrix.transformation())) {
-        return false;
-    }
-    if (!transform.applyTransformation(geometry, matrix)) {
-        VREX_LOG(nsLog::REFUSAL, "Failed to applyTransformation for dragging");
-        return false;
-    }
-    return true;
+    const auto read = [&] {
+        return nsStreamReading::readReference(decoder, geometry) && decoder.readPacked(values...);
+    };
+    return decoder.readBlock(read) && apply(geometry, values...);
 }
 
-bool decodeDragParameter(VrexStreamDecoder& decoder, VrexTransform3D& transform) {
-    std::shared_ptr<VrexGeometry3D> geometry;
-    double value = 0.0;
-    VrexDragParameter3DType type{};
-    return nsStreamReading::readReference(decoder, geometry) && decoder.readPacked(value, type) &&
-           transform.applyTransformParameters(geometry, type, value);
+bool applyTransformation(VrexTransform3D& transform, const std::shared_ptr<VrexGeometry3D>& geometry,
+                         const VrexTransformMatrix3D::Rows& rows) {
+    const bool applied = transform.applyTransformation(geometry, VrexTransformMatrix3D(rows));
+    if (!applied) {
+        VREX_LOG(nsLog::REFUSAL, "Failed to applyTransformation for dragging");
+    }
+    return applied;
+}
+
+bool decodeTransforms(VrexStreamDecoder& decoder, VrexTransform3D& transform) {
+    const auto apply = [&](const auto& geometry, const auto& rows) {
+        return applyTransformation(transform, geometry, rows);
+    };
+    return decoder.readList([&] { return decodeEntry(decoder, apply, VrexTransformMatrix3D::Rows{}); });
+}
+
+bool decodeDragParameters(VrexStreamDecoder& decoder, VrexTransform3D& transform) {
+    const auto apply = [&](const auto& geometry, double value, VrexDragParameter3DType type) {
+        return transform.applyTransformParameters(geometry, type, value);
+    };
+    return decoder.readList(
+        [&] { return decodeEntry(decoder, apply, 0.0, VrexDragParameter3DType::Unknown); });
 }
 
 } // namespace
@@ -46,11 +59,7 @@ bool VrexStreamGraphDecoder3D::decodeDragData(const unsigned char* buffer, unsig
                                               Geometries& geometries, VrexTransform3D& transform) {
     geometries.clear();
     return decode(buffer, size, [&](VrexStreamDecoder& decoder) {
-        const auto listOf = [&](auto decodeOne) {
-            return decoder.readList(
-                [&] { return decoder.readBlock([&] { return decodeOne(decoder, transform); }); });
-        };
-        return decodeGeometries(decoder, geometries) && listOf(decodeTransform) &&
-               listOf(decodeDragParameter);
+        return decodeGeometries(decoder, geometries) && decodeTransforms(decoder, transform) &&
+               decodeDragParameters(decoder, transform);
     });
 }

@@ -176,21 +176,21 @@ TEST(VrexStreamGraphDecoder3D, AnEmptyListOfComponentsIsAnEmptyBlock) {
 }
 
 TEST(VrexStreamGraphDecoder3D, ComponentsHaveIdentifierObjectsAndSubsets) {
+    const Bytes empty = join({u64(7), none(), none(), none()});
     const auto components =
-        decodeComponents(block(join({component(7, join({point(2), point(1)}), distance(4)}),
-                                     join({u64(7), none(), none(), none()})})));
-ASSERT_TRUE(components.has_value());
-ASSERT_EQ(components->size(), 2U);
-VrexConnectedComponent& first = *components->front();
-EXPECT_EQ(first.getID(), 7U);
-EXPECT_THAT(idsOf(first.getGeometries()), ElementsAre(2, 1));
-EXPECT_THAT(idsOf(first.getConstraints()), ElementsAre(4));
-EXPECT_THAT(first.getOverConstrainedSubsets(), ElementsAre(ElementsAre(3, 1, 2), IsEmpty()));
-EXPECT_TRUE(first.needAnalysisStatus());
-VrexConnectedComponent& second = *components->back();
-EXPECT_EQ(second.getID(), 7U);
-EXPECT_EQ(second.getScale(), 0U);
-EXPECT_THAT(second.getOverConstrainedSubsets(), IsEmpty());
+        decodeComponents(block(join({component(7, join({point(2), point(1)}), distance(4)), empty})));
+    ASSERT_TRUE(components.has_value());
+    ASSERT_EQ(components->size(), 2U);
+    VrexConnectedComponent& first = *components->front();
+    EXPECT_EQ(first.getID(), 7U);
+    EXPECT_THAT(idsOf(first.getGeometries()), ElementsAre(2, 1));
+    EXPECT_THAT(idsOf(first.getConstraints()), ElementsAre(4));
+    EXPECT_THAT(first.getOverConstrainedSubsets(), ElementsAre(ElementsAre(3, 1, 2), IsEmpty()));
+    EXPECT_TRUE(first.needAnalysisStatus());
+    VrexConnectedComponent& second = *components->back();
+    EXPECT_EQ(second.getID(), 7U);
+    EXPECT_EQ(second.getScale(), 0U);
+    EXPECT_THAT(second.getOverConstrainedSubsets(), IsEmpty());
 }
 
 TEST(VrexStreamGraphDecoder3D, CompleteFixationsAreFoundAgain) {

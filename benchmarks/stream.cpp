@@ -18,6 +18,7 @@
 #include "StreamSystem.h"
 #include "data/VrexBaseObject.h"
 #include "data/serialization/3d/VrexStreamEncoder3D.h"
+#include "data/serialization/3d/VrexStreamGraphDecoder3D.h"
 #include "data/serialization/3d/VrexStreamGraphEncoder3D.h"
 #include "data/serialization/VrexOutputLength.h"
 #include "data/serialization/VrexOutputMemory.h"
@@ -26,6 +27,7 @@
 
 #ifdef VREX_HAS_FLATBUFFERS
 #include "StreamPeer.h"
+#include "StreamPeerDecoder.h"
 #endif
 
 namespace {
@@ -195,7 +197,50 @@ void copyStream(benchmark::State& state) {
     setBytes(state, size);
 }
 
+/// The objects are dropped within the time, as are those of the peer.
+void decodeObjects(benchmark::State& state) {
+    unsigned int size = 0;
+    const Buffer stream = encode(streamSystem(), size);
+    for ([[maybe_unused]] auto step : state) {
+        VrexStreamGraphDecoder::Geometries geometries;
+        VrexStreamGraphDecoder::Constraints constraints;
+        require(
+            VrexStreamGraphDecoder3D().decodeConstraintGraph(stream.get(), size, geometries, constraints));
+        benchmark::DoNotOptimize(constraints.data());
+    }
+    setBytes(state, size);
+}
+
+/// The same with identifiers far from each other, which have no places in a row.
+void decodeScattered(benchmark::State& state) {
+    StreamSystem system;
+    for (const auto& geometry : system.geometries) {
+        geometry->setID(geometry->getID() * 0x9E3779B97F4A7C15U);
+    }
+    unsigned int size = 0;
+    const Buffer stream = encode(system, size);
+    for ([[maybe_unused]] auto step : state) {
+        VrexStreamGraphDecoder::Geometries geometries;
+        VrexStreamGraphDecoder::Constraints constraints;
+        require(
+            VrexStreamGraphDecoder3D().decodeConstraintGraph(stream.get(), size, geometries, constraints));
+        benchmark::DoNotOptimize(constraints.data());
+    }
+    setBytes(state, size);
+}
+
 #ifdef VREX_HAS_FLATBUFFERS
+void decodePeer(benchmark::State& state) {
+    flatbuffers::FlatBufferBuilder builder;
+    StreamPeerEncoder(builder).encode(streamSystem());
+    for ([[maybe_unused]] auto step : state) {
+        StreamPeerDecoder decoder;
+        require(decoder.decode(builder.GetBufferPointer(), builder.GetSize()));
+        benchmark::DoNotOptimize(decoder.constraints.data());
+    }
+    setBytes(state, static_cast<unsigned int>(builder.GetSize()));
+}
+
 /// Room for all from the start, which spares the peer to grow.
 void encodePeer(benchmark::State& state) {
     const StreamSystem& system = streamSystem();
@@ -224,5 +269,11 @@ int main(int argc, char** argv) {
 #endif
     benchmark::RegisterBenchmark("encode/objects", encodeObjects);
     benchmark::RegisterBenchmark("encode/copy_of_the_bytes", copyStream);
+#ifdef VREX_HAS_FLATBUFFERS
+    benchmark::RegisterBenchmark("decode/peer_flatbuffers", decodePeer);
+#endif
+    benchmark::RegisterBenchmark("decode/objects", decodeObjects);
+    benchmark::RegisterBenchmark("decode/scattered_ids", decodeScattered);
+    benchmark::RegisterBenchmark("decode/copy_of_the_bytes", copyStream);
     return RatioReport::run(argc, argv);
 }

@@ -338,6 +338,15 @@ TEST(VrexStreamGraphEncoder3D, ResetFreesTheBuffer) {
     encoder.reset();
 }
 
+TEST(VrexStreamGraphEncoder3D, ABufferCanBeAssigned) {
+    VrexStreamGraphEncoder3D encoder;
+    ASSERT_TRUE(encoder.assign(7));
+    ASSERT_TRUE(encoder.assign(100));
+    unsigned int size = 0;
+    VrexStreamGraphEncoder::freeBuffer(encoder.dumpBuffer(size));
+    EXPECT_EQ(size, 100U);
+}
+
 TEST(VrexStreamGraphEncoder3D, AMoveTakesTheBufferAlong) {
     VrexStreamGraphEncoder3D source;
     ASSERT_TRUE(source.encodeConstraintGraph({}, {}));

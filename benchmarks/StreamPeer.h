@@ -7,10 +7,11 @@
 #include <type_traits>
 #include <vector>
 
+#include <stream_generated.h>
+
 #include "StreamSystem.h"
 #include "data/VrexVisitor3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "stream_generated.h"
 
 /// Builds a FlatBuffer of the fields that the compact stream has.
 class StreamPeerEncoder final : public VrexVisitor3D {

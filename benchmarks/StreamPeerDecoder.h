@@ -7,10 +7,10 @@
 #include <vector>
 
 #include <boost/unordered/unordered_flat_map.hpp>
+#include <stream_generated.h>
 
 #include "StreamSystem.h"
 #include "data/VrexVector2DT.h"
-#include "stream_generated.h"
 
 /// Verifies a FlatBuffer and builds of it the objects that the decoder of the compact stream builds, as one
 /// would by hand: the table of known objects has its room from the start, and needs no cast.

@@ -185,36 +185,6 @@ void encodeObjects(benchmark::State& state) {
     setBytes(state, size);
 }
 
-/// Both passes, of objects that are in order already.
-void encodeInOrder(benchmark::State& state) {
-    const StreamSystem& system = streamSystem();
-    std::uint32_t size = 0;
-    const auto write = [&](VrexOutputStream& output) {
-        VrexStreamEncoder3D encoder(&output);
-        return encoder.beginBlock() && encoder.writeObjectList(system.geometries) &&
-               encoder.writeObjectList(system.constraints) && encoder.endBlock();
-    };
-    for ([[maybe_unused]] auto step : state) {
-        VrexOutputLength measure;
-        require(write(measure));
-        size = measure.length();
-        const Buffer buffer(static_cast<unsigned char*>(std::malloc(size)));
-        VrexOutputMemory memory(buffer.get(), size);
-        require(write(memory));
-        benchmark::DoNotOptimize(buffer.get());
-    }
-    setBytes(state, size);
-}
-
-void measureObjects(benchmark::State& state) {
-    const StreamSystem& system = streamSystem();
-    for ([[maybe_unused]] auto step : state) {
-        VrexOutputLength measure;
-        VrexStreamEncoder3D encoder(&measure);
-        require(encoder.writeObjectList(system.geometries) && encoder.writeObjectList(system.constraints));
-    }
-}
-
 void copyStream(benchmark::State& state) {
     unsigned int size = 0;
     const Buffer stream = encode(streamSystem(), size);
@@ -298,8 +268,6 @@ int main(int argc, char** argv) {
     benchmark::RegisterBenchmark("encode/peer_flatbuffers", encodePeer);
 #endif
     benchmark::RegisterBenchmark("encode/objects", encodeObjects);
-    benchmark::RegisterBenchmark("encode/in_order", encodeInOrder);
-    benchmark::RegisterBenchmark("encode/measuring_alone", measureObjects);
     benchmark::RegisterBenchmark("encode/copy_of_the_bytes", copyStream);
 #ifdef VREX_HAS_FLATBUFFERS
     benchmark::RegisterBenchmark("decode/peer_flatbuffers", decodePeer);

@@ -26,6 +26,18 @@ void lines(const Object* object) {
     }
 }
 
+/// What the constraints bind that the walk over a list of pointers comes to after `place`.
+template <class Pointers>
+void boundAhead(const Pointers& list, std::size_t place) {
+    if (place + LIST >= list.size() || list[place + LIST] == nullptr || list[place + BOUND] == nullptr) {
+        return;
+    }
+    __builtin_prefetch(list[place + LIST]->getGeometries().data());
+    for (const auto& geometry : list[place + BOUND]->getGeometries()) {
+        __builtin_prefetch(geometry.get());
+    }
+}
+
 /// What the walk over a list of pointers comes to after `place`; constraints with what they bind.
 template <class Pointers>
 void ahead(const Pointers& list, std::size_t place) {
@@ -34,12 +46,7 @@ void ahead(const Pointers& list, std::size_t place) {
         lines(std::to_address(list[place + OBJECT]));
     }
     if constexpr (std::is_base_of_v<VrexBaseConstraint, Object>) {
-        if (place + LIST < list.size() && list[place + LIST] != nullptr && list[place + BOUND] != nullptr) {
-            __builtin_prefetch(list[place + LIST]->getGeometries().data());
-            for (const auto& geometry : list[place + BOUND]->getGeometries()) {
-                __builtin_prefetch(geometry.get());
-            }
-        }
+        boundAhead(list, place);
     }
 }
 

@@ -14,9 +14,9 @@ namespace nsPacked {
 
 /// How many bytes a value has in the stream; 0 for one whose layout is not known.
 template <class Value>
-constexpr std::size_t SIZE = std::is_arithmetic_v<Value> ? sizeof(Value) : 0;
+inline constexpr std::size_t SIZE = std::is_arithmetic_v<Value> ? sizeof(Value) : 0;
 template <class Value, std::size_t COUNT>
-constexpr std::size_t SIZE<std::array<Value, COUNT>> = COUNT* SIZE<Value>;
+inline constexpr std::size_t SIZE<std::array<Value, COUNT>> = COUNT* SIZE<Value>;
 template <>
 inline constexpr std::size_t SIZE<VrexVector2DT<double>> = 2 * sizeof(double);
 template <>

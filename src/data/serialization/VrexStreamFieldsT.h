@@ -52,10 +52,10 @@ public:
     }
     /// All numbers in one step.
     template <class Number>
-    void numbers(const std::vector<Number>& list) {
-        values(TAG, static_cast<std::uint32_t>(list.size() * sizeof(Number)));
-        if (!list.empty()) {
-            self().bytes(list.data(), list.size() * sizeof(Number));
+    void numbers(const std::vector<Number>& elements) {
+        values(TAG, static_cast<std::uint32_t>(elements.size() * sizeof(Number)));
+        if (!elements.empty()) {
+            self().bytes(elements.data(), elements.size() * sizeof(Number));
         }
     }
     /// The identifiers of the objects of a list of pointers.
@@ -66,13 +66,15 @@ public:
     /// Of those that are wanted.
     template <class Objects, class IsWanted>
     void ids(const Objects& objects, IsWanted isWanted) {
-        self().block([&] {
-            for (const auto& object : objects) {
-                if (object != nullptr && isWanted(*object)) {
-                    self().packed([&] { return nsPacked::pack(object->getID()); });
-                }
+        list(objects, [&](const auto& object) {
+            if (object != nullptr && isWanted(*object)) {
+                id(*object);
             }
         });
+    }
+    template <class Object>
+    void id(const Object& object) {
+        self().packed([&] { return nsPacked::pack(object.getID()); });
     }
     /// A block: u64 identifier of the object, i32 index, name. Cannot be written without an object.
     void descriptor(const VrexVariableDescriptor& descriptor) {
@@ -82,12 +84,8 @@ public:
             string(descriptor.variableName());
         });
     }
-    void descriptors(const std::vector<VrexVariableDescriptor>& list) {
-        self().block([&] {
-            for (const VrexVariableDescriptor& each : list) {
-                descriptor(each);
-            }
-        });
+    void descriptors(const std::vector<VrexVariableDescriptor>& elements) {
+        list(elements, [&](const VrexVariableDescriptor& element) { descriptor(element); });
     }
     /// A block of what `put` puts of each element.
     template <class List, class Put>

@@ -61,6 +61,8 @@ public:
     static void freeBuffer(unsigned char* buffer);
     /// Frees the buffer.
     void reset();
+    /// Frees the buffer and allocates one, whose bytes are anything; false where that fails.
+    bool assign(unsigned int size);
 
 protected:
     /// What is written of lists of objects: their blocks alone where the objects were measured before.
@@ -71,8 +73,6 @@ protected:
     VrexStreamGraphEncoder(VrexStreamGraphEncoder&& other) noexcept;
     VrexStreamGraphEncoder& operator=(VrexStreamGraphEncoder&& other) noexcept;
 
-    /// Frees the buffer and allocates one; false where that fails.
-    bool assign(unsigned int size);
     /// Runs `write` on a new buffer. False, and the buffer as that leaves it, where a step fails.
     bool encodeInto(unsigned int size, const std::function<bool(VrexStreamEncoder&)>& write);
 

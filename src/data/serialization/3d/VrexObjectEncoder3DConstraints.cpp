@@ -42,17 +42,22 @@ void putDimensionTail(Fields& fields, const VrexDimension3D& dimension) {
     fields.optional(dimension.getLimits().second);
 }
 
-/// The free degrees, and an empty block without a meaning. Kept: the limits stand before the value here.
+/// Kept: the limits stand before the value here.
+template <class Fields>
+void putDegree(Fields& fields, const VrexMateDimension3D& degree) {
+    fields.block([&] {
+        fields.optional(degree.limits.first);
+        fields.optional(degree.limits.second);
+        fields.values(degree.value, degree.fixed());
+    });
+}
+
+/// The free degrees, and an empty block without a meaning.
 template <class Fields>
 void putMateTail(Fields& fields, const VrexMate3D& mate) {
     fields.block([&] {
         for (std::uint64_t i = 0; i < mate.getDimensionSize(); ++i) {
-            const VrexMateDimension3D& dimension = mate.getDimension(i);
-            fields.block([&] {
-                fields.optional(dimension.limits.first);
-                fields.optional(dimension.limits.second);
-                fields.values(dimension.value, dimension.fixed());
-            });
+            putDegree(fields, mate.getDimension(i));
         }
     });
     fields.emptyBlock();

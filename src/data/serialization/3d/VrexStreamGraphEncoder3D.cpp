@@ -12,18 +12,21 @@
 
 namespace {
 
-/// A block of one block a record: the entity, and what `put` puts of it.
-template <class Record, class Put>
-bool writeRecords(VrexStreamEncoder& encoder, const std::vector<Record>& records, Put put) {
-    return encoder.writeFields([&](auto& fields) {
-        fields.list(records, [&](const Record& record) {
-            if (record.geometry != nullptr) {
-                fields.block([&] {
-                    fields.packed([&] { return nsPacked::pack(record.geometry->getID()); });
-                    put(fields, record);
-                });
-            }
+/// A block of the entity and what `putRest` puts of the record; nothing without an entity.
+template <class Fields, class Record, class PutRest>
+void putRecord(Fields& fields, const Record& record, PutRest putRest) {
+    if (record.geometry != nullptr) {
+        fields.block([&] {
+            fields.id(*record.geometry);
+            putRest(fields, record);
         });
+    }
+}
+
+template <class Record, class PutRest>
+bool writeRecords(VrexStreamEncoder& encoder, const std::vector<Record>& records, PutRest putRest) {
+    return encoder.writeFields([&](auto& fields) {
+        fields.list(records, [&](const Record& record) { putRecord(fields, record, putRest); });
     });
 }
 

@@ -83,7 +83,7 @@ TEST(VrexObjectEncoder3D, AParallelismByteForByte) {
     parallelism->alignment() = VrexConstraintAlignment::Negative;
     parallelism->setHelpParam2({1.0, -2.0});
     const Bytes expected{
-        0x30, 105,  0,    0,    0,                                                // block
+        0x30, 106,  0,    0,    0,                                                // block
         0,    0,    0,    0,                                                      // constraint
         7,    0,    0,    0,                                                      // parallelism
         0x30, 16,   0,    0,    0,                                                // arguments

@@ -48,9 +48,9 @@ bool VrexStreamDecoder::readString(std::string& out) {
     const std::uint32_t start = m_position;
     std::uint32_t count = 0;
     if (readU32(count) && count != 0 && count <= m_size - m_position) {
-        const unsigned char* const text = m_input + m_position;
+        const char* const text = reinterpret_cast<const char*>(m_input + m_position);
         if (const void* const end = std::memchr(text, 0, count)) {
-            out.assign(text, static_cast<const unsigned char*>(end));
+            out.assign(text, static_cast<const char*>(end));
             m_position += count;
             return true;
         }

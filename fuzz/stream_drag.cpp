@@ -1,5 +1,5 @@
-// Reads arbitrary bytes as a drag. What was decoded must name entities and move them by motions, and be encoded
-// again.
+// Reads arbitrary bytes as a drag. What was decoded must name entities and move them by motions, and be
+// encoded again.
 
 #include "StreamTarget.h"
 #include "data/3d/VrexTransform3D.h"

@@ -1,5 +1,5 @@
-// Reads arbitrary bytes as a flat graph. What was decoded must say how free and how bound it is, and be encoded
-// again.
+// Reads arbitrary bytes as a flat graph. What was decoded must say how free and how bound it is, and be
+// encoded again.
 
 #include "StreamTarget.h"
 #include "data/VrexBaseConstraint.h"

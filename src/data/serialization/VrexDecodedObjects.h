@@ -9,6 +9,7 @@
 
 class VrexBaseConstraint;
 class VrexBaseGeometry;
+class VrexGeometry3D;
 
 /// The objects that were read from a stream, by identifier. Geometries and variables are numbered apart from
 /// constraints and equations, so an identifier has a slot for either.
@@ -19,6 +20,7 @@ class VREX_DATA_EXPORT VrexDecodedObjects {
 public:
     struct Slots {
         std::shared_ptr<VrexBaseGeometry> geometry;
+        VrexGeometry3D* entity = nullptr; ///< The geometry, if it is known to be an entity in space.
         std::shared_ptr<VrexBaseConstraint> constraint;
     };
 

@@ -94,7 +94,11 @@ std::shared_ptr<VrexBaseObject> VrexObjectDecoder::decodeEquation() {
     }
     const auto read = isCallback ? readCallbackEquation : readExpressionEquation;
     auto equation = read(stream(), condition);
-    return equation != nullptr && readCommon(*equation) ? std::move(equation) : nullptr;
+    if (equation == nullptr || !readCommon(*equation) || !stream().isAtEnd()) {
+        return nullptr;
+    }
+    stream().enterConstraint(equation);
+    return equation;
 }
 
 std::shared_ptr<VrexBaseObject> VrexObjectDecoder::decodeVariable() {
@@ -103,7 +107,11 @@ std::shared_ptr<VrexBaseObject> VrexObjectDecoder::decodeVariable() {
         return nullptr;
     }
     auto variable = VrexGeometryVariable::create(value);
-    return readCommon(*variable) ? std::move(variable) : nullptr;
+    if (!readCommon(*variable) || !stream().isAtEnd()) {
+        return nullptr;
+    }
+    stream().enterGeometry(variable, nullptr);
+    return variable;
 }
 
 bool VrexObjectDecoder::readCommon(VrexBaseGeometry& geometry) {

@@ -18,13 +18,13 @@ public:
     VrexObjectDecoder& operator=(const VrexObjectDecoder&) = delete;
     virtual ~VrexObjectDecoder();
 
-    /// Reads the object whose block is open, up to its dirty flag or its last field. It refers to the objects
-    /// that the stream knows, and is not made known itself. Null where the bytes make no sense; throws
+    /// Reads the object whose block is open, all of the block, and makes it known. It refers to the objects
+    /// that the stream knows. Null, and nothing known, where the bytes make no sense; throws
     /// `std::bad_optional_access` for an object kind that there is not.
     [[nodiscard]] std::shared_ptr<VrexBaseObject> decode();
 
 protected:
-    /// Each reads what follows the object kind.
+    /// Each reads what follows the object kind, all of the block, and makes the object known.
     virtual std::shared_ptr<VrexBaseObject> decodeGeometry() = 0;
     virtual std::shared_ptr<VrexBaseObject> decodeConstraint() = 0;
 

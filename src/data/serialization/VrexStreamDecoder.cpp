@@ -48,9 +48,9 @@ bool VrexStreamDecoder::readString(std::string& out) {
     const std::uint32_t start = m_position;
     std::uint32_t count = 0;
     if (readU32(count) && count != 0 && count <= m_size - m_position) {
-        const unsigned char* const text = m_input + m_position;
+        const char* const text = reinterpret_cast<const char*>(m_input + m_position);
         if (const void* const end = std::memchr(text, 0, count)) {
-            out.assign(text, static_cast<const unsigned char*>(end));
+            out.assign(text, static_cast<const char*>(end));
             m_position += count;
             return true;
         }
@@ -129,11 +129,22 @@ bool VrexStreamDecoder::readObjectList(std::vector<std::shared_ptr<VrexBaseObjec
 }
 
 void VrexStreamDecoder::enterObject(const std::shared_ptr<VrexBaseObject>& object) {
-    if (auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(object)) {
-        m_objects.at(object->getID()).geometry = std::move(geometry);
-    } else if (auto constraint = std::dynamic_pointer_cast<VrexBaseConstraint>(object)) {
-        m_objects.at(object->getID()).constraint = std::move(constraint);
+    if (const auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(object)) {
+        enterGeometry(geometry, nullptr);
+    } else if (const auto constraint = std::dynamic_pointer_cast<VrexBaseConstraint>(object)) {
+        enterConstraint(constraint);
     }
+}
+
+void VrexStreamDecoder::enterGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry,
+                                      VrexGeometry3D* entity) {
+    VrexDecodedObjects::Slots& slots = m_objects.at(geometry->getID());
+    slots.geometry = geometry;
+    slots.entity = entity;
+}
+
+void VrexStreamDecoder::enterConstraint(const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    m_objects.at(constraint->getID()).constraint = constraint;
 }
 
 std::shared_ptr<VrexBaseGeometry> VrexStreamDecoder::findGeometry(std::uint64_t id) const {
@@ -144,6 +155,13 @@ std::shared_ptr<VrexBaseGeometry> VrexStreamDecoder::findGeometry(std::uint64_t 
 std::shared_ptr<VrexBaseConstraint> VrexStreamDecoder::findConstraint(std::uint64_t id) const {
     const VrexDecodedObjects::Slots* const slots = m_objects.find(id);
     return slots != nullptr ? slots->constraint : nullptr;
+}
+
+std::shared_ptr<VrexGeometry3D> VrexStreamDecoder::findEntity(std::uint64_t id) const {
+    const VrexDecodedObjects::Slots* const slots = m_objects.find(id);
+    return slots != nullptr && slots->entity != nullptr
+               ? std::shared_ptr<VrexGeometry3D>(slots->geometry, slots->entity)
+               : nullptr;
 }
 
 std::shared_ptr<VrexBaseObject> VrexStreamDecoder::findObject(std::uint64_t id) const {

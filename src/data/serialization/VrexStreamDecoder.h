@@ -15,6 +15,7 @@
 class VrexBaseConstraint;
 class VrexBaseGeometry;
 class VrexBaseObject;
+class VrexGeometry3D;
 class VrexVariableDescriptor;
 
 /// Reads the compact stream that `VrexStreamEncoder` writes.
@@ -99,9 +100,14 @@ public:
 
     /// Makes an object known; one that was known under its identifier is replaced. Does nothing for null.
     void enterObject(const std::shared_ptr<VrexBaseObject>& object);
+    /// The same without a cast. `entity` is the geometry, or null for one that is no entity in space.
+    void enterGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry, VrexGeometry3D* entity);
+    void enterConstraint(const std::shared_ptr<VrexBaseConstraint>& constraint);
     /// Null for an identifier that is not known, as is `findConstraint`.
     std::shared_ptr<VrexBaseGeometry> findGeometry(std::uint64_t id) const;
     std::shared_ptr<VrexBaseConstraint> findConstraint(std::uint64_t id) const;
+    /// Null as well for a geometry that was not entered as an entity in space.
+    std::shared_ptr<VrexGeometry3D> findEntity(std::uint64_t id) const;
     /// The geometry, or if there is none the constraint.
     std::shared_ptr<VrexBaseObject> findObject(std::uint64_t id) const;
 

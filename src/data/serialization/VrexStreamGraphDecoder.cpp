@@ -9,10 +9,19 @@
 
 namespace {
 
-template <class Object>
-bool decodeObjects(VrexStreamDecoder& decoder, std::vector<std::shared_ptr<Object>>& objects) {
+/// Appends the objects of a list. `find` gives the known object of an identifier as what the list holds,
+/// which saves a cast; only of a decoder that does not make known what it decodes it gives another one.
+template <class Object, class Find>
+bool decodeObjects(VrexStreamDecoder& decoder, std::vector<std::shared_ptr<Object>>& objects, Find find) {
     return decoder.readList([&] {
-        auto object = std::dynamic_pointer_cast<Object>(decoder.decodeObject());
+        const auto decoded = decoder.decodeObject();
+        if (decoded == nullptr) {
+            return false;
+        }
+        std::shared_ptr<Object> object = find(decoded->getID());
+        if (object != decoded) {
+            object = std::dynamic_pointer_cast<Object>(decoded);
+        }
         if (object == nullptr) {
             return false;
         }
@@ -60,11 +69,11 @@ bool VrexStreamGraphDecoder::decode(const unsigned char* buffer, unsigned int si
 }
 
 bool VrexStreamGraphDecoder::decodeGeometries(VrexStreamDecoder& decoder, Geometries& geometries) {
-    return decodeObjects(decoder, geometries);
+    return decodeObjects(decoder, geometries, [&](std::uint64_t id) { return decoder.findGeometry(id); });
 }
 
 bool VrexStreamGraphDecoder::decodeConstraints(VrexStreamDecoder& decoder, Constraints& constraints) {
-    return decodeObjects(decoder, constraints);
+    return decodeObjects(decoder, constraints, [&](std::uint64_t id) { return decoder.findConstraint(id); });
 }
 
 /// Null where it cannot be read.

@@ -43,6 +43,11 @@ std::shared_ptr<Target> castTo(std::shared_ptr<Source> object) {
 /// The known object of a class; null for an identifier that is not known, or names an object of another one.
 template <class Target>
 std::shared_ptr<Target> find(const VrexStreamDecoder& stream, std::uint64_t id) {
+    if constexpr (std::is_same_v<VrexGeometry3D, Target>) {
+        if (auto entity = stream.findEntity(id)) {
+            return entity; // Most references are to these.
+        }
+    }
     if constexpr (std::is_base_of_v<VrexBaseGeometry, Target>) {
         return castTo<Target>(stream.findGeometry(id));
     } else {

@@ -82,20 +82,27 @@ bool readMateTail(VrexStreamDecoder& stream, VrexMate3D& mate) {
 VrexObjectDecoder3D::~VrexObjectDecoder3D() = default;
 
 std::shared_ptr<VrexBaseObject> VrexObjectDecoder3D::decodeGeometry() {
-    return completed(readGeometry(stream()));
+    auto geometry = readGeometry(stream());
+    if (geometry == nullptr || !isCompleted(*geometry)) {
+        return nullptr;
+    }
+    stream().enterGeometry(geometry, geometry.get());
+    return geometry;
 }
 
 std::shared_ptr<VrexBaseObject> VrexObjectDecoder3D::decodeConstraint() {
-    return completed(readConstraint(stream()));
-}
-
-std::shared_ptr<VrexBaseObject> VrexObjectDecoder3D::completed(std::shared_ptr<VrexBaseObject> object) {
-    if (object == nullptr) {
+    auto constraint = readConstraint(stream());
+    if (constraint == nullptr || !isCompleted(*constraint)) {
         return nullptr;
     }
+    stream().enterConstraint(constraint);
+    return constraint;
+}
+
+bool VrexObjectDecoder3D::isCompleted(VrexBaseObject& object) {
     m_done = false;
-    object->accept(*this);
-    return m_done ? std::move(object) : nullptr;
+    object.accept(*this);
+    return m_done && stream().isAtEnd();
 }
 
 void VrexObjectDecoder3D::visitBaseGeometry(VrexBaseGeometry& geometry) { m_done = readCommon(geometry); }

@@ -27,7 +27,8 @@ private:
 
     std::shared_ptr<VrexBaseObject> decodeGeometry() override;
     std::shared_ptr<VrexBaseObject> decodeConstraint() override;
-    std::shared_ptr<VrexBaseObject> completed(std::shared_ptr<VrexBaseObject> object);
+    /// Visits the object; whether that reads the rest of the block.
+    bool isCompleted(VrexBaseObject& object);
 
     bool m_done = false; ///< Whether the visit read what it had to.
 };

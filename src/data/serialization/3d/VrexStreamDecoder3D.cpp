@@ -9,9 +9,5 @@ VrexStreamDecoder3D::~VrexStreamDecoder3D() = default;
 
 std::shared_ptr<VrexBaseObject> VrexStreamDecoder3D::decodeObject() {
     std::shared_ptr<VrexBaseObject> object;
-    if (!readBlock([&] { return (object = m_objects.decode()) != nullptr; })) {
-        return nullptr;
-    }
-    enterObject(object);
-    return object;
+    return readBlock([&] { return (object = m_objects.decode()) != nullptr; }) ? object : nullptr;
 }

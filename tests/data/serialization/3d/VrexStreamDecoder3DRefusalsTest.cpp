@@ -404,6 +404,13 @@ TEST(VrexStreamDecoder3D, AConstraintBeforeItsPointsCannotBeRead) {
     EXPECT_EQ(reader.next(), nullptr);
 }
 
+TEST(VrexStreamDecoder3D, AVariableTakesThePlaceOfAnEntityOfItsIdentifier) {
+    Reader reader(join({point(5), rigidSet(6, {5}), variable(5, 1.0), rigidSet(7, {5})}));
+    EXPECT_EQ(reader.skip(3).next(), nullptr);
+    EXPECT_EQ(reader.decoder().findEntity(5), nullptr);
+    EXPECT_EQ(reader.decoder().findEntity(6), reader.decoder().findGeometry(6));
+}
+
 TEST(VrexStreamDecoder3D, AnObjectKindThatThereIsNotThrows) {
     for (const std::int64_t kind : {4, -1}) {
         const LogCapture log;

@@ -14,6 +14,8 @@
 #include "data/graph/VrexConnectedComponent.h"
 #include "data/serialization/3d/VrexStreamDecoder3D.h"
 #include "support/LogCapture.h"
+#include "support/Numbered.h"
+#include "support/ProbeConstraint.h"
 #include "support/SmallStack.h"
 #include "support/StreamOfAllKinds.h"
 
@@ -256,6 +258,42 @@ TEST(VrexStreamGraphDecoder3D, GeometriesDOFAreNoPartOfTheStream) {
     EXPECT_NE(dynamic_cast<VrexStreamDecoder3D*>(stream.get()), nullptr);
     EXPECT_TRUE(decoder.decodeGeometriesDOF(stream.get(), component));
     EXPECT_EQ(stream->position(), 0U);
+}
+
+/// Makes nothing known that it decodes: eight bytes an object, its identifier, of which 0 is a constraint.
+class ForgetfulDecoder final : public VrexStreamDecoder {
+public:
+    using VrexStreamDecoder::VrexStreamDecoder;
+    std::shared_ptr<VrexBaseObject> decodeObject() override {
+        std::uint64_t id = 0;
+        if (!readU64(id)) {
+            return nullptr;
+        }
+        if (id == 0) {
+            return std::make_shared<ProbeConstraint>();
+        }
+        return numbered(VrexGeometryVariable::create(1.0), id);
+    }
+};
+
+class ForgetfulGraphDecoder final : public VrexStreamGraphDecoder3D {
+public:
+    std::unique_ptr<VrexStreamDecoder> getDecoder(const unsigned char* buffer, unsigned int size) override {
+        return std::make_unique<ForgetfulDecoder>(buffer, size);
+    }
+};
+
+TEST(VrexStreamGraphDecoder3D, TheObjectsOfADecoderNeedNotBeKnown) {
+    Flat graph;
+    const Bytes good = flat(join({u64(7), u64(8)}), u64(0));
+    const Bytes swapped = flat(u64(0), u64(7));
+    ForgetfulGraphDecoder decoder;
+    ASSERT_TRUE(
+        decoder.decodeConstraintGraph(good.data(), sizeOf(good), graph.geometries, graph.constraints));
+    EXPECT_THAT(idsOf(graph.geometries), ElementsAre(7, 8));
+    EXPECT_EQ(graph.constraints.size(), 1U);
+    EXPECT_FALSE(
+        decoder.decodeConstraintGraph(swapped.data(), sizeOf(swapped), graph.geometries, graph.constraints));
 }
 
 TEST(VrexStreamGraphDecoder3D, ADragMovesEntitiesAndDrivesParameters) {

@@ -55,10 +55,12 @@ public:
             if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
                 // A benchmark that measures by itself says so in its name, and gives real time.
                 const bool manual = run.run_name.time_type == "manual_time";
-                Variant& variant = add(run.run_name.function_name,
-                                       manual ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime());
+                Variant& variant = variantOf(run.run_name.function_name);
+                variant.times.push_back(manual ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime());
                 const auto rate = run.counters.find("bytes_per_second");
-                variant.megabytes.push_back(rate != run.counters.end() ? rate->second.value / 1e6 : 0.0);
+                if (rate != run.counters.end()) {
+                    variant.rates.push_back(rate->second / 1e6);
+                }
             }
         }
     }
@@ -70,8 +72,10 @@ public:
                 const double time = median(variant.times);
                 std::printf("%-28s %-22s %14.1f %10.3f", workload.name.c_str(), variant.name.c_str(), time,
                             time / peer);
-                const double megabytes = median(variant.megabytes);
-                megabytes > 0.0 ? std::printf(" %10.1f MB/s\n", megabytes) : std::printf("\n");
+                if (!variant.rates.empty()) {
+                    std::printf(" %10.0f MB/s", median(variant.rates));
+                }
+                std::printf("\n");
             }
         }
     }
@@ -80,7 +84,7 @@ protected:
     struct Variant {
         std::string name;
         std::vector<double> times;
-        std::vector<double> megabytes{}; ///< A second; 0 where the benchmark does not count them.
+        std::vector<double> rates{}; ///< Of those that tell how many bytes they take, in MB/s.
     };
     struct Workload {
         std::string name;
@@ -101,13 +105,10 @@ private:
             std::find_if(list.begin(), list.end(), [&](const Named& item) { return item.name == name; });
         return found != list.end() ? *found : list.emplace_back(Named{name, {}});
     }
-    Variant& add(const std::string& name, double time) {
+    Variant& variantOf(const std::string& name) {
         const std::size_t slash = name.find('/');
         Workload& workload = named(m_workloads, name.substr(0, slash));
-        Variant& variant =
-            named(workload.variants, slash == std::string::npos ? name : name.substr(slash + 1));
-        variant.times.push_back(time);
-        return variant;
+        return named(workload.variants, slash == std::string::npos ? name : name.substr(slash + 1));
     }
     static const Variant& peerOf(const Workload& workload) {
         const auto found =

@@ -1,15 +1,16 @@
 // JSON: which parser walks a document fastest, what reading and writing whole values costs, and what it takes
-// to save a system.
+// to save and to load a system.
 //
 // The document is that of 100,000 objects: half points, the rest lines, circles, sets, distances and
 // incidences, coordinates with all their digits. "walk" visits every value and builds nothing; "read" and
 // "write" go between text and values; "save" goes from objects to text, while its peer has its tree of values
-// ready.
+// ready; "load" goes from text to objects, while its peers come to their values only.
 
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <memory>
 #include <random>
 #include <string>
@@ -18,6 +19,7 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #ifdef VREX_HAS_NLOHMANN
 #include <nlohmann/json.hpp>
@@ -43,6 +45,7 @@
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "data/serialization/3d/VrexImmutableSystem3D.h"
+#include "data/serialization/3d/VrexSystem3DDeserializer.h"
 #include "data/serialization/3d/VrexSystem3DSerializer.h"
 #include "tolvbase/LumoJson.h"
 
@@ -136,6 +139,13 @@ std::size_t saveSystem() {
     serializer.serialize(system());
     return serializer.jsonStream().size();
 }
+
+VrexImmutableSystem3D load(const std::string& text) {
+    VrexImmutableSystem3D loaded;
+    deserialize(LumoJson::parse(text), loaded, {});
+    return loaded;
+}
+VrexImmutableSystem3D loadSystem() { return load(document()); }
 
 #ifdef VREX_HAS_NLOHMANN
 nlohmann::json readNlohmann() { return nlohmann::json::parse(document()); }
@@ -258,17 +268,16 @@ void add(const char* name, Work work) {
     });
 }
 
-/// Per object, to see how time grows.
-void addSaving(std::size_t count) {
-    const std::string name = "save_each_object_of/" + std::to_string(count);
+/// Per object, to see how time grows; `prepare` makes of a system what `work` is measured with.
+template <class Prepare, class Work>
+void addGrowing(const std::string& workload, std::size_t count, Prepare prepare, Work work) {
+    const std::string name = workload + "_each_object_of/" + std::to_string(count);
     benchmark::RegisterBenchmark(name.c_str(),
-                                 [count](benchmark::State& state) {
-                                     const auto saved = Lists().makeSystem(count);
+                                 [count, prepare, work](benchmark::State& state) {
+                                     const auto prepared = prepare(Lists().makeSystem(count));
                                      for (auto _ : state) {
                                          const double start = RatioReport::threadSeconds();
-                                         VrexSystem3DSerializer serializer({});
-                                         serializer.serialize(saved);
-                                         benchmark::DoNotOptimize(serializer.jsonStream());
+                                         work(prepared);
                                          state.SetIterationTime((RatioReport::threadSeconds() - start) /
                                                                 static_cast<double>(count));
                                      }
@@ -277,9 +286,55 @@ void addSaving(std::size_t count) {
         ->Iterations(static_cast<benchmark::IterationCount>(count < 1'000'000 ? 1'000'000 / count : 1));
 }
 
+void addSaving(std::size_t count) {
+    addGrowing(
+        "save", count, [](VrexImmutableSystem3D made) { return made; },
+        [](const VrexImmutableSystem3D& saved) {
+            VrexSystem3DSerializer serializer({});
+            serializer.serialize(saved);
+            benchmark::DoNotOptimize(serializer.jsonStream());
+        });
+}
+
+void addLoading(std::size_t count) {
+    addGrowing("load", count, textOf, [](const std::string& text) {
+        const auto loaded = load(text);
+        benchmark::DoNotOptimize(loaded);
+    });
+}
+
+/// The most memory of this process so far, in bytes.
+double peakMemory() {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        if (word == "VmHWM:") {
+            double kibibytes = 0.0;
+            status >> kibibytes;
+            return 1024.0 * kibibytes;
+        }
+    }
+    return 0.0;
+}
+
+/// How much of it loading takes. Asked for on its own: a mark once reached hides what is measured next.
+int weighLoading() {
+    const std::string text = textOf(Lists().makeSystem(OBJECTS));
+    malloc_trim(0);
+    std::ofstream("/proc/self/clear_refs") << 5; // The mark sinks to what is used now.
+    const double before = peakMemory();
+    const auto loaded = load(text);
+    benchmark::DoNotOptimize(loaded);
+    std::printf("Loading %zu bytes takes %.1f times as much memory.\n", text.size(),
+                (peakMemory() - before) / static_cast<double>(text.size()));
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 2 && std::string_view(argv[1]) == "--weigh-loading") {
+        return weighLoading();
+    }
     std::printf("A document of %zu objects and %zu bytes.\n", OBJECTS, document().size());
 #ifdef VREX_HAS_RAPIDJSON
     add("walk/peer_rapidjson", walkRapidJson);
@@ -298,8 +353,14 @@ int main(int argc, char** argv) {
     add("write/nlohmann", writeNlohmann);
     add("save/peer_nlohmann_dump", writeNlohmann);
 #endif
+    add("load/deserializer", loadSystem);
+    add("load/LumoJson_parse", readLumo);
+#ifdef VREX_HAS_NLOHMANN
+    add("load/peer_nlohmann_parse", readNlohmann);
+#endif
     for (const std::size_t count : {1'000U, 10'000U, 100'000U, 1'000'000U}) {
         addSaving(count);
+        addLoading(count);
     }
     return RatioReport::run(argc, argv);
 }

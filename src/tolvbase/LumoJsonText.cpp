@@ -33,16 +33,27 @@ bool isPlain(std::uint64_t word) {
             zeroBytes(word ^ ('\\' * EACH_BYTE))) == 0;
 }
 
-/// The same of a text, eight bytes at a time, the last ones filled up with blanks.
+bool isPlainAt(const char* bytes) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return isPlain(word);
+}
+
+/// The same of a text, eight bytes at a time; the last ones may overlap those before.
 bool isPlain(std::string_view text) {
-    for (std::size_t at = 0; at < text.size(); at += sizeof(std::uint64_t)) {
-        std::uint64_t word = 0x20 * EACH_BYTE;
-        std::memcpy(&word, text.data() + at, std::min(sizeof word, text.size() - at));
-        if (!isPlain(word)) {
+    constexpr std::size_t WORD = sizeof(std::uint64_t);
+    if (text.size() < WORD) {
+        char filled[WORD];
+        std::fill_n(filled, WORD, ' ');
+        std::copy(text.begin(), text.end(), filled);
+        return isPlainAt(filled);
+    }
+    for (std::size_t at = 0; at + WORD <= text.size(); at += WORD) {
+        if (!isPlainAt(text.data() + at)) {
             return false;
         }
     }
-    return true;
+    return isPlainAt(text.data() + text.size() - WORD);
 }
 
 void appendEscape(std::string& text, unsigned char byte) {
@@ -76,7 +87,9 @@ void nsLumoJsonText::append(std::string& text, std::int64_t value) { appendInteg
 
 void nsLumoJsonText::append(std::string& text, std::string_view value) {
     if (isPlain(value)) { // As nearly all are.
-        text.append(1, '"').append(value).append(1, '"');
+        text += '"';
+        text += value;
+        text += '"';
         return;
     }
     if (nsTolvUtf8::findInvalid(value) != std::string_view::npos) {

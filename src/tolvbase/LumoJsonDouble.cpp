@@ -96,6 +96,9 @@ constexpr std::array<char, 200> makePairs() {
     }
     return pairs;
 }
+/// What stands before the digits of a fraction: the least has two zeros behind the point.
+constexpr std::array<char, 4> NOTHING = {'0', '.', '0', '0'};
+
 /// The digits of 0 to 99.
 constexpr std::array<char, 200> PAIRS = makePairs();
 
@@ -161,7 +164,7 @@ char* write(char* buffer, double value) noexcept {
         std::memcpy(buffer + beforePoint + 1, digits + beforePoint, DIGITS);
         return buffer + count + 1;
     }
-    std::memcpy(buffer, "0.000000", 8); // The least has two zeros behind the point.
+    std::memcpy(buffer, NOTHING.data(), NOTHING.size());
     std::memcpy(buffer + 2 - beforePoint, digits, DIGITS);
     return buffer + 2 - beforePoint + count;
 }

@@ -11,7 +11,8 @@ LAYERS = """
 layer low:
 layer mid:      low
 layer mid/deep: ..mid
-layer examples: ..mid/deep
+layer tools: ..mid/deep
+layer examples: ..mid/deep tools
 external fmt/*:  src/mid/*.cpp src/mid/FmtAdapter.h
 external fmt/**: src/mid/Deep.cpp
 upward low/Climber.cpp: mid
@@ -24,7 +25,8 @@ CLEAN = {
     "src/mid/FmtAdapter.h": "#pragma once\n#include <fmt/core.h>\n",
     "src/mid/Hidden.h": "#pragma once\n#include <cstdint>\n",
     "src/mid/deep/Deep.cpp": '#include "low/Low.h"\n#include "mid/Mid.h"\n// #include "examples/no.h"\n',
-    "examples/first.cpp": '#include "mid/Mid.h"\n#include "Shared.h"\n',
+    "examples/first.cpp": '#include "mid/Mid.h"\n#include "tools/Tool.h"\n#include "Shared.h"\n',
+    "tools/Tool.h": "#pragma once\n",
     "examples/Shared.h": "#pragma once\n",
     "docs/page.md": '#include "nowhere.h"\n',
 }
@@ -52,6 +54,14 @@ class CheckLayersTest(unittest.TestCase):
     def test_header_that_points_up(self):
         self.expect('src/low/Low.h:2: "mid/Mid.h": low may not include mid',
                     {"src/low/Low.h": '#pragma once\n#include "mid/Mid.h"\n'})
+
+    def test_client_that_points_up(self):
+        self.expect('tools/Tool.cpp:1: "examples/Shared.h": tools may not include examples',
+                    {"tools/Tool.cpp": '#include "examples/Shared.h"\n'})
+
+    def test_library_that_includes_a_client(self):
+        self.expect('src/mid/Mid.cpp:1: "tools/Tool.h" is no path from src/',
+                    {"src/mid/Mid.cpp": '#include "tools/Tool.h"\n'})
 
     def test_source_that_points_up_without_exemption(self):
         self.expect('src/low/Other.cpp:1: "mid/Mid.h": low may not include mid',

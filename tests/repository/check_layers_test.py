@@ -81,15 +81,15 @@ class CheckLayersTest(unittest.TestCase):
                     layers=LAYERS + "upward low/Gone.cpp: mid\n")
 
     def test_exemption_of_a_header(self):
-        self.expect("cmake/layers.txt:9: only sources may look up: low/Low.h",
+        self.expect("cmake/layers.txt:10: only sources may look up: low/Low.h",
                     layers=LAYERS + "upward low/Low.h: mid\n")
 
     def test_layer_that_names_a_later_one(self):
-        self.expect("cmake/layers.txt:9: no layer above this line: later",
+        self.expect("cmake/layers.txt:10: no layer above this line: later",
                     layers=LAYERS + "layer sooner: later\nlayer later:\n")
 
     def test_line_that_is_no_statement(self):
-        self.expect("cmake/layers.txt:9: not a statement: allow everything", layers=LAYERS + "allow everything\n")
+        self.expect("cmake/layers.txt:10: not a statement: allow everything", layers=LAYERS + "allow everything\n")
 
     def test_missing_pragma_once(self):
         self.expect("src/mid/Hidden.h:1: has no #pragma once", {"src/mid/Hidden.h": "// #pragma once\n"})

@@ -210,6 +210,19 @@ TEST(VrexConstraintGraph, ObjectsAreListedRisingByIdentifier) {
     EXPECT_EQ(graph.getConstraints(), (std::vector<Constraint>{early, late}));
 }
 
+TEST(VrexConstraintGraph, ReplacedVertexIsListedInItsPlace) {
+    const Constraint constraint = LooseConstraint::create(2, {});
+    const Constraint other = LooseConstraint::create(3, {});
+    const Geometry geometry = PartedGeometry::create(4);
+    VrexConstraintGraph graph({PartedGeometry::create(1)}, {constraint});
+    graph[0] = vertexOf(geometry);
+    graph[1] = std::make_shared<VrexConstraintVertex>(other);
+    EXPECT_EQ(graph.getGeometries(), std::vector<Geometry>{geometry});
+    EXPECT_EQ(graph.getConstraints(), std::vector<Constraint>{other});
+    graph[0] = graph[1];
+    EXPECT_EQ(graph.getGeometries(), std::vector<Geometry>{nullptr});
+}
+
 TEST(VrexConstraintGraph, NeighboursOfTheOtherSortAreNullInPlace) {
     const Geometry part = PartedGeometry::create(1);
     const Geometry set = PartedGeometry::create(2, {part});

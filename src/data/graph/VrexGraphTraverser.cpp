@@ -100,7 +100,7 @@ void VrexGraphTraverser::searchFrom(VrexVertexType type, VrexConstraintGraph& gr
 bool VrexGraphTraverser::traverseByIndex(VrexConstraintGraph& graph, VrexGraphVisitor& visitor) {
     const VrexGraphTraverser& self = *this;
     const bool isDepthFirst = typeid(self) == typeid(VrexDepthFirstSearch);
-    if (typeid(visitor) != typeid(VrexComponentGenerator) ||
+    if (visitor.isStopped() || typeid(visitor) != typeid(VrexComponentGenerator) ||
         (!isDepthFirst && typeid(self) != typeid(VrexBroadFirstSearch)) || !VrexIndexWalk::isAble(graph)) {
         return false;
     }

@@ -112,6 +112,22 @@ TEST(VrexGraphTraverser, StopInStartStillDiscoversDepthFirstOnly) {
     EXPECT_EQ(stepsBehindStart(VrexBroadFirstSearch()), Steps());
 }
 
+/// Stops at once.
+class Stopper : public VrexComponentGenerator {
+public:
+    void initializeVertex(VrexConstraintGraph&, std::shared_ptr<VrexVertex>&) override { stop(); }
+};
+
+TEST(VrexGraphTraverser, GeneratorThatWasStoppedBeforeWalksNothing) {
+    VrexConstraintGraph graph = Pair().graph();
+    Stopper stopper;
+    VrexDepthFirstSearch().traverse(graph, stopper);
+    VrexComponentGenerator generator(stopper);
+    VrexDepthFirstSearch().traverse(graph, generator);
+    EXPECT_TRUE(generator.isStopped());
+    EXPECT_TRUE(generator.getComponents().empty());
+}
+
 /// Does not colour fixed geometries.
 class Watcher : public VrexGraphVisitor {
 public:

@@ -20,7 +20,10 @@ VrexConstraintGraph::VrexConstraintGraph(const VrexConstraintGraph&) = default;
 VrexConstraintGraph::VrexConstraintGraph(VrexConstraintGraph&&) noexcept = default;
 VrexConstraintGraph& VrexConstraintGraph::operator=(const VrexConstraintGraph&) = default;
 VrexConstraintGraph& VrexConstraintGraph::operator=(VrexConstraintGraph&&) noexcept = default;
-VrexConstraintGraph::~VrexConstraintGraph() = default;
+VrexConstraintGraph::~VrexConstraintGraph() {
+    dropEdges();
+    m_objects.clear();
+}
 
 void VrexConstraintGraph::clear() {
     VrexVertexAdjacency::clear();
@@ -42,6 +45,10 @@ bool VrexConstraintGraph::hasConstraint(const std::shared_ptr<VrexBaseConstraint
 std::uint32_t VrexConstraintGraph::indexOf(VrexVertex* vertex) const {
     return vertex == nullptr ? VrexVertexIndex::NONE
                              : m_objects.find(vertex->getVertexType(), vertex->getID());
+}
+
+VrexVertex* VrexConstraintGraph::seenVertex(std::uint32_t index) const {
+    return index < vertices().size() ? vertices()[index].get() : nullptr;
 }
 
 std::uint64_t VrexConstraintGraph::getIndex(const std::shared_ptr<VrexVertex>& vertex) {
@@ -87,7 +94,7 @@ VrexConstraintGraph::getAdjacentGeometries(const std::shared_ptr<VrexBaseConstra
 std::vector<std::shared_ptr<VrexBaseGeometry>> VrexConstraintGraph::getGeometries() {
     std::vector<std::shared_ptr<VrexBaseGeometry>> result;
     for (const std::uint32_t index : m_objects.byID(VrexVertexType::Geometry)) {
-        const auto& vertex = vertices()[index]; // which whoever looked at it may have replaced
+        VrexVertex* vertex = seenVertex(index); // which whoever looked at it may have replaced
         result.push_back(vertex != nullptr
                              ? vertex->getGeometryPtr()
                              : std::static_pointer_cast<VrexBaseGeometry>(m_objects.object(index)));
@@ -98,7 +105,7 @@ std::vector<std::shared_ptr<VrexBaseGeometry>> VrexConstraintGraph::getGeometrie
 std::vector<std::shared_ptr<VrexBaseConstraint>> VrexConstraintGraph::getConstraints() {
     std::vector<std::shared_ptr<VrexBaseConstraint>> result;
     for (const std::uint32_t index : m_objects.byID(VrexVertexType::Constraint)) {
-        const auto& vertex = vertices()[index];
+        VrexVertex* vertex = seenVertex(index);
         result.push_back(vertex != nullptr
                              ? vertex->getConstraintPtr()
                              : std::static_pointer_cast<VrexBaseConstraint>(m_objects.object(index)));

@@ -105,7 +105,9 @@ bool VrexGraphTraverser::traverseByIndex(VrexConstraintGraph& graph, VrexGraphVi
         return false;
     }
     VrexIndexWalk walk(graph, static_cast<VrexComponentGenerator&>(visitor));
-    walk.traverse(isDepthFirst);
+    if (!walk.traverse(isDepthFirst)) {
+        return false;
+    }
     m_flatColors = walk.takeColors(m_colorMap);
     visitor.setColorMap(&m_colorMap);
     visitor.m_flatColors = &m_flatColors;

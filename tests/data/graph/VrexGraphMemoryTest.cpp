@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <new>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -62,6 +63,29 @@ TEST(VrexGraphMemory, EdgeAloneTakesAtMost100Bytes) {
     for (const std::size_t arguments : {1U, 2U, 3U, 10U}) {
         EXPECT_LE(bytesOfGraph(geometries, arguments), none + geometries.size() * arguments * 100);
     }
+}
+
+TEST(VrexGraphMemory, ListThatCouldNotBeMadeIsMadeWhenAskedForAgain) {
+    const auto geometries = geometriesOf(3);
+    for (std::size_t allowed = 0; allowed < 20; ++allowed) {
+        VrexConstraintGraph graph(geometries, constraintsOf(geometries, 2));
+        bool isMade = false;
+        {
+            const AllocationLimit limit(allowed);
+            try {
+                isMade = graph.getAdjacents(1).size() == 2;
+            } catch (const std::bad_alloc&) {
+                isMade = false;
+            }
+        }
+        EXPECT_EQ(graph.getAdjacents(1).size(), 2U);
+        EXPECT_EQ(graph.getAdjacents(3).size(), 2U);
+        if (isMade) {
+            EXPECT_GT(allowed, 3U);
+            return;
+        }
+    }
+    FAIL() << "an edge list takes more than twenty blocks";
 }
 
 TEST(VrexGraphMemory, WalkMakesNoEdge) {

@@ -14,6 +14,7 @@
 #include "support/ObjectGraph.h"
 #include "support/RandomFields.h"
 #include "support/RandomSystems.h"
+#include "support/WrittenDocuments.h"
 
 using nsDocumentTexts::constraintOf;
 using nsDocumentTexts::geometryOf;
@@ -87,6 +88,7 @@ TEST(VrexJsonRoundTrip, DocumentsComeBackAsTheyAre) {
         ASSERT_EQ(again.angularTolerance(), system.angularTolerance());
         if (i < 1'000) {
             ASSERT_EQ(written(system).dump(), json.dump());
+            keepWritten(json.dump());
             addClasses(system, classes);
         }
     }

@@ -88,7 +88,6 @@ TEST(VrexJsonRoundTrip, DocumentsComeBackAsTheyAre) {
         ASSERT_EQ(again.angularTolerance(), system.angularTolerance());
         if (i < 1'000) {
             ASSERT_EQ(written(system).dump(), json.dump());
-            keepWritten(json.dump());
             addClasses(system, classes);
         }
     }
@@ -117,6 +116,9 @@ TEST(VrexJsonRoundTrip, TextsComeBackByteForByte) {
         SCOPED_TRACE(i);
         ASSERT_TRUE(serializer.serialize(systems.next()));
         const std::string text(serializer.jsonStream());
+        if (i < 100) {
+            keepWritten(text);
+        }
         ASSERT_TRUE(serializer.serialize(readJson(LumoJson::parse(text))));
         ASSERT_EQ(serializer.jsonStream(), text);
     }

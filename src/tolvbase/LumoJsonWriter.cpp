@@ -15,21 +15,24 @@ std::string LumoJsonWriter::write(const LumoJson& root) {
 void LumoJsonWriter::advance() {
     Level& level = m_open.back();
     const bool isObject = level.container->is_object();
-    if (level.left == 0) {
-        m_text += isObject ? '}' : ']';
-        m_open.pop_back();
-        return;
+    const std::size_t depth = m_open.size();
+    while (level.left != 0) {
+        if (level.left != level.container->size()) {
+            m_text += ',';
+        }
+        if (isObject) {
+            nsLumoJsonText::append(m_text, level.next.key());
+            m_text += ':';
+        }
+        const LumoJson& value = *level.next++;
+        --level.left;
+        writeValue(value);
+        if (m_open.size() != depth) { // A level was opened, and `level` has moved.
+            return;
+        }
     }
-    if (level.left != level.container->size()) {
-        m_text += ',';
-    }
-    if (isObject) {
-        nsLumoJsonText::append(m_text, level.next.key());
-        m_text += ':';
-    }
-    const LumoJson& value = *level.next++;
-    --level.left;
-    writeValue(value); // May open a level, which moves `level`.
+    m_text += isObject ? '}' : ']';
+    m_open.pop_back();
 }
 
 void LumoJsonWriter::writeValue(const LumoJson& value) {

@@ -20,7 +20,7 @@ private:
 
     /// Writes a scalar or an empty container whole, and opens any other one.
     void writeValue(const LumoJson& value);
-    /// Writes the next element of the innermost container, or closes it.
+    /// Goes on in the innermost container, up to the next one that opens or to its own end.
     void advance();
 
     std::vector<Level> m_open;

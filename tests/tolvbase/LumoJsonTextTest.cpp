@@ -48,6 +48,22 @@ TEST(LumoJsonText, AppendsTextsQuotedAndEscaped) {
     EXPECT_EQ(textOf(std::string_view("\xC3\xA4\xF0\x9F\x98\x80")), "\"\xC3\xA4\xF0\x9F\x98\x80\"");
 }
 
+/// Eight bytes are looked at in one go, and these must not hide each other.
+TEST(LumoJsonText, FindsWhatNeedsAnEscapeAtEveryPlace) {
+    for (std::size_t length = 1; length < 20; ++length) {
+        for (std::size_t place = 0; place < length; ++place) {
+            for (int byte = 0; byte < 0x80; ++byte) {
+                std::string value(length, '!');
+                value[place] = static_cast<char>(byte);
+                const bool isEscaped = byte < 0x20 || byte == '"' || byte == '\\';
+                const std::string text = textOf(std::string_view(value));
+                ASSERT_EQ(text != '"' + value + '"', isEscaped) << byte;
+                ASSERT_EQ(nsJsonSamples::valueOf<std::string>(LumoJson::parse(text)), value);
+            }
+        }
+    }
+}
+
 TEST(LumoJsonText, AppendsNothingOfWhatJsonDoesNotHave) {
     std::string text = "before";
     for (const double number :

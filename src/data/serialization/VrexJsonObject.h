@@ -102,7 +102,10 @@ public:
 
 private:
     /// Keys need no escapes.
-    void appendKey(Key key) { m_text.append(1, '"').append(key).append("\":"); }
+    void appendKey(Key key) {
+        m_text += '"';
+        m_text.append(key).append("\":");
+    }
     void append(double value) { nsLumoJsonText::append(m_text, value); }
     template <std::same_as<bool> Boolean>
     void append(Boolean value) {
@@ -120,7 +123,11 @@ private:
     /// Neither do the names of enumerations.
     template <class Enum>
     requires std::is_enum_v<Enum>
-    void append(Enum value) { m_text.append(1, '"').append(nsEnum::toText(value)).append(1, '"'); }
+    void append(Enum value) {
+        m_text += '"';
+        m_text += nsEnum::toText(value);
+        m_text += '"';
+    }
     void append(const VrexVector3DT<double>& value) {
         append(std::array<double, 3>{value.x(), value.y(), value.z()});
     }

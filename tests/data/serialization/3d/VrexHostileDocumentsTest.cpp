@@ -113,7 +113,7 @@ TEST(VrexHostileDocuments, OfEqualKeysTheLastCounts) {
 
 TEST(VrexHostileDocuments, ManyKeysAreNoTrouble) {
     std::string further;
-    for (int i = 0; i < 100'000; ++i) {
+    for (int i = 0; i < 20'000; ++i) {
         further.append(further.empty() ? "\"k" : ", \"k").append(std::to_string(i)).append("\": 0");
     }
     EXPECT_EQ(

@@ -8,6 +8,7 @@
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
 #include "data/VrexVariableDescriptorInterface.h"
+#include "data/geometry/3d/VrexGeometry3D.h"
 #include "support/LogCapture.h"
 #include "support/StreamObjects.h"
 

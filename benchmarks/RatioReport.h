@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -17,6 +18,13 @@
 /// --benchmark_filter=rotated, come after the defaults and so win.
 class RatioReport : public benchmark::ConsoleReporter {
 public:
+    /// For benchmarks that measure by themselves.
+    static double threadSeconds() {
+        timespec now{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+        return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
+    }
+    template <class Report = RatioReport>
     static int run(int argc, char** argv) {
         std::vector<std::string> texts{argv[0], "--benchmark_enable_random_interleaving=true",
                                        "--benchmark_repetitions=9", "--benchmark_min_time=0.05"};
@@ -30,7 +38,7 @@ public:
         if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
             return 1;
         }
-        RatioReport report;
+        Report report;
         benchmark::RunSpecifiedBenchmarks(&report);
         benchmark::Shutdown();
         return 0;
@@ -72,7 +80,7 @@ public:
         }
     }
 
-private:
+protected:
     struct Variant {
         std::string name;
         std::vector<double> times;
@@ -83,6 +91,14 @@ private:
         std::vector<Variant> variants;
     };
 
+    const std::vector<Workload>& workloads() const { return m_workloads; }
+    static double median(std::vector<double> times) {
+        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+        std::nth_element(times.begin(), middle, times.end());
+        return *middle;
+    }
+
+private:
     template <typename Named>
     static Named& named(std::vector<Named>& list, const std::string& name) {
         const auto found =
@@ -100,11 +116,5 @@ private:
                          [](const Variant& variant) { return variant.name.rfind("peer_", 0) == 0; });
         return found != workload.variants.end() ? *found : workload.variants.front();
     }
-    static double median(std::vector<double> times) {
-        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-        std::nth_element(times.begin(), middle, times.end());
-        return *middle;
-    }
-
     std::vector<Workload> m_workloads;
 };

@@ -1,7 +1,8 @@
 // The managers through the life of a system: N geometries, of which each fifth is a spline over four points
 // and each point belongs to a set of a hundred, and 1.5 N distances between random points are added, asked
 // for what uses them, registered anew and removed. The peer is what one writes first: standard maps with the
-// users of an object in a vector. The workloads of other sizes show how the cost grows.
+// users of an object in a vector. The workloads of other sizes show how the cost grows. In the hubs, which
+// the peer would take a square of time for, one set holds all points and one point bears all distances.
 
 #include <algorithm>
 #include <cstdint>
@@ -252,6 +253,45 @@ void life(benchmark::State& state) {
     }
 }
 
+/// Points 1 to `count` and as many distances from the first of them.
+struct Hub {
+    std::vector<std::shared_ptr<VrexPoint3D>> points;
+    std::vector<Constraint> constraints;
+
+    explicit Hub(std::uint64_t count) {
+        for (std::uint64_t id = 1; id <= count; ++id) {
+            points.push_back(VrexPoint3D::create(1.0, 2.0, 3.0));
+            points.back()->setID(id);
+            constraints.push_back(VrexDistance3D::create(points.front(), points.back(), 1.0,
+                                                         VrexGeometryComponentType::UNKNOWN,
+                                                         VrexGeometryComponentType::UNKNOWN));
+            constraints.back()->setID(id);
+        }
+    }
+};
+
+template <std::uint64_t count>
+void hub(benchmark::State& state) {
+    const Hub system(count);
+    for ([[maybe_unused]] auto step : state) {
+        Managers managers;
+        for (const auto& point : system.points) {
+            managers.geometries.addGeometry(point);
+            managers.geometries.addGeometryRelateSet(point, 1'000'000'000);
+        }
+        for (const auto& constraint : system.constraints) {
+            managers.add(constraint);
+        }
+        benchmark::DoNotOptimize(managers.uses(system.points.front()));
+        for (const auto& constraint : system.constraints) {
+            managers.remove(constraint);
+        }
+        for (const auto& point : system.points) {
+            managers.remove(Geometry(point));
+        }
+    }
+}
+
 template <class Store>
 void registerStore(const std::string& variant) {
     const std::pair<const char*, void (*)(benchmark::State&)> workloads[] = {
@@ -272,5 +312,7 @@ void registerStore(const std::string& variant) {
 int main(int argc, char** argv) {
     registerStore<Peer>("peer_plain_maps");
     registerStore<Managers>("managers");
+    benchmark::RegisterBenchmark("hub_of_10000/managers", hub<10'000>);
+    benchmark::RegisterBenchmark("hub_of_100000/managers", hub<100'000>);
     return RatioReport::run(argc, argv);
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "tolvbase/LumoJson.h"
@@ -23,10 +22,6 @@ private:
     void writeValue(const LumoJson& value);
     /// Writes the next element of the innermost container, or closes it.
     void advance();
-    void writeInteger(const LumoJson& value);
-    void writeDouble(double value);
-    void writeString(std::string_view text);
-    void writeEscape(unsigned char byte);
 
     std::vector<Level> m_open;
     std::string m_text;

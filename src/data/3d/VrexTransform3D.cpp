@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "data/3d/VrexDragRecords.h"
 #include "data/VrexLog.h"
 #include "data/VrexStandardTexts.h"
 
@@ -20,6 +21,16 @@ void rewire(std::shared_ptr<Object>& object,
     if (found != map.end() && found->second != nullptr) {
         object = found->second;
     }
+}
+
+/// Each entity's place among the records, the last one of several.
+std::unordered_map<std::shared_ptr<VrexGeometry>, std::uint64_t>
+indexOf(const std::vector<VrexDragTransform3D>& records) {
+    std::unordered_map<std::shared_ptr<VrexGeometry>, std::uint64_t> index;
+    for (std::uint64_t i = 0; i < records.size(); ++i) {
+        index[records[i].geometry] = i;
+    }
+    return index;
 }
 
 } // namespace
@@ -64,13 +75,16 @@ bool VrexTransform3D::applyTransformation(const std::shared_ptr<VrexGeometry3D>&
     if (!isApplicable(geometry, matrix)) {
         return false;
     }
-    const auto [entry, isNew] = m_geometryIndex.try_emplace(geometry, m_transformations.size());
-    if (isNew) {
-        m_transformations.push_back({geometry, matrix});
-    } else {
-        VrexTransformMatrix3D& present = m_transformations[entry->second].matrix;
+    const auto found = m_geometryIndex.find(geometry);
+    if (found != m_geometryIndex.end()) {
+        VrexTransformMatrix3D& present = m_transformations[found->second].matrix;
         present = matrix * present;
+        return true;
     }
+    const auto enter = [this](const VrexDragTransform3D& record, std::uint64_t place) {
+        m_geometryIndex.emplace(record.geometry, place);
+    };
+    nsDragRecords::append(m_transformations, {geometry, matrix}, enter);
     return true;
 }
 
@@ -96,8 +110,8 @@ bool VrexTransform3D::setTransforms(std::vector<VrexDragTransform3D> transforms)
     if (!std::ranges::all_of(transforms, isGood)) {
         return false;
     }
+    m_geometryIndex = indexOf(transforms);
     m_transformations = std::move(transforms);
-    indexTransformations();
     return true;
 }
 
@@ -106,8 +120,13 @@ bool VrexTransform3D::applyTransformParameters(const std::shared_ptr<VrexGeometr
     if (geometry == nullptr) {
         return false;
     }
-    m_parameterIndex[geometry].push_back(m_transformParameters.size());
-    m_transformParameters.emplace_back(geometry, type, value);
+    const auto enter = [this](const VrexDragParameter3D& record, std::uint64_t place) {
+        const auto [entry, isNew] = m_parameterIndex.try_emplace(record.geometry, 1, place);
+        if (!isNew) {
+            entry->second.push_back(place);
+        }
+    };
+    nsDragRecords::append(m_transformParameters, {geometry, type, value}, enter);
     return true;
 }
 
@@ -161,17 +180,10 @@ std::shared_ptr<VrexTransform3D> VrexTransform3D::clone(const GeometryMap& geome
     for (VrexDragVariable& record : copy->m_variableTransformations) {
         rewire(record.variable, variableMap);
     }
-    copy->indexTransformations();
+    copy->m_geometryIndex = indexOf(copy->m_transformations);
     copy->indexParameters();
     copy->indexVariables();
     return copy;
-}
-
-void VrexTransform3D::indexTransformations() {
-    m_geometryIndex.clear();
-    for (std::uint64_t i = 0; i < m_transformations.size(); ++i) {
-        m_geometryIndex[m_transformations[i].geometry] = i;
-    }
 }
 
 void VrexTransform3D::indexParameters() {

@@ -67,7 +67,6 @@ public:
 
 private:
     /// Each index follows from its records.
-    void indexTransformations();
     void indexParameters();
     void indexVariables();
 

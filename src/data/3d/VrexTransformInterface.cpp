@@ -1,5 +1,7 @@
 #include "data/3d/VrexTransformInterface.h"
 
+#include "data/3d/VrexDragRecords.h"
+
 VrexTransformInterface::~VrexTransformInterface() = default;
 
 bool VrexTransformInterface::isTransformed(const std::shared_ptr<VrexGeometry>& geometry) const {
@@ -15,8 +17,10 @@ bool VrexTransformInterface::applyVariableTransform(const std::shared_ptr<VrexGe
     if (variable == nullptr) {
         return false;
     }
-    m_variableIndex[variable] = m_variableTransformations.size();
-    m_variableTransformations.push_back({variable, value});
+    const auto enter = [this](const VrexDragVariable& record, std::uint64_t place) {
+        m_variableIndex[record.variable] = place;
+    };
+    nsDragRecords::append(m_variableTransformations, {variable, value}, enter);
     return true;
 }
 

@@ -9,20 +9,45 @@
 #include "data/VrexLog.h"
 
 template <class T>
+VrexBaseDataManager<T>::VrexBaseDataManager(const VrexBaseDataManager& other) : m_dataMap(other.m_dataMap) {
+    for (const auto& [id, object] : m_dataMap) {
+        m_shortcuts.prepare(id, m_dataMap.size());
+        m_shortcuts.set(id, &object);
+    }
+}
+
+template <class T>
+VrexBaseDataManager<T>& VrexBaseDataManager<T>::operator=(const VrexBaseDataManager& other) {
+    VrexBaseDataManager copy(other);
+    m_dataMap.swap(copy.m_dataMap);
+    m_shortcuts.swap(copy.m_shortcuts);
+    return *this;
+}
+
+template <class T>
 VrexBaseDataManager<T>::~VrexBaseDataManager() = default;
 
 template <class T>
 void VrexBaseDataManager<T>::clear() {
+    m_shortcuts.clear();
     m_dataMap.clear();
 }
 
 template <class T>
 bool VrexBaseDataManager<T>::addData(const std::shared_ptr<T>& object) {
-    return object != nullptr && m_dataMap.try_emplace(object->getID(), object).second;
+    if (object == nullptr) {
+        return false;
+    }
+    const std::uint64_t id = object->getID();
+    m_shortcuts.prepare(id, m_dataMap.size());
+    const auto [entry, isNew] = m_dataMap.try_emplace(id, object);
+    m_shortcuts.set(id, &entry->second);
+    return isNew;
 }
 
 template <class T>
 bool VrexBaseDataManager<T>::removeData(std::uint64_t id) {
+    m_shortcuts.set(id, nullptr);
     return m_dataMap.erase(id) != 0;
 }
 

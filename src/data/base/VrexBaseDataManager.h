@@ -8,6 +8,7 @@
 
 #include "data/VrexExport.h"
 #include "data/base/VrexIDHash.h"
+#include "data/base/VrexIDShortcuts.h"
 
 class VrexBaseConstraint;
 class VrexBaseGeometry;
@@ -23,8 +24,8 @@ public:
     using DataMap = std::unordered_map<std::uint64_t, std::shared_ptr<T>, VrexIDHash>;
 
     VrexBaseDataManager() = default;
-    VrexBaseDataManager(const VrexBaseDataManager&) = default;
-    VrexBaseDataManager& operator=(const VrexBaseDataManager&) = default;
+    VrexBaseDataManager(const VrexBaseDataManager& other);
+    VrexBaseDataManager& operator=(const VrexBaseDataManager& other);
     virtual ~VrexBaseDataManager();
     virtual void clear();
 
@@ -34,6 +35,9 @@ public:
     bool removeData(std::uint64_t id);
     /// Null where nothing is stored.
     std::shared_ptr<T> findData(std::uint64_t id) const {
+        if (const std::shared_ptr<T>* stored = m_shortcuts.find(id)) {
+            return *stored;
+        }
         const auto found = m_dataMap.find(id);
         return found != m_dataMap.end() ? found->second : nullptr;
     }
@@ -53,6 +57,7 @@ public:
 private:
     std::string m_emptyLabel;
     DataMap m_dataMap;
+    VrexIDShortcuts<std::shared_ptr<T>> m_shortcuts; ///< Into the map, whose entries stay where they are.
 };
 
 extern template class VREX_DATA_EXPORT VrexBaseDataManager<VrexBaseGeometry>;

@@ -39,8 +39,10 @@ void VrexIDRelation::add(std::uint64_t key, std::uint64_t id) {
             return;
         }
     }
-    Few& few = m_few[key];
-    if (std::find(few.begin(), few.end(), id) != few.end()) {
+    // A key comes with its first identifier, or without memory not at all.
+    const auto [entry, isNew] = m_few.try_emplace(key, 1, id);
+    Few& few = entry->second;
+    if (isNew || std::find(few.begin(), few.end(), id) != few.end()) {
         return;
     }
     if (few.size() < FEW) {
@@ -50,7 +52,7 @@ void VrexIDRelation::add(std::uint64_t key, std::uint64_t id) {
     Many many(few.begin(), few.end());
     many.insert(id);
     m_many.emplace(key, std::move(many));
-    m_few.erase(key);
+    m_few.erase(entry);
 }
 
 void VrexIDRelation::remove(std::uint64_t key, std::uint64_t id) {
@@ -66,22 +68,24 @@ void VrexIDRelation::removeKeepingKey(std::uint64_t key, std::uint64_t id) {
 }
 
 std::vector<std::uint64_t> VrexIDRelation::take(std::uint64_t key) {
-    std::vector<std::uint64_t> ids = find(key);
-    if (!ids.empty() || contains(key)) {
-        erase(key);
-    }
+    std::vector<std::uint64_t> ids = findUnordered(key);
+    erase(key);
     return ids;
 }
 
 std::vector<std::uint64_t> VrexIDRelation::find(std::uint64_t key) const {
-    std::vector<std::uint64_t> ids;
-    if (const auto few = m_few.find(key); few != m_few.end()) {
-        ids = few->second;
-    } else if (const auto many = m_many.find(key); many != m_many.end()) {
-        ids.assign(many->second.begin(), many->second.end());
-    }
+    std::vector<std::uint64_t> ids = findUnordered(key);
     std::sort(ids.begin(), ids.end());
     return ids;
+}
+
+std::vector<std::uint64_t> VrexIDRelation::findUnordered(std::uint64_t key) const {
+    if (const auto few = m_few.find(key); few != m_few.end()) {
+        return few->second;
+    }
+    const auto many = m_many.find(key);
+    return many != m_many.end() ? std::vector<std::uint64_t>(many->second.begin(), many->second.end())
+                                : std::vector<std::uint64_t>{};
 }
 
 void VrexIDRelation::erase(std::uint64_t key) {

@@ -10,7 +10,8 @@
 #include "data/base/VrexIDHash.h"
 
 /// Which identifiers belong to an identifier: users to what they use, members to their set. Each operation on
-/// one pair takes constant time on average, however many belong to one key.
+/// one pair takes constant time on average, however many belong to one key; taking and erasing a key, time in
+/// proportion to what belongs to it.
 class VREX_DATA_EXPORT VrexIDRelation {
 public:
     void add(std::uint64_t key, std::uint64_t id);
@@ -18,7 +19,7 @@ public:
     void remove(std::uint64_t key, std::uint64_t id);
     /// The same, but the key stays, with nothing that belongs to it.
     void removeKeepingKey(std::uint64_t key, std::uint64_t id);
-    /// Forgets the key, if it is there, and tells what belonged to it, rising.
+    /// Forgets the key, if it is there, and tells what belonged to it, in no order.
     std::vector<std::uint64_t> take(std::uint64_t key);
 
     bool contains(std::uint64_t key) const { return m_few.contains(key) || m_many.contains(key); }
@@ -32,6 +33,8 @@ private:
     static constexpr std::size_t FEW = 16;
     using Few = std::vector<std::uint64_t>;
     using Many = std::unordered_set<std::uint64_t, VrexIDHash>;
+
+    std::vector<std::uint64_t> findUnordered(std::uint64_t key) const;
 
     /// A key is in one of the two, and stays with the many until it goes.
     std::unordered_map<std::uint64_t, Few, VrexIDHash> m_few;

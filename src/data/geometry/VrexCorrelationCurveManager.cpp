@@ -2,13 +2,14 @@
 
 #include <cstddef>
 
+#include "data/VrexChangeOrUndo.h"
 #include "data/VrexLog.h"
 
 bool VrexCorrelationCurveManager::addToParent(std::uint64_t child, std::uint64_t parent) {
     if (child == 0 || parent == 0 || child == parent || !m_parents.try_emplace(child, parent).second) {
         return false;
     }
-    m_children.add(parent, child);
+    changeOrUndo([&] { m_children.add(parent, child); }, [&] { m_parents.erase(child); });
     return true;
 }
 

@@ -146,6 +146,9 @@ std::vector<std::uint64_t> VrexGeometryManager::findCopyCurveChildCurve(std::uin
 }
 
 void VrexGeometryManager::initGeometryRelatedMap(const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    if (!checkNotNull(geometry)) {
+        return;
+    }
     for (const auto& used : geometry->getGeometries()) {
         if (used != nullptr) {
             m_relatedMap.add(used->getID(), geometry->getID());

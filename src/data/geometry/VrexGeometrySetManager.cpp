@@ -1,15 +1,22 @@
 #include "data/geometry/VrexGeometrySetManager.h"
 
+#include "data/VrexChangeOrUndo.h"
+
 bool VrexGeometrySetManager::addToSet(std::uint64_t id, std::uint64_t setId) {
     if (id == 0 || setId == 0) {
         return false;
     }
-    const auto [entry, isNew] = m_sets.try_emplace(id, setId);
-    if (!isNew) {
-        m_members.remove(entry->second, id);
-        entry->second = setId;
+    const auto entry = m_sets.try_emplace(id, setId);
+    if (entry.second) {
+        changeOrUndo([&] { m_members.add(setId, id); }, [&] { m_sets.erase(id); });
+        return true;
     }
-    m_members.add(setId, id);
+    std::uint64_t& present = entry.first->second;
+    if (present != setId) {
+        m_members.add(setId, id);
+        m_members.remove(present, id);
+        present = setId;
+    }
     return true;
 }
 

@@ -9,6 +9,13 @@
 // Numbers are copied as they lie in memory.
 static_assert(std::endian::native == std::endian::little && std::numeric_limits<double>::is_iec559);
 
+namespace {
+
+/// Of the length of a block.
+constexpr std::uint32_t LENGTH_SIZE = sizeof(std::uint32_t);
+
+} // namespace
+
 VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output)
     : m_output(output),
       m_memory(dynamic_cast<VrexOutputMemory*>(output)),
@@ -51,8 +58,11 @@ bool VrexStreamEncoder::beginBlock() {
         return false;
     }
     const std::uint32_t place = m_output->position();
-    m_output->seek(place + sizeof(std::uint32_t));
+    if (place > std::numeric_limits<std::uint32_t>::max() - LENGTH_SIZE) {
+        return false;
+    }
     m_openBlocks.push_back(place);
+    m_output->seek(place + LENGTH_SIZE);
     return true;
 }
 
@@ -64,7 +74,7 @@ bool VrexStreamEncoder::endBlock() {
     m_openBlocks.pop_back();
     const std::uint32_t end = m_output->seek(place);
     // Wraps around in an output that only measures.
-    const bool written = writeU32(end - place - static_cast<std::uint32_t>(sizeof(std::uint32_t)));
+    const bool written = writeU32(end - place - LENGTH_SIZE);
     m_output->seek(end);
     return written;
 }

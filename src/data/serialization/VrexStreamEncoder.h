@@ -31,7 +31,7 @@ public:
     /// The first byte of every block.
     static constexpr std::uint8_t TAG = VrexFieldStore::TAG;
 
-    /// The output must outlive the encoder.
+    /// The output must outlive the encoder; without one everything is refused.
     explicit VrexStreamEncoder(VrexOutputStream* output);
     VrexStreamEncoder(const VrexStreamEncoder&) = delete;
     VrexStreamEncoder& operator=(const VrexStreamEncoder&) = delete;
@@ -118,7 +118,8 @@ template <class Put>
 bool VrexStreamEncoder::writeFields(Put put) {
     VrexFieldCounter counter;
     put(counter);
-    if (!counter.isGood() || counter.size() > std::numeric_limits<std::uint32_t>::max()) {
+    if (m_output == nullptr || !counter.isGood() ||
+        counter.size() > std::numeric_limits<std::uint32_t>::max()) {
         return false;
     }
     const auto size = static_cast<std::uint32_t>(counter.size());

@@ -311,7 +311,7 @@ TEST(VrexGeometryTransformation3DVisitor, SetThatHoldsItselfMovesOnce) {
 }
 
 TEST(VrexGeometryTransformation3DVisitor, MembersOfASetCostOneEntryEach) {
-    constexpr std::size_t MEMBERS = 10'000;
+    constexpr std::size_t MEMBERS = 100'000;
     Geometries members;
     for (std::size_t i = 0; i < MEMBERS; ++i) {
         members.push_back(VrexPoint3D::create(1.0, 2.0, static_cast<double>(i)));

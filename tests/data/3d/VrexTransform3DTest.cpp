@@ -1,5 +1,6 @@
 #include "data/3d/VrexTransform3D.h"
 
+#include <functional>
 #include <random>
 #include <stdexcept>
 
@@ -8,6 +9,7 @@
 
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "support/LogCapture.h"
+#include "support/MemoryChecks.h"
 
 namespace {
 
@@ -252,6 +254,28 @@ TEST_F(VrexTransform3DTest, ACloneNamesTheNewObjectsEverywhereAndKeepsPlacesAndR
     EXPECT_EQ(copy->getDragParametersForGeometry(b)[0].value, 3.0);
     const auto partly = transform.clone({{a, newA}, {b, nullptr}}, {});
     EXPECT_THAT(partly->getTransformedGeoms(), ElementsAre(b, newA));
+}
+
+TEST_F(VrexTransform3DTest, WhatFindsNoMemoryLeavesAllAsItWas) {
+    const auto c = point();
+    fill();
+    const auto expectKept = [&] {
+        expectFilled();
+        EXPECT_FALSE(transform.isTransformed(c));
+        EXPECT_FALSE(transform.isTransformed(w));
+        EXPECT_THAT(transform.getDragParamGeoms(), ElementsAre(b));
+        EXPECT_EQ(transform.getDragParametersForGeometry(b).size(), 1U);
+    };
+    const auto expectKeptBy = [&](const std::function<void()>& change) {
+        const VrexTransform3D before = transform;
+        nsMemoryChecks::expectKeptWithoutMemory(change, expectKept);
+        transform = before;
+    };
+    expectKeptBy([&] { transform.applyTransformation(c, turn()); });
+    expectKeptBy([&] { transform.setTransforms({{c, turn()}, {b, turn()}}); });
+    expectKeptBy([&] { transform.applyTransformParameters(c, VrexDragParameter3DType::Radius3D, 1.0); });
+    expectKeptBy([&] { transform.applyTransformParameters(b, VrexDragParameter3DType::Radius3D, 1.0); });
+    expectKeptBy([&] { transform.applyVariableTransform(w, 1.0); });
 }
 
 TEST_F(VrexTransform3DTest, CopiesShareObjectsAndNothingElse) {

@@ -1,8 +1,13 @@
 #include "data/base/VrexBaseDataManager.h"
 
 #include <algorithm>
+#include <limits>
+#include <map>
+#include <memory>
+#include <random>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -164,6 +169,56 @@ TEST(VrexBaseDataManager, CopySharesTheObjects) {
     manager.clear();
     EXPECT_EQ(manager.findData(3), nullptr);
     EXPECT_EQ(copy.findData(3), object);
+}
+
+TEST(VrexBaseDataManager, AssignedCopyOutlivesItsSource) {
+    GeometryManager copy;
+    copy.addData(variable(1, 1.0));
+    const auto object = variable(2, 1.0);
+    {
+        GeometryManager manager;
+        manager.addData(object);
+        copy = manager;
+        manager.removeData(2);
+    }
+    EXPECT_EQ(copy.findData(1), nullptr);
+    EXPECT_EQ(copy.findData(2), object);
+    EXPECT_EQ(&copy, &(copy = std::as_const(copy)));
+    EXPECT_EQ(copy.findData(2), object);
+}
+
+/// Ids small and large beside the number of objects, rising and falling, which are found in different ways.
+std::uint64_t scatteredId(std::mt19937_64& random) {
+    const std::uint64_t id = random() % 300;
+    return id < 200 ? id : id < 290 ? id * 1000 : std::numeric_limits<std::uint64_t>::max() - id;
+}
+
+TEST(VrexBaseDataManager, FindsTheSameAsAPlainMapAfterRandomChanges) {
+    std::mt19937_64 random(20261121);
+    GeometryManager manager;
+    std::map<std::uint64_t, std::shared_ptr<VrexBaseGeometry>> model;
+    for (int step = 0; step < 20'000; ++step) {
+        const std::uint64_t id = scatteredId(random);
+        if (random() % 5 < 3) {
+            const auto object = variable(id, 0.0);
+            ASSERT_EQ(manager.addData(object), model.try_emplace(id, object).second);
+        } else {
+            ASSERT_EQ(manager.removeData(id), model.erase(id) == 1);
+        }
+        const std::uint64_t asked = scatteredId(random);
+        const auto expected = model.find(asked);
+        ASSERT_EQ(manager.findData(asked), expected != model.end() ? expected->second : nullptr);
+        if (step % 4'000 == 3'999) {
+            manager = GeometryManager(manager);
+        }
+    }
+}
+
+TEST(VrexBaseDataManager, LargeIdsTakeNoMoreMemoryThanSmallOnes) {
+    GeometryManager manager;
+    const auto object = variable(1ULL << 40U, 1.0);
+    manager.addData(object);
+    EXPECT_EQ(manager.findData(1ULL << 40U), object);
 }
 
 TEST(VrexBaseDataManager, StoresConstraintsToo) {

@@ -4,14 +4,18 @@
 #include <map>
 #include <random>
 #include <set>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include "support/MemoryChecks.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 TEST(VrexIDRelation, WhatBelongsToAKeyRises) {
     VrexIDRelation relation;
@@ -50,7 +54,7 @@ TEST(VrexIDRelation, TakingLeavesNothingOfTheKey) {
     relation.add(5, 2);
     relation.add(5, 1);
     relation.add(6, 3);
-    EXPECT_THAT(relation.take(5), ElementsAre(1, 2));
+    EXPECT_THAT(relation.take(5), UnorderedElementsAre(1, 2));
     EXPECT_THAT(relation.take(5), IsEmpty());
     EXPECT_FALSE(relation.contains(5));
     relation.erase(6);
@@ -66,6 +70,25 @@ TEST(VrexIDRelation, ClearForgetsEverything) {
     relation.clear();
     EXPECT_FALSE(relation.contains(5));
     EXPECT_FALSE(relation.contains(6));
+}
+
+TEST(VrexIDRelation, APairForWhichThereIsNoMemoryLeavesAllAsItWas) {
+    // The first of a key, the one that turns few into many, and one of many.
+    for (const std::uint64_t count : {0U, 16U, 20U}) {
+        VrexIDRelation relation;
+        std::vector<std::uint64_t> ids;
+        while (ids.size() < count) {
+            ids.push_back(ids.size() + 1);
+            relation.add(5, ids.back());
+        }
+        nsMemoryChecks::expectKeptWithoutMemory([&] { relation.add(5, 100); },
+                                                [&] {
+                                                    EXPECT_EQ(relation.find(5), ids);
+                                                    EXPECT_EQ(relation.contains(5), count != 0);
+                                                });
+        ids.push_back(100);
+        EXPECT_EQ(relation.find(5), ids);
+    }
 }
 
 TEST(VrexIDRelation, FollowsTheNaiveModelFromFewToManyAndBack) {

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "support/LogCapture.h"
+#include "support/MemoryChecks.h"
 #include "support/SmallStack.h"
 
 namespace {
@@ -105,6 +106,17 @@ TEST(VrexCorrelationCurveManager, ALongChainEndsOnASmallStack) {
         EXPECT_EQ(manager.findParent(length), 0U);
         EXPECT_TRUE(manager.isKnownParent(1));
     });
+}
+
+TEST(VrexCorrelationCurveManager, ACurveForWhichThereIsNoMemoryLeavesAllAsItWas) {
+    VrexCorrelationCurveManager manager;
+    nsMemoryChecks::expectKeptWithoutMemory([&] { manager.addToParent(2, 1); },
+                                            [&] {
+                                                EXPECT_EQ(manager.findParent(2), 0U);
+                                                EXPECT_FALSE(manager.isKnownParent(1));
+                                            });
+    EXPECT_EQ(manager.findParent(2), 1U);
+    EXPECT_THAT(manager.findChildren(1), ElementsAre(2));
 }
 
 /// The recursion of the definition, on chains that have no ring.

@@ -68,7 +68,8 @@ TEST_F(VrexGeometryManagerTest, NullIsRefusedByEveryOperation) {
         [&] { EXPECT_THAT(manager.findRelatedGeometries(nullptr), IsEmpty()); },
         [&] { EXPECT_EQ(manager.findRelatedSet(nullptr), 0U); },
         [&] { manager.addGeometryRelateSet(nullptr, 5); },
-        [&] { manager.updateGeometryRelateSet(nullptr); }};
+        [&] { manager.updateGeometryRelateSet(nullptr); },
+        [&] { manager.initGeometryRelatedMap(nullptr); }};
     for (const auto& call : calls) {
         expectRefusal(recorder, VrexErrorCode::GEOMETRY_ID_INVALID, "The geometry is nullptr!", call);
     }

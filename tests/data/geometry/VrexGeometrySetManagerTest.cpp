@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/MemoryChecks.h"
+
 namespace {
 
 TEST(VrexGeometrySetManager, ZeroIsRefusedOnEitherSide) {
@@ -56,6 +58,27 @@ TEST(VrexGeometrySetManager, EmptyingASetLeavesItInItsOwnSet) {
     EXPECT_EQ(manager.findSet(10), 20U);
     manager.eraseAll();
     EXPECT_EQ(manager.findSet(10), 0U);
+}
+
+TEST(VrexGeometrySetManager, AnEntryForWhichThereIsNoMemoryLeavesAllAsItWas) {
+    VrexGeometrySetManager manager;
+    manager.addToSet(1, 10);
+    const auto expectKept = [&] {
+        VrexGeometrySetManager copy = manager;
+        EXPECT_EQ(copy.findSet(1), 10U);
+        EXPECT_EQ(copy.findSet(2), 0U);
+        // What the two sets list is what belongs to them.
+        copy.addToSet(2, 30);
+        copy.eraseSet(20);
+        EXPECT_EQ(copy.findSet(1), 10U);
+        EXPECT_EQ(copy.findSet(2), 30U);
+        copy.eraseSet(10);
+        EXPECT_EQ(copy.findSet(1), 0U);
+    };
+    nsMemoryChecks::expectKeptWithoutMemory([&] { manager.addToSet(2, 20); }, expectKept);
+    manager.removeGeometryFromSet(2);
+    nsMemoryChecks::expectKeptWithoutMemory([&] { manager.addToSet(1, 20); }, expectKept);
+    EXPECT_EQ(manager.findSet(1), 20U);
 }
 
 /// One map and walks over all of it, as the operations are defined.

@@ -1,7 +1,9 @@
 #include "data/operation/VrexOperationListenerManager.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -160,6 +162,30 @@ TEST_F(VrexOperationListenerManagerTest, RecordAndManagerMayGoDuringTheRound) {
     manager->onOperation(operation);
     EXPECT_THAT(m_calls, ElementsAre("drops", "reads"));
     EXPECT_EQ(heard, VrexOperationType{1});
+}
+
+TEST_F(VrexOperationListenerManagerTest, CallsAreTheRegistrationsInOrderWhateverWasAddedAndRemoved) {
+    const std::vector<std::string> names{"a", "b", "c", "d"};
+    std::vector<std::shared_ptr<VrexOperationListener>> listeners;
+    for (const std::string& name : names) {
+        listeners.push_back(make(name));
+    }
+    std::mt19937 engine{20'261};
+    std::vector<std::string> registrations;
+    for (int step = 0; step < 5'000; ++step) {
+        const std::size_t i = engine() % names.size();
+        if (engine() % 2 == 0) {
+            m_manager.addListener(listeners[i]);
+            registrations.push_back(names[i]);
+        } else {
+            m_manager.removeListener(listeners[i]);
+            const auto first = std::ranges::find(registrations, names[i]);
+            registrations.erase(first, first + (first == registrations.end() ? 0 : 1));
+        }
+        m_calls.clear();
+        m_manager.onOperation(makeOperation());
+        ASSERT_EQ(m_calls, registrations);
+    }
 }
 
 } // namespace

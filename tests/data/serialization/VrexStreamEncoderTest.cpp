@@ -235,6 +235,47 @@ TEST(VrexStreamEncoder, AnyOutputGetsTheSameBytes) {
     EXPECT_EQ(output.bytes(), written(write));
 }
 
+TEST(VrexStreamEncoder, WithoutAnOutputEverythingIsRefused) {
+    ProbeEncoder encoder(nullptr);
+    EXPECT_FALSE(encoder.writeU8(1));
+    EXPECT_FALSE(encoder.writeString(""));
+    EXPECT_FALSE(encoder.writeF64List({1.0}));
+    EXPECT_FALSE(encoder.writeEmptyBlock());
+    EXPECT_FALSE(encoder.beginBlock());
+    EXPECT_TRUE(encoder.endBlock());
+}
+
+/// An output that takes everything in, keeps nothing, and stands where a test wants it.
+class FarOutput : public VrexOutputStream {
+public:
+    explicit FarOutput(std::uint32_t position) : m_position(position) {}
+    std::uint32_t write(const void* /*data*/, std::uint32_t count) override {
+        m_position += count;
+        return count;
+    }
+    std::uint32_t length() override { return m_position; }
+    std::uint32_t position() override { return m_position; }
+    std::uint32_t seek(std::uint32_t position) override { return std::exchange(m_position, position); }
+
+private:
+    std::uint32_t m_position;
+};
+
+TEST(VrexStreamEncoder, ABlockWhoseLengthWouldStandBeyondTheLargestPositionIsRefused) {
+    constexpr std::uint32_t most = std::numeric_limits<std::uint32_t>::max();
+    FarOutput last(most - 5);
+    ProbeEncoder fits(&last);
+    EXPECT_TRUE(fits.beginBlock());
+    EXPECT_EQ(last.position(), most);
+    EXPECT_TRUE(fits.endBlock());
+    FarOutput beyond(most - 4);
+    ProbeEncoder encoder(&beyond);
+    EXPECT_FALSE(encoder.beginBlock());
+    EXPECT_EQ(beyond.position(), most - 3); // not at the front again
+    EXPECT_TRUE(encoder.endBlock());
+    EXPECT_EQ(beyond.position(), most - 3);
+}
+
 /// Takes nothing in, so that a stream beyond all memory can be measured.
 TEST(VrexStreamEncoder, MeasuringBeyondTheLargestLengthIsRefused) {
     VrexOutputLength output;

@@ -28,7 +28,27 @@ using nsStreamProbe::written;
 
 /// What a stream may hold. A tree of these is written, defined byte by byte, and read back.
 struct Node {
-    enum Kind { BLOCK, U8, U32, U64, F64, STRING, OPTION, F64_LIST, ID_LIST, OBJECTS, DESCRIPTORS, KINDS };
+    enum Kind {
+        BLOCK,
+        TAG,
+        BOOL,
+        U8,
+        U32,
+        I32,
+        U64,
+        F64,
+        STRING,
+        VECTOR,
+        VECTOR2,
+        OPTION,
+        OPTION_VECTOR,
+        OPTION_VECTOR2,
+        F64_LIST,
+        ID_LIST,
+        OBJECTS,
+        DESCRIPTORS,
+        KINDS
+    };
 
     Kind kind = BLOCK;
     std::uint64_t number = 0;
@@ -39,6 +59,22 @@ struct Node {
 };
 
 constexpr std::uint64_t KNOWN_ID = 4711;
+
+double coordinate(const Node& node, int axis) {
+    return static_cast<double>(node.number % 1000) + 0.25 * axis;
+}
+
+VrexVector3DT<double> vector(const Node& node) {
+    return {coordinate(node, 0), coordinate(node, 1), coordinate(node, 2)};
+}
+
+VrexVector2DT<double> vector2(const Node& node) { return {coordinate(node, 0), coordinate(node, 1)}; }
+
+/// Nothing where the node has no numbers.
+template <class Value>
+std::optional<Value> option(const Node& node, const Value& value) {
+    return node.numbers.empty() ? std::nullopt : std::optional<Value>(value);
+}
 
 class Trees {
 public:
@@ -71,8 +107,19 @@ private:
     std::mt19937 m_engine;
 };
 
-/// The definition.
-Bytes bytesOf(const Node& node) {
+/// The first `count` of the node's coordinates.
+Bytes coordinates(const Node& node, int count) {
+    Bytes bytes;
+    for (int i = 0; i < count; ++i) {
+        append(bytes, f64(coordinate(node, i)));
+    }
+    return bytes;
+}
+
+Bytes bytesOf(const Node& node);
+
+/// The definition of what is a block.
+Bytes blockOf(const Node& node) {
     Bytes payload;
     switch (node.kind) {
     case Node::BLOCK:
@@ -80,18 +127,12 @@ Bytes bytesOf(const Node& node) {
             append(payload, bytesOf(child));
         }
         return block(payload);
-    case Node::U8:
-        return little(node.number, 1);
-    case Node::U32:
-        return little(node.number, 4);
-    case Node::U64:
-        return little(node.number, 8);
-    case Node::F64:
-        return f64(static_cast<double>(node.number));
-    case Node::STRING:
-        return nsStreamProbe::string(node.text);
     case Node::OPTION:
         return block(node.numbers.empty() ? payload : f64(node.numbers[0]));
+    case Node::OPTION_VECTOR:
+        return block(node.numbers.empty() ? payload : coordinates(node, 3));
+    case Node::OPTION_VECTOR2:
+        return block(node.numbers.empty() ? payload : coordinates(node, 2));
     case Node::F64_LIST:
         for (const double number : node.numbers) {
             append(payload, f64(number));
@@ -120,6 +161,33 @@ Bytes bytesOf(const Node& node) {
     }
 }
 
+/// The definition.
+Bytes bytesOf(const Node& node) {
+    switch (node.kind) {
+    case Node::TAG:
+        return {0x30};
+    case Node::BOOL:
+        return little(node.number % 2, 1);
+    case Node::U8:
+        return little(node.number, 1);
+    case Node::U32:
+    case Node::I32:
+        return little(node.number, 4);
+    case Node::U64:
+        return little(node.number, 8);
+    case Node::F64:
+        return f64(static_cast<double>(node.number));
+    case Node::STRING:
+        return nsStreamProbe::string(node.text);
+    case Node::VECTOR:
+        return coordinates(node, 3);
+    case Node::VECTOR2:
+        return coordinates(node, 2);
+    default:
+        return blockOf(node);
+    }
+}
+
 std::shared_ptr<VrexGeometryVariable> variable(std::uint64_t id, double value) {
     return numbered(VrexGeometryVariable::create(value), id);
 }
@@ -145,19 +213,32 @@ bool writeNode(VrexStreamEncoder& encoder, const Node& node) {
     switch (node.kind) {
     case Node::BLOCK:
         return encoder.writeList(node.children, [&](const Node& child) { return writeNode(encoder, child); });
+    case Node::TAG:
+        return encoder.writeTag();
+    case Node::BOOL:
+        return encoder.writeBool(node.number % 2 == 1);
     case Node::U8:
         return encoder.writeU8(static_cast<std::uint8_t>(node.number));
     case Node::U32:
         return encoder.writeU32(static_cast<std::uint32_t>(node.number));
+    case Node::I32:
+        return encoder.writeI32(static_cast<std::int32_t>(node.number));
     case Node::U64:
         return encoder.writeU64(node.number);
     case Node::F64:
         return encoder.writeF64(static_cast<double>(node.number));
     case Node::STRING:
         return encoder.writeString(node.text);
+    case Node::VECTOR:
+        return encoder.writeVector(vector(node));
+    case Node::VECTOR2:
+        return encoder.writeVector2(vector2(node));
     case Node::OPTION:
-        return encoder.writeOptionalF64(node.numbers.empty() ? std::nullopt
-                                                             : std::optional<double>(node.numbers[0]));
+        return encoder.writeOptionalF64(option(node, node.numbers.empty() ? 0.0 : node.numbers[0]));
+    case Node::OPTION_VECTOR:
+        return encoder.writeOptionalVector(option(node, vector(node)));
+    case Node::OPTION_VECTOR2:
+        return encoder.writeOptionalVector2(option(node, vector2(node)));
     case Node::F64_LIST:
         return encoder.writeF64List(node.numbers);
     case Node::ID_LIST:
@@ -184,19 +265,33 @@ public:
         switch (node.kind) {
         case Node::BLOCK:
             return readBlock(node);
+        case Node::TAG:
+            return m_decoder.expectTag();
+        case Node::BOOL:
+            return readValue(node.number % 2 == 1, &VrexStreamDecoder::readBool);
         case Node::U8:
             return readNumber<std::uint8_t>(node, &VrexStreamDecoder::readU8);
         case Node::U32:
             return readNumber<std::uint32_t>(node, &VrexStreamDecoder::readU32);
+        case Node::I32:
+            return readNumber<std::int32_t>(node, &VrexStreamDecoder::readI32);
         case Node::U64:
             return readNumber<std::uint64_t>(node, &VrexStreamDecoder::readU64);
         case Node::F64:
             return readValue(static_cast<double>(node.number), &VrexStreamDecoder::readF64);
         case Node::STRING:
             return readValue(node.text, &VrexStreamDecoder::readString);
+        case Node::VECTOR:
+            return readVectors(std::optional(vector(node)), &VrexStreamDecoder::readVector);
+        case Node::VECTOR2:
+            return readVectors(std::optional(vector2(node)), &VrexStreamDecoder::readVector2);
         case Node::OPTION:
-            return readValue(node.numbers.empty() ? std::nullopt : std::optional<double>(node.numbers[0]),
+            return readValue(option(node, node.numbers.empty() ? 0.0 : node.numbers[0]),
                              &VrexStreamDecoder::readOptionalF64);
+        case Node::OPTION_VECTOR:
+            return readVectors(option(node, vector(node)), &VrexStreamDecoder::readOptionalVector);
+        case Node::OPTION_VECTOR2:
+            return readVectors(option(node, vector2(node)), &VrexStreamDecoder::readOptionalVector2);
         case Node::F64_LIST:
             return readValue(node.numbers, &VrexStreamDecoder::readF64List);
         case Node::ID_LIST:
@@ -221,6 +316,17 @@ private:
         Value value{};
         const bool good = (m_decoder.*operation)(value);
         same = same && value == expected;
+        return good;
+    }
+    static double sum(const VrexVector3DT<double>& v) { return v.x() + 10.0 * v.y() + 100.0 * v.z(); }
+    static double sum(const VrexVector2DT<double>& v) { return v.x() + 10.0 * v.y(); }
+    /// A vector, or the option of one.
+    template <class Vector, class Target>
+    bool readVectors(const std::optional<Vector>& expected, bool (VrexStreamDecoder::*operation)(Target&)) {
+        Target value{};
+        const bool good = (m_decoder.*operation)(value);
+        const std::optional<Vector> read = value;
+        same = same && read.has_value() == expected.has_value() && (!read || sum(*read) == sum(*expected));
         return good;
     }
     template <class Number>

@@ -101,6 +101,7 @@ protected:
 
 private:
     friend class VrexAssigner3DImpl;
+    friend class VrexSystem3DDeserializer;
 
     bool canFixHelpParameter(std::uint32_t number) const;
 

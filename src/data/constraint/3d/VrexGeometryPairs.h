@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
-#include <set>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -35,6 +36,16 @@ public:
     Pair operator[](std::size_t index) const { return m_pairs[index]; }
 
 private:
+    using Addresses = std::pair<const VrexGeometry3D*, const VrexGeometry3D*>;
+
+    /// Tells a pair from its reverse.
+    struct AddressHash {
+        std::size_t operator()(const Addresses& pair) const noexcept {
+            constexpr std::hash<const VrexGeometry3D*> hash;
+            return 3 * hash(pair.first) + hash(pair.second);
+        }
+    };
+
     std::vector<Pair> m_pairs;
-    std::set<std::pair<const VrexGeometry3D*, const VrexGeometry3D*>> m_known;
+    std::unordered_set<Addresses, AddressHash> m_known;
 };

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 #include "data/3d/VrexAssigner3D.h"
 #include "data/3d/VrexGeometryTransformation3DVisitor.h"
@@ -124,7 +125,7 @@ void VrexInstance3D::satisfy() {
     const auto untouched = nsInstanceParts::reachableFrom(first);
     const VrexSharedPointsAside::Shared shared(untouched.begin(), untouched.end());
     const VrexAssigner3D assign;
-    const auto pairs = nsInstanceParts::pairsOf(first, second);
+    auto pairs = nsInstanceParts::pairsOf(first, second);
     for (std::size_t i = 0; i < pairs.size(); ++i) {
         const auto [source, target] = pairs[i];
         if (source != nullptr && target != nullptr && !shared.contains(target)) {
@@ -134,6 +135,6 @@ void VrexInstance3D::satisfy() {
     }
     VrexGeometryTransformation3DVisitor visitor(VrexTransformation3DT<double>(getInstanceTransform()), false);
     visitor.markGeometriesVisited(untouched);
-    visitor.markGeometriesVisited(nsInstanceParts::unpairedOf(pairs));
+    visitor.markGeometriesVisited(nsInstanceParts::unpairedOf(std::move(pairs)));
     second->accept(visitor);
 }

@@ -1,9 +1,11 @@
 #include "data/constraint/3d/VrexInstanceParts.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <unordered_set>
 
 #include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexNURBSSurface3D.h"
 #include "data/geometry/3d/VrexPoint3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/3d/VrexSpinSurface3D.h"
@@ -32,12 +34,65 @@ void addParts(const VrexSpline3D& first, const VrexSpline3D& second, VrexGeometr
     pairs.addAll(first.getInterpolatedPoints(), second.getInterpolatedPoints());
 }
 
+// And of their control points.
+
+using Row = std::vector<VrexSpline3D::ControlPoint>;
+
+void addRow(const Row& first, const Row& second, VrexGeometryPairs& pairs) {
+    for (std::size_t i = 0; i < std::min(first.size(), second.size()); ++i) {
+        pairs.add(first[i].point, second[i].point);
+    }
+}
+
+void addControlPoints(const VrexSpline3D& first, const VrexSpline3D& second, VrexGeometryPairs& pairs) {
+    addRow(first.controlPoints(), second.controlPoints(), pairs);
+}
+
+void addControlPoints(const VrexNURBSSurface3D& first, const VrexNURBSSurface3D& second,
+                      VrexGeometryPairs& pairs) {
+    for (std::size_t i = 0; i < std::min(first.controlPoints().size(), second.controlPoints().size()); ++i) {
+        addRow(first.controlPoints()[i], second.controlPoints()[i], pairs);
+    }
+}
+
+/// Adds what `add` finds where both are of one class.
 template <class Geometry>
-void addPartsAs(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs) {
+void addAs(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs,
+           void (*add)(const Geometry&, const Geometry&, VrexGeometryPairs&)) {
     const auto* const first = dynamic_cast<const Geometry*>(pair.first.get());
     const auto* const second = dynamic_cast<const Geometry*>(pair.second.get());
     if (first != nullptr && second != nullptr) {
-        addParts(*first, *second, pairs);
+        add(*first, *second, pairs);
+    }
+}
+
+/// Asks for the kind first: most geometries have no parts, and casts cost.
+void addParts(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs) {
+    if (pair.second == nullptr) {
+        return;
+    }
+    switch (pair.second->type()) {
+    case VrexGeometry3DType::RIGID_SET:
+        return addAs<VrexRigidSet3D>(pair, pairs, addParts);
+    case VrexGeometry3DType::SPIN_SURFACE:
+        return addAs<VrexSpinSurface3D>(pair, pairs, addParts);
+    case VrexGeometry3DType::SWEEP_SURFACE:
+        return addAs<VrexSweepSurface3D>(pair, pairs, addParts);
+    case VrexGeometry3DType::SPLINE:
+        return addAs<VrexSpline3D>(pair, pairs, addParts);
+    default:
+        return;
+    }
+}
+
+void addControlPoints(const VrexGeometryPairs::Pair& pair, VrexGeometryPairs& pairs) {
+    if (pair.second == nullptr) {
+        return;
+    }
+    if (pair.second->type() == VrexGeometry3DType::SPLINE) {
+        addAs<VrexSpline3D>(pair, pairs, addControlPoints);
+    } else if (pair.second->type() == VrexGeometry3DType::NURBS_SURFACE) {
+        addAs<VrexNURBSSurface3D>(pair, pairs, addControlPoints);
     }
 }
 
@@ -60,21 +115,22 @@ VrexGeometryPairs pairsOf(const std::shared_ptr<VrexGeometry3D>& first,
                           const std::shared_ptr<VrexGeometry3D>& second) {
     VrexGeometryPairs pairs(first, second);
     for (std::size_t i = 0; i < pairs.size(); ++i) {
-        const VrexGeometryPairs::Pair pair = pairs[i];
-        addPartsAs<VrexRigidSet3D>(pair, pairs);
-        addPartsAs<VrexSpinSurface3D>(pair, pairs);
-        addPartsAs<VrexSweepSurface3D>(pair, pairs);
-        addPartsAs<VrexSpline3D>(pair, pairs);
+        addParts(pairs[i], pairs);
     }
     return pairs;
 }
 
-std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(const VrexGeometryPairs& pairs) {
+std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(VrexGeometryPairs pairs) {
+    for (std::size_t i = 0, count = pairs.size(); i < count; ++i) {
+        addControlPoints(pairs[i], pairs);
+    }
     std::unordered_set<std::shared_ptr<VrexGeometry3D>> unpaired;
     for (std::size_t i = 0; i < pairs.size(); ++i) {
-        unpaired.insert(pairs[i].second);
+        if (pairs[i].first == nullptr) {
+            unpaired.insert(pairs[i].second);
+        }
     }
-    for (std::size_t i = 0; i < pairs.size(); ++i) {
+    for (std::size_t i = 0; i < pairs.size() && !unpaired.empty(); ++i) {
         if (pairs[i].first != nullptr) {
             unpaired.erase(pairs[i].second);
         }

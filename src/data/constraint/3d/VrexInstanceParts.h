@@ -19,8 +19,8 @@ std::vector<std::shared_ptr<VrexGeometry3D>> reachableFrom(const std::shared_ptr
 VrexGeometryPairs pairsOf(const std::shared_ptr<VrexGeometry3D>& first,
                           const std::shared_ptr<VrexGeometry3D>& second);
 
-/// The parts of the second that stand with null in every pair: axis lines and interpolated points that the
-/// first has none of.
-std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(const VrexGeometryPairs& pairs);
+/// The parts of the second that stand with null in every one of these pairs and of those of control points:
+/// axis lines and points that the first has none of.
+std::vector<std::shared_ptr<VrexGeometry3D>> unpairedOf(VrexGeometryPairs pairs);
 
 } // namespace nsInstanceParts

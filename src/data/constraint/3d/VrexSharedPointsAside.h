@@ -15,7 +15,8 @@ class VrexSharedPointsAside {
 public:
     using Shared = std::unordered_set<std::shared_ptr<VrexGeometry3D>>;
 
-    VrexSharedPointsAside(VrexGeometry3D& geometry, const Shared& shared) {
+    // Delegates, so that what is out already comes back where there is no memory for the rest.
+    VrexSharedPointsAside(VrexGeometry3D& geometry, const Shared& shared) : VrexSharedPointsAside() {
         if (auto* const spline = dynamic_cast<VrexSpline3D*>(&geometry)) {
             takeOut(spline->controlPoints(), shared);
         } else if (auto* const surface = dynamic_cast<VrexNURBSSurface3D*>(&geometry)) {
@@ -34,6 +35,8 @@ public:
 
 private:
     using Point = std::shared_ptr<VrexPoint3D>;
+
+    VrexSharedPointsAside() = default;
 
     void takeOut(std::vector<VrexSpline3D::ControlPoint>& row, const Shared& shared) {
         for (VrexSpline3D::ControlPoint& controlPoint : row) {

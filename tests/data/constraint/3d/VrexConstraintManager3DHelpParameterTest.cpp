@@ -9,6 +9,7 @@
 
 #include "data/constraint/3d/HelpValues.h"
 #include "data/constraint/3d/VrexCurveLength3D.h"
+#include "support/AnyGeometry.h"
 #include "support/RefusalChecks.h"
 #include "support/Samples.h"
 
@@ -176,6 +177,22 @@ TEST_F(VrexConstraintManager3DHelpParameter, WhatHasNoParametersHasNoRange) {
                   "Constraint is not support help parameter.",
                   [&] { EXPECT_FALSE(manager.adjustHelpParameterRange(*makeSample<VrexPlane3D>(), value)); });
     EXPECT_EQ(values(value), values(U));
+}
+
+/// Says that it is a curve, and has no range.
+class CurveByName : public AnyGeometry {
+public:
+    using AnyGeometry::AnyGeometry;
+    bool isParametricCurve() const override { return true; }
+};
+
+TEST_F(VrexConstraintManager3DHelpParameter, ACurveWithoutARangeIsRefusedAsItIsAdjusted) {
+    const auto geometry = std::make_shared<CurveByName>(VrexGeometry3DType::UNKNOWN);
+    expectRefusal(
+        recorder, VrexErrorCode::HELP_PARAMETER_NOT_SUPPORTED, "Constraint is not support help parameter.",
+        [&] { EXPECT_FALSE(manager.createHelpParameter(constraint, geometry, U, 6)); },
+        ", createHelpParameter failed!");
+    expectUntouched();
 }
 
 TEST_F(VrexConstraintManager3DHelpParameter, FixedStateNeedsAHelpParameter) {

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "data/3d/VrexGeometryTransformation3DVisitor.h"
+#include "support/MemoryChecks.h"
 #include "support/Poses.h"
 #include "support/SamplesRelations.h"
 #include "support/SmallStack.h"
@@ -260,6 +261,61 @@ TEST(VrexInstance3D, PartsWithoutACounterpartStay) {
                VrexRigidSet3D::create({spin(otherAxis), otherAxis}))
         ->satisfy();
     expectPose(*otherAxis, placing()(poseOf(*axis)));
+}
+
+/// The positions of control points; none for one that is missing.
+std::vector<std::vector<double>> placesOf(const std::vector<VrexSpline3D::ControlPoint>& row) {
+    std::vector<std::vector<double>> places;
+    for (const auto& controlPoint : row) {
+        places.push_back(controlPoint.point == nullptr ? std::vector<double>()
+                                                       : parametersOf(controlPoint.point));
+    }
+    return places;
+}
+
+TEST(VrexInstance3D, ControlPointsWithoutACounterpartStay) {
+    const auto first = makeSample<VrexSpline3D>();
+    const auto second = makeMoved<VrexSpline3D>();
+    first->controlPoints()[1].point = nullptr;
+    const Pose before = poseOf(*second->controlPoints()[1].point);
+    const auto instance = instanceOf(first, second);
+    instance->satisfy();
+    expectPose(*second->controlPoints()[1].point, before);
+    expectPose(*second->controlPoints()[2].point, placing()(poseOf(*first->controlPoints()[2].point)));
+    const auto once = placesOf(second->controlPoints());
+    instance->satisfy();
+    EXPECT_EQ(placesOf(second->controlPoints()), once);
+
+    // One that stands elsewhere too, with a counterpart there.
+    second->controlPoints()[3].point = second->controlPoints()[1].point;
+    instance->satisfy();
+    expectPose(*second->controlPoints()[1].point, placing()(poseOf(*first->controlPoints()[3].point)));
+
+    const auto net = makeSample<VrexNURBSSurface3D>();
+    const auto copy = makeMoved<VrexNURBSSurface3D>();
+    net->controlPoints()[2][0].point = nullptr;
+    net->controlPoints()[0].emplace_back(); // a longer row lays its first points onto the other's
+    const Pose left = poseOf(*copy->controlPoints()[2][0].point);
+    instanceOf(VrexRigidSet3D::create({net}), VrexRigidSet3D::create({copy}))->satisfy();
+    expectPose(*copy->controlPoints()[2][0].point, left);
+    expectPose(*copy->controlPoints()[2][1].point, placing()(poseOf(*net->controlPoints()[2][1].point)));
+}
+
+TEST(VrexInstance3D, WithoutMemoryControlPointsOfBothStayInTheSecond) {
+    const auto first = makeSample<VrexSpline3D>();
+    const auto second = makeMoved<VrexSpline3D>();
+    second->controlPoints()[0].point = first->controlPoints()[3].point;
+    second->controlPoints()[1].point = first->controlPoints()[2].point;
+    const auto instance = instanceOf(first, second);
+    const auto points = second->getGeometries();
+    const Parameters before = parametersOfWhole(first);
+    nsMemoryChecks::expectKeptWithoutMemory([&] { instance->satisfy(); },
+                                            [&] {
+                                                EXPECT_EQ(second->getGeometries(), points);
+                                                EXPECT_EQ(parametersOfWhole(first), before);
+                                            });
+    EXPECT_EQ(second->getGeometries(), points);
+    expectPose(*second->controlPoints()[2].point, placing()(poseOf(*first->controlPoints()[2].point)));
 }
 
 TEST(VrexInstance3D, GeometryAsItsOwnInstanceStays) {

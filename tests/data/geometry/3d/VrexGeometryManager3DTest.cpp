@@ -166,6 +166,7 @@ TEST_F(VrexGeometryManager3DTest, AGeometryInASetMayGoToNoOther) {
     ASSERT_EQ(log.lines().size(), 2U);
     EXPECT_EQ(log.lines()[0].level, 2U);
     EXPECT_EQ(log.lines()[0].text, "Geometry(1) already in set(10).");
+    EXPECT_EQ(log.lines()[0].file, "VrexGeometryManager3D.cpp");
     EXPECT_TRUE(recorder.isNoError());
 }
 

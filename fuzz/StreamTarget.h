@@ -3,9 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "data/serialization/3d/VrexStreamGraphDecoder3D.h"
 #include "data/serialization/3d/VrexStreamGraphEncoder3D.h"
@@ -32,6 +34,19 @@ bool isDecoded(std::size_t size, Decode decode) {
         return decode(decoder, static_cast<unsigned int>(size));
     } catch (const std::bad_optional_access&) {
         return false;
+    }
+}
+
+/// Runs `read` on the bytes, and on the same with the length of the outermost block put right, without which
+/// hardly any change would get further than to that.
+template <class Read>
+void readAsIsAndMended(const std::uint8_t* data, std::size_t size, Read read) {
+    read(data, size);
+    if (size >= 5 && size <= std::numeric_limits<std::uint32_t>::max()) {
+        std::vector<std::uint8_t> mended(data, data + size);
+        const auto length = static_cast<std::uint32_t>(size - 5);
+        std::memcpy(mended.data() + 1, &length, sizeof length);
+        read(mended.data(), size);
     }
 }
 

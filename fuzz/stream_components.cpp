@@ -5,13 +5,15 @@
 #include "data/VrexBaseGeometry.h"
 #include "data/graph/VrexConnectedComponent.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+namespace {
+
+void readStream(const std::uint8_t* data, std::size_t size) {
     VrexStreamGraphDecoder::Components components;
     const auto decode = [&](VrexStreamGraphDecoder3D& decoder, unsigned int count) {
         return decoder.decodeConstraintGraphs(data, count, components);
     };
     if (!nsStreamTarget::isDecoded(size, decode)) {
-        return 0;
+        return;
     }
     for (const auto& component : components) {
         nsStreamTarget::require(component != nullptr);
@@ -22,5 +24,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     nsStreamTarget::encodeAgain(
         [&](VrexStreamGraphEncoder3D& encoder) { return encoder.encodeConstraintGraphs(components); });
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    nsStreamTarget::readAsIsAndMended(data, size, readStream);
     return 0;
 }

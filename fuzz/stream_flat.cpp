@@ -5,14 +5,16 @@
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+namespace {
+
+void readStream(const std::uint8_t* data, std::size_t size) {
     VrexStreamGraphDecoder::Geometries geometries;
     VrexStreamGraphDecoder::Constraints constraints;
     const auto decode = [&](VrexStreamGraphDecoder3D& decoder, unsigned int count) {
         return decoder.decodeConstraintGraph(data, count, geometries, constraints);
     };
     if (!nsStreamTarget::isDecoded(size, decode)) {
-        return 0;
+        return;
     }
     for (const auto& geometry : geometries) {
         nsStreamTarget::require(geometry != nullptr && geometry->dof() >= 0);
@@ -23,5 +25,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     nsStreamTarget::encodeAgain([&](VrexStreamGraphEncoder3D& encoder) {
         return encoder.encodeConstraintGraph(geometries, constraints);
     });
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    nsStreamTarget::readAsIsAndMended(data, size, readStream);
     return 0;
 }

@@ -14,6 +14,8 @@ namespace {
 /// dirty flag.
 constexpr std::uint32_t SMALLEST_OBJECT = 5 + 4 + 8 + 8 + 2 * 4 + 5 + 1;
 
+constinit const VrexDecodedObjects::Slots NOTHING{};
+
 /// Only constraints may be asked for parameters that they do not have.
 bool isReadable(const VrexVariableDescriptor& descriptor) {
     return descriptor.hasParameter() ||
@@ -76,31 +78,14 @@ bool VrexStreamDecoder::readDescriptor(std::vector<VrexVariableDescriptor>& out)
     });
 }
 
-bool VrexStreamDecoder::readOptionalF64(std::optional<double>& out) {
-    std::optional<double> value;
-    const bool read = readBlock([&] { return isAtEnd() || readF64(value.emplace()); });
-    if (read) {
-        out = value;
-    }
-    return read;
-}
+bool VrexStreamDecoder::readOptionalF64(std::optional<double>& out) { return readOptional(out); }
 
 bool VrexStreamDecoder::readOptionalVector(std::optional<VrexVector3DT<double>>& out) {
-    std::optional<VrexVector3DT<double>> value;
-    const bool read = readBlock([&] { return isAtEnd() || readVector(value.emplace()); });
-    if (read) {
-        out = value;
-    }
-    return read;
+    return readOptional(out);
 }
 
 bool VrexStreamDecoder::readOptionalVector2(std::optional<VrexVector2DT<double>>& out) {
-    std::optional<VrexVector2DT<double>> value;
-    const bool read = readBlock([&] { return isAtEnd() || readVector2(value.emplace()); });
-    if (read) {
-        out = value;
-    }
-    return read;
+    return readOptional(out);
 }
 
 bool VrexStreamDecoder::readF64List(std::vector<double>& out) { return readNumbers(out); }
@@ -147,14 +132,14 @@ void VrexStreamDecoder::enterConstraint(const std::shared_ptr<VrexBaseConstraint
     m_objects.at(constraint->getID()).constraint = constraint;
 }
 
-std::shared_ptr<VrexBaseGeometry> VrexStreamDecoder::findGeometry(std::uint64_t id) const {
+const std::shared_ptr<VrexBaseGeometry>& VrexStreamDecoder::findGeometry(std::uint64_t id) const {
     const VrexDecodedObjects::Slots* const slots = m_objects.find(id);
-    return slots != nullptr ? slots->geometry : nullptr;
+    return slots != nullptr ? slots->geometry : NOTHING.geometry;
 }
 
-std::shared_ptr<VrexBaseConstraint> VrexStreamDecoder::findConstraint(std::uint64_t id) const {
+const std::shared_ptr<VrexBaseConstraint>& VrexStreamDecoder::findConstraint(std::uint64_t id) const {
     const VrexDecodedObjects::Slots* const slots = m_objects.find(id);
-    return slots != nullptr ? slots->constraint : nullptr;
+    return slots != nullptr ? slots->constraint : NOTHING.constraint;
 }
 
 std::shared_ptr<VrexGeometry3D> VrexStreamDecoder::findEntity(std::uint64_t id) const {
@@ -165,7 +150,7 @@ std::shared_ptr<VrexGeometry3D> VrexStreamDecoder::findEntity(std::uint64_t id) 
 }
 
 std::shared_ptr<VrexBaseObject> VrexStreamDecoder::findObject(std::uint64_t id) const {
-    if (auto geometry = findGeometry(id)) {
+    if (const auto& geometry = findGeometry(id)) {
         return geometry;
     }
     return findConstraint(id);
@@ -200,6 +185,30 @@ bool VrexStreamDecoder::readBytes(void* out, std::uint32_t count) {
     }
     std::memcpy(out, m_input + m_position, count);
     m_position += count;
+    return true;
+}
+
+/// Most options are absent, which is told without opening their blocks.
+template <class Value>
+bool VrexStreamDecoder::readOptional(std::optional<Value>& out) {
+    std::uint8_t tag = 0;
+    std::uint32_t length = 0;
+    const std::uint32_t start = m_position;
+    if (!readPacked(tag, length) || tag != VrexStreamEncoder::TAG ||
+        (length != 0 && length != sizeof(Value))) {
+        m_position = start;
+        return false;
+    }
+    if (length == 0) {
+        out.reset();
+        return true;
+    }
+    Value value;
+    if (!readPacked(value)) {
+        m_position = start;
+        return false;
+    }
+    out = value;
     return true;
 }
 

@@ -103,9 +103,10 @@ public:
     /// The same without a cast. `entity` is the geometry, or null for one that is no entity in space.
     void enterGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry, VrexGeometry3D* entity);
     void enterConstraint(const std::shared_ptr<VrexBaseConstraint>& constraint);
-    /// Null for an identifier that is not known, as is `findConstraint`.
-    std::shared_ptr<VrexBaseGeometry> findGeometry(std::uint64_t id) const;
-    std::shared_ptr<VrexBaseConstraint> findConstraint(std::uint64_t id) const;
+    /// Null for an identifier that is not known, as is `findConstraint`. Both are valid until the next object
+    /// is made known.
+    const std::shared_ptr<VrexBaseGeometry>& findGeometry(std::uint64_t id) const;
+    const std::shared_ptr<VrexBaseConstraint>& findConstraint(std::uint64_t id) const;
     /// Null as well for a geometry that was not entered as an entity in space.
     std::shared_ptr<VrexGeometry3D> findEntity(std::uint64_t id) const;
     /// The geometry, or if there is none the constraint.
@@ -134,6 +135,8 @@ private:
 
     bool openBlock();
     bool readBytes(void* out, std::uint32_t count);
+    template <class Value>
+    bool readOptional(std::optional<Value>& out);
     template <class Number>
     bool readNumbers(std::vector<Number>& out);
 

@@ -14,18 +14,18 @@ namespace {
 template <class Object, class Find>
 bool decodeObjects(VrexStreamDecoder& decoder, std::vector<std::shared_ptr<Object>>& objects, Find find) {
     return decoder.readList([&] {
-        const auto decoded = decoder.decodeObject();
+        auto decoded = decoder.decodeObject();
         if (decoded == nullptr) {
             return false;
         }
-        std::shared_ptr<Object> object = find(decoded->getID());
-        if (object != decoded) {
-            object = std::dynamic_pointer_cast<Object>(decoded);
+        Object* object = find(decoded->getID());
+        if (object != decoded.get()) {
+            object = dynamic_cast<Object*>(decoded.get());
         }
         if (object == nullptr) {
             return false;
         }
-        objects.push_back(std::move(object));
+        objects.emplace_back(std::move(decoded), object);
         return true;
     });
 }
@@ -69,11 +69,13 @@ bool VrexStreamGraphDecoder::decode(const unsigned char* buffer, unsigned int si
 }
 
 bool VrexStreamGraphDecoder::decodeGeometries(VrexStreamDecoder& decoder, Geometries& geometries) {
-    return decodeObjects(decoder, geometries, [&](std::uint64_t id) { return decoder.findGeometry(id); });
+    return decodeObjects(decoder, geometries,
+                         [&](std::uint64_t id) { return decoder.findGeometry(id).get(); });
 }
 
 bool VrexStreamGraphDecoder::decodeConstraints(VrexStreamDecoder& decoder, Constraints& constraints) {
-    return decodeObjects(decoder, constraints, [&](std::uint64_t id) { return decoder.findConstraint(id); });
+    return decodeObjects(decoder, constraints,
+                         [&](std::uint64_t id) { return decoder.findConstraint(id).get(); });
 }
 
 /// Null where it cannot be read.

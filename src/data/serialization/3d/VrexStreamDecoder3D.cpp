@@ -9,5 +9,8 @@ VrexStreamDecoder3D::~VrexStreamDecoder3D() = default;
 
 std::shared_ptr<VrexBaseObject> VrexStreamDecoder3D::decodeObject() {
     std::shared_ptr<VrexBaseObject> object;
-    return readBlock([&] { return (object = m_objects.decode()) != nullptr; }) ? object : nullptr;
+    if (!readBlock([&] { return (object = m_objects.decode()) != nullptr; })) {
+        return nullptr;
+    }
+    return object;
 }

@@ -101,7 +101,7 @@ protected:
 
 private:
     friend class VrexAssigner3DImpl;
-    friend class VrexSystem3DDeserializer;
+    friend struct VrexGeomComponentsAccess;
 
     bool canFixHelpParameter(std::uint32_t number) const;
 

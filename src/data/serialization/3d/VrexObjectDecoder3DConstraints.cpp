@@ -22,6 +22,7 @@
 #include "data/constraint/3d/VrexEqualRadius3D.h"
 #include "data/constraint/3d/VrexFastenedMate3D.h"
 #include "data/constraint/3d/VrexFixation3D.h"
+#include "data/constraint/3d/VrexGeomComponentsAccess.h"
 #include "data/constraint/3d/VrexHalfAngle3D.h"
 #include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/constraint/3d/VrexIncidenceToCenter3D.h"
@@ -75,12 +76,10 @@ bool readComponents(Stream& stream, Components& out) {
     return readKnown(stream, out[0]) && readKnown(stream, out[1]);
 }
 
-/// Most kinds are created without components.
+/// Most kinds are created without components, and a setter would refuse what was stored for another kind.
 Made withComponents(Made constraint, const Components& components) {
-    for (std::uint32_t i = 0; constraint != nullptr && i < components.size(); ++i) {
-        if (constraint->getGeomComponentType(i + 1) != components[i]) {
-            constraint->setGeomComponentType(i + 1, components[i]);
-        }
+    if (constraint != nullptr) {
+        VrexGeomComponentsAccess::set(*constraint, components);
     }
     return constraint;
 }

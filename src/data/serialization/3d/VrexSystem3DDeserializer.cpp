@@ -11,6 +11,7 @@
 #include "data/VrexStandardTexts.h"
 #include "data/base/VrexIDGenerator.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/3d/VrexGeomComponentsAccess.h"
 #include "data/constraint/equation/VrexBaseEquation.h"
 #include "data/serialization/3d/VrexConstraintReplay.h"
 #include "data/serialization/3d/VrexGeometryReplay.h"
@@ -189,7 +190,7 @@ void VrexSystem3DDeserializer::createConstraints(const LumoJson& root) {
         readArguments(json, type, arguments);
         const auto created = nsReplay::created(nsConstraintReplay::create(type, arguments),
                                                "Failed to replay: constraint was not created!");
-        created->m_geomComponents = arguments.components;
+        VrexGeomComponentsAccess::set(*created, arguments.components);
         m_constraints.push_back(created);
     });
 }

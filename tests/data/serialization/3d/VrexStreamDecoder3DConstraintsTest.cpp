@@ -172,6 +172,16 @@ TEST(VrexStreamDecoder3D, KindsThatAreCreatedWithoutComponentsGetThem) {
     EXPECT_EQ(read->getGeomComponentType(2), VrexGeometryComponentType::UNKNOWN);
 }
 
+TEST(VrexStreamDecoder3D, ComponentsThatASetterWouldRefuseSurvive) {
+    const auto read =
+        readConstraint<VrexParallelism3D>({line(1), line(2)}, VrexConstraint3DType::Parallelism3D, {1, 2},
+                                          constraint({7, ids({1, 2}), 1, 4}, {}, 5));
+    ASSERT_NE(read, nullptr);
+    read->setGeomComponentType(1, VrexGeometryComponentType::SPINE); // a line has none
+    EXPECT_EQ(read->getGeomComponentType(1), VrexGeometryComponentType::CENTER);
+    EXPECT_EQ(read->getGeomComponentType(2), VrexGeometryComponentType::SPINE);
+}
+
 TEST(VrexStreamDecoder3D, ReadsAnIncidence) {
     const auto read =
         readConstraint<VrexIncidence3D>({point(1), circle(2)}, VrexConstraint3DType::Incidence3D, {1, 2},

@@ -5,15 +5,16 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
+#include <limits>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
-#include "RatioReport.h"
+#include "GrowthReport.h"
 #include "data/constraint/3d/VrexDistance3D.h"
 #include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/constraint/equation/VrexBaseEquation.h"
@@ -93,20 +94,14 @@ struct DeepCopy {
     std::size_t count() const { return copy.geometries().size() + copy.constraints().size(); }
 };
 
-double threadSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
-
 /// Times the copying, and not the release of the copy.
 template <class Copy>
 void run(benchmark::State& state, std::size_t count) {
     const auto system = makeSystem(count);
     for ([[maybe_unused]] auto step : state) {
-        const double start = threadSeconds();
+        const double start = RatioReport::threadSeconds();
         const Copy copy(system);
-        state.SetIterationTime((threadSeconds() - start) / static_cast<double>(count));
+        state.SetIterationTime((RatioReport::threadSeconds() - start) / static_cast<double>(count));
         if (copy.count() != count) {
             std::fprintf(stderr, "%zu copies of %zu objects\n", copy.count(), count);
             std::exit(1);
@@ -117,6 +112,10 @@ void run(benchmark::State& state, std::size_t count) {
 } // namespace
 
 int main(int argc, char** argv) {
+    // Memory that is given back to the kernel comes again page by page, zeroed: a cost of the first use of
+    // memory, and of large systems alone.
+    mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+    mallopt(M_MMAP_MAX, 0);
     std::puts("Per object.");
     for (const std::size_t count : {1'000U, 10'000U, 100'000U, 1'000'000U}) {
         const std::string workload = "system_of_" + std::to_string(count);
@@ -131,5 +130,5 @@ int main(int argc, char** argv) {
                     static_cast<benchmark::IterationCount>(count < 1'000'000 ? 1'000'000 / count : 1));
         }
     }
-    return RatioReport::run(argc, argv);
+    return RatioReport::run<GrowthReport>(argc, argv);
 }

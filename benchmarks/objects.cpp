@@ -3,7 +3,6 @@
 // unordered_map.
 
 #include <cstdint>
-#include <ctime>
 #include <memory>
 #include <optional>
 #include <string>
@@ -107,18 +106,12 @@ Points<Library> makePoints() {
     return points;
 }
 
-double threadSeconds() {
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) + 1e-9 * static_cast<double>(now.tv_nsec);
-}
-
 /// Times `work` alone, and not what makes its input or frees its result.
 template <class Work>
 void timed(benchmark::State& state, Work work) {
-    const double start = threadSeconds();
+    const double start = RatioReport::threadSeconds();
     work();
-    state.SetIterationTime(threadSeconds() - start);
+    state.SetIterationTime(RatioReport::threadSeconds() - start);
 }
 
 template <class Library>

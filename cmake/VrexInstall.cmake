@@ -1,5 +1,6 @@
 # The installed package: both libraries, the public headers under include/vrex.data3d/ with the spelling that they
-# have under src/, the umbrella header beside them, the CMake package Vrex and a .pc file a library.
+# have under src/, the umbrella header beside them, the schema of documents under share/vrex.data3d/, the CMake package Vrex
+# and a .pc file a library.
 include(CMakePackageConfigHelpers)
 
 set(VREX_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/vrex.data3d)
@@ -11,6 +12,7 @@ foreach(header IN LISTS VREX_PUBLIC_HEADERS)
   install(FILES ${PROJECT_SOURCE_DIR}/src/${header} DESTINATION ${VREX_INCLUDE_DIR}/${folder})
 endforeach()
 install(FILES ${VREX_UMBRELLA} DESTINATION ${VREX_INCLUDE_DIR})
+install(FILES ${PROJECT_SOURCE_DIR}/share/document.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/vrex.data3d)
 
 install(EXPORT VrexTargets NAMESPACE Vrex:: DESTINATION ${VREX_PACKAGE_DIR})
 configure_package_config_file(

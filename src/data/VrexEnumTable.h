@@ -37,17 +37,23 @@ consteval bool risesWithoutHoles() {
 [[noreturn]] VREX_DATA_EXPORT void raiseNoText(const char* enumName, std::int64_t value);
 [[noreturn]] VREX_DATA_EXPORT void raiseNoValue(const char* enumName, std::string_view text);
 
+/// Whether the table has a row of `value`.
+template <class E>
+constexpr bool isKnown(E value) {
+    static_assert(risesWithoutHoles<E>(), "the rows of an enumeration rise by one");
+    const std::int64_t index =
+        static_cast<std::int64_t>(value) - static_cast<std::int64_t>(VrexEnumTable<E>::ROWS[0].value);
+    return index >= 0 && index < static_cast<std::int64_t>(std::size(VrexEnumTable<E>::ROWS));
+}
+
 /// The row of `value`; throws `std::out_of_range` for a value outside the table.
 template <class E>
 const VrexEnumRow<E>& rowOf(E value) {
     using Table = VrexEnumTable<E>;
-    static_assert(risesWithoutHoles<E>(), "the rows of an enumeration rise by one");
-    const std::int64_t index =
-        static_cast<std::int64_t>(value) - static_cast<std::int64_t>(Table::ROWS[0].value);
-    if (index < 0 || index >= static_cast<std::int64_t>(std::size(Table::ROWS))) {
+    if (!isKnown(value)) {
         raiseNoText(Table::NAME, static_cast<std::int64_t>(value));
     }
-    return Table::ROWS[static_cast<std::size_t>(index)];
+    return Table::ROWS[static_cast<std::int64_t>(value) - static_cast<std::int64_t>(Table::ROWS[0].value)];
 }
 
 /// The name of `value`. Throws `std::out_of_range` "Failed to convert enum E(N) to string." for a value

@@ -31,13 +31,14 @@ public:
     void setValue(double value);
     /// Whether there is an object.
     bool isValid() const { return m_object != nullptr; }
+    /// Whether there is an object, and it has a parameter of this index.
+    bool hasParameter() const;
     /// Whether the parameter differs from that of the object's latest snapshot by more than `tolerance`.
     /// False without an object or a snapshot, and where either has no such parameter.
     bool checkChanged(double tolerance) const;
 
 private:
     std::string generatedName() const;
-    bool hasParameter() const;
 
     std::shared_ptr<VrexBaseObject> m_object;
     std::uint32_t m_index;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "tolvbase/LumoJson.h"
@@ -21,12 +20,8 @@ private:
 
     /// Writes a scalar or an empty container whole, and opens any other one.
     void writeValue(const LumoJson& value);
-    /// Writes the next element of the innermost container, or closes it.
+    /// Goes on in the innermost container, up to the next one that opens or to its own end.
     void advance();
-    void writeInteger(const LumoJson& value);
-    void writeDouble(double value);
-    void writeString(std::string_view text);
-    void writeEscape(unsigned char byte);
 
     std::vector<Level> m_open;
     std::string m_text;

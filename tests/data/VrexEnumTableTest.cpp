@@ -312,6 +312,17 @@ TEST(VrexEnumTable, ShortNamesAreNeverParsed) {
 
 TEST(VrexEnumTable, TypesCountHasNoText) { expectNoText<VrexGeometry3DType>("enum VrexGeometry3DType", 20); }
 
+TEST(VrexEnumTable, KnownIsWhatHasARow) {
+    const auto isKnown = [](int value) { return nsEnum::isKnown(static_cast<VrexFixation3DType>(value)); };
+    EXPECT_FALSE(isKnown(-2));
+    EXPECT_TRUE(isKnown(-1));
+    EXPECT_TRUE(isKnown(7));
+    EXPECT_FALSE(isKnown(8));
+    EXPECT_FALSE(isKnown(-2147483647 - 1));
+    EXPECT_FALSE(isKnown(2147483647));
+    EXPECT_FALSE(nsEnum::isKnown(VrexGeometry3DType::TYPES_COUNT));
+}
+
 TEST(VrexEnumTable, TextsIgnoreTheProcessLocale) {
     const GermanLocale locale;
     ASSERT_TRUE(GermanLocale::isSet());

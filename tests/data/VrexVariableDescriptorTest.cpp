@@ -79,6 +79,7 @@ TEST(VrexVariableDescriptor, CopySharesTheObject) {
 TEST(VrexVariableDescriptor, WithoutObjectItIsInvalidNamelessAndZero) {
     VrexVariableDescriptor descriptor(nullptr, 0, nullptr);
     EXPECT_FALSE(descriptor.isValid());
+    EXPECT_FALSE(descriptor.hasParameter());
     EXPECT_EQ(descriptor.variableName(), "");
     descriptor.setValue(1.0);
     EXPECT_EQ(descriptor.getValue(), 0.0);
@@ -90,6 +91,8 @@ TEST(VrexVariableDescriptor, IndexOutsideTheObjectReadsZeroAndWritesNothing) {
     point->backup();
     VrexVariableDescriptor descriptor(point, 3, nullptr);
     EXPECT_TRUE(descriptor.isValid());
+    EXPECT_FALSE(descriptor.hasParameter());
+    EXPECT_TRUE(VrexVariableDescriptor(point, 2, nullptr).hasParameter());
     descriptor.setValue(9.0);
     EXPECT_EQ(descriptor.getValue(), 0.0);
     EXPECT_FALSE(descriptor.checkChanged(0.0));

@@ -11,7 +11,8 @@ LAYERS = """
 layer low:
 layer mid:      low
 layer mid/deep: ..mid
-layer examples: ..mid/deep
+layer tools: ..mid/deep
+layer examples: ..mid/deep tools
 external fmt/*:  src/mid/*.cpp src/mid/FmtAdapter.h
 external fmt/**: src/mid/Deep.cpp
 upward low/Climber.cpp: mid
@@ -24,7 +25,8 @@ CLEAN = {
     "src/mid/FmtAdapter.h": "#pragma once\n#include <fmt/core.h>\n",
     "src/mid/Hidden.h": "#pragma once\n#include <cstdint>\n",
     "src/mid/deep/Deep.cpp": '#include "low/Low.h"\n#include "mid/Mid.h"\n// #include "examples/no.h"\n',
-    "examples/first.cpp": '#include "mid/Mid.h"\n#include "Shared.h"\n',
+    "examples/first.cpp": '#include "mid/Mid.h"\n#include "tools/Tool.h"\n#include "Shared.h"\n',
+    "tools/Tool.h": "#pragma once\n",
     "examples/Shared.h": "#pragma once\n",
     "docs/page.md": '#include "nowhere.h"\n',
 }
@@ -53,6 +55,14 @@ class CheckLayersTest(unittest.TestCase):
         self.expect('src/low/Low.h:2: "mid/Mid.h": low may not include mid',
                     {"src/low/Low.h": '#pragma once\n#include "mid/Mid.h"\n'})
 
+    def test_client_that_points_up(self):
+        self.expect('tools/Tool.cpp:1: "examples/Shared.h": tools may not include examples',
+                    {"tools/Tool.cpp": '#include "examples/Shared.h"\n'})
+
+    def test_library_that_includes_a_client(self):
+        self.expect('src/mid/Mid.cpp:1: "tools/Tool.h" is no path from src/',
+                    {"src/mid/Mid.cpp": '#include "tools/Tool.h"\n'})
+
     def test_source_that_points_up_without_exemption(self):
         self.expect('src/low/Other.cpp:1: "mid/Mid.h": low may not include mid',
                     {"src/low/Other.cpp": '#include "mid/Mid.h"\n'})
@@ -71,15 +81,15 @@ class CheckLayersTest(unittest.TestCase):
                     layers=LAYERS + "upward low/Gone.cpp: mid\n")
 
     def test_exemption_of_a_header(self):
-        self.expect("cmake/layers.txt:9: only sources may look up: low/Low.h",
+        self.expect("cmake/layers.txt:10: only sources may look up: low/Low.h",
                     layers=LAYERS + "upward low/Low.h: mid\n")
 
     def test_layer_that_names_a_later_one(self):
-        self.expect("cmake/layers.txt:9: no layer above this line: later",
+        self.expect("cmake/layers.txt:10: no layer above this line: later",
                     layers=LAYERS + "layer sooner: later\nlayer later:\n")
 
     def test_line_that_is_no_statement(self):
-        self.expect("cmake/layers.txt:9: not a statement: allow everything", layers=LAYERS + "allow everything\n")
+        self.expect("cmake/layers.txt:10: not a statement: allow everything", layers=LAYERS + "allow everything\n")
 
     def test_missing_pragma_once(self):
         self.expect("src/mid/Hidden.h:1: has no #pragma once", {"src/mid/Hidden.h": "// #pragma once\n"})

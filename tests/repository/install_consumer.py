@@ -84,6 +84,8 @@ def main():
         run(cmake, "--install", build, "--prefix", folder / "first")
         # Nothing in the installed tree may remember where it was put.
         prefix = (folder / "first").rename(folder / "moved")
+        if not (prefix / "share/vrex.data3d/document.schema.json").is_file():
+            sys.exit("install_consumer: the schema of documents is not where it should be")
         use_by_cmake(cmake, compiler, prefix, folder / "build")
         use_by_pkg_config(compiler, prefix, folder)
     print("install_consumer: found by CMake and by pkg-config, built and run" +

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -15,7 +15,7 @@
 
 /// A step of a walk: which callback, and the identifiers of its vertex, or of the ends of its edge.
 struct GraphStep {
-    std::string what;
+    std::string_view what; ///< A literal.
     std::uint64_t first;
     std::uint64_t second = 0;
     bool operator==(const GraphStep&) const = default;
@@ -100,10 +100,14 @@ private:
     }
     void joinArguments(const Constraint& constraint) {
         for (const Geometry& geometry : constraint->getGeometries()) {
-            addEdge(geometry, constraint);
+            if (geometry != nullptr) {
+                addEdge(geometry, constraint);
+            }
         }
         for (const Constraint& dependency : constraint->getConstraints()) {
-            addEdge(dependency, constraint);
+            if (dependency != nullptr) {
+                addEdge(dependency, constraint);
+            }
         }
     }
     template <class First, class Second>
@@ -148,7 +152,7 @@ private:
 
     bool isFixed(std::uint64_t id) { return m_colors[id] == FIXED || m_colors[id] == FIXED_VISITED; }
     bool isDone(std::uint64_t id) { return m_colors[id] == GRAY || m_colors[id] == BLACK; }
-    void note(const char* what, std::uint64_t first, std::uint64_t second = 0) {
+    void note(std::string_view what, std::uint64_t first, std::uint64_t second = 0) {
         m_steps.push_back({what, first, second});
         m_isStopped = m_isStopped || m_steps.size() == m_stopAt;
     }

@@ -81,9 +81,9 @@ struct GraphSystem {
 /// Systems at random, of `scale` objects or one more: sets in sets with shared members, patterns, constraints
 /// of up to three geometries, dependencies, fixations of all of these, first and second ones; some objects
 /// are referred to without being listed. Identifiers are unique.
-class RandomSystems {
+class RandomGraphSystems {
 public:
-    explicit RandomSystems(std::uint64_t seed) : m_random(seed) {}
+    explicit RandomGraphSystems(std::uint64_t seed) : m_random(seed) {}
 
     bool chance(double probability) { return std::bernoulli_distribution(probability)(m_random); }
     std::size_t below(std::size_t count) {

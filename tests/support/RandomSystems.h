@@ -18,6 +18,12 @@
 /// listed behind what they are part of, nulls, snapshots, parents, and drags. No rings.
 class RandomSystems {
 public:
+    enum class Style {
+        Any,
+        Writable, ///< Without nulls; all that is named is listed, in the order of its references.
+    };
+    explicit RandomSystems(Style style = Style::Any) : m_isWritable(style == Style::Writable) {}
+
     VrexImmutableSystem3D next() {
         m_variables.clear();
         m_geometries.clear();
@@ -29,6 +35,9 @@ public:
         repeat(8, [this] { addConstraint(); });
         repeat(2, [this] { addEquation(); });
         setParents();
+        if (m_isWritable) {
+            return writable();
+        }
         std::ranges::shuffle(m_listed, m_engine);
         auto references = m_geometries;
         references.resize(index(references.size() + 1));
@@ -45,6 +54,22 @@ private:
     bool chance(double probability) { return std::bernoulli_distribution(probability)(m_engine); }
     double number() { return std::uniform_real_distribution<double>(-4.0, 4.0)(m_engine); }
     VrexVector3DT<double> vector() { return {number(), number(), number()}; }
+    /// Whether something is left out, which may be only where nobody minds.
+    bool lacks(double probability) { return !m_isWritable && chance(probability); }
+    VrexImmutableSystem3D writable() {
+        const auto drags = transform();
+        auto references = m_geometries;
+        references.resize(index(references.size() + 1));
+        return {VrexImmutableSystem3D::OrderGeometriesAndConstraints(),
+                m_geometries,
+                m_variables,
+                m_constraints,
+                m_equations,
+                number(),
+                number(),
+                drags,
+                std::move(references)};
+    }
     template <class Work>
     void repeat(std::size_t most, const Work& work) {
         for (std::size_t left = index(most + 1); left > 0; --left) {
@@ -77,7 +102,12 @@ private:
     template <class Geometry, class List>
     std::shared_ptr<Geometry> anyOf(const List& list) {
         const auto fitting = keepOnly<Geometry>(list);
-        return fitting.empty() || chance(0.05) ? nullptr : fitting[index(fitting.size())];
+        return fitting.empty() || lacks(0.05) ? nullptr : fitting[index(fitting.size())];
+    }
+    /// Whether what was drawn may be used.
+    template <class... Objects>
+    bool isDrawn(const Objects&... objects) {
+        return !m_isWritable || ((objects != nullptr) && ...);
     }
     template <class Geometry>
     std::shared_ptr<Geometry> made() {
@@ -91,12 +121,12 @@ private:
     template <class Geometry>
     std::shared_ptr<Geometry> listed() {
         auto found = anyOf<Geometry>(m_listed);
-        return found != nullptr || chance(0.05) ? found : enter(made<Geometry>(), false);
+        return found != nullptr || lacks(0.05) ? found : enter(made<Geometry>(), false);
     }
     template <class Geometry>
     std::shared_ptr<Geometry> part() {
         auto found = anyOf<Geometry>(m_geometries);
-        return found != nullptr || chance(0.1) ? found : enter(made<Geometry>());
+        return found != nullptr || lacks(0.1) ? found : enter(made<Geometry>());
     }
     std::shared_ptr<VrexGeometryVariable> variable() {
         if (m_variables.empty() || chance(0.5)) {
@@ -108,13 +138,19 @@ private:
         std::vector<VrexVariableDescriptor> result{{variable(), 0, "a"}, {part<VrexCircle3D>(), 0, "b"}};
         if (chance(0.3)) {
             // No relation: equations are cloned before its mates are.
-            result.emplace_back(anyOf<VrexDimension3D>(m_constraints), 0, "c");
+            const auto dimension = anyOf<VrexDimension3D>(m_constraints);
+            if (isDrawn(dimension)) {
+                result.emplace_back(dimension, 0, "c");
+            }
         }
         return result;
     }
     std::vector<VrexSpline3D::ControlPoint> controlPoints() {
         std::vector<VrexSpline3D::ControlPoint> points;
         repeat(4, [&] { points.push_back({part<VrexPoint3D>(), number()}); });
+        if (points.empty() && m_isWritable) {
+            points.push_back({part<VrexPoint3D>(), number()});
+        }
         return points;
     }
 
@@ -156,7 +192,32 @@ private:
         spline->setInterpolatedPoints({part<VrexPoint3D>(), part<VrexPoint3D>()});
         enter(spline);
     }
+    /// Knots for this many control points.
+    std::vector<double> knotsFor(std::size_t count, int degree) {
+        std::vector<double> knots(count + static_cast<std::size_t>(degree) + 1);
+        std::ranges::generate(knots, [this] { return number(); });
+        std::ranges::sort(knots);
+        return knots;
+    }
+    void addWholeSurface() {
+        const std::size_t rows = 1 + index(3);
+        const std::size_t columns = 1 + index(3);
+        std::vector<std::vector<VrexSpline3D::ControlPoint>> net(rows);
+        for (auto& row : net) {
+            for (std::size_t i = 0; i < columns; ++i) {
+                row.push_back({part<VrexPoint3D>(), number()});
+            }
+        }
+        const auto uDegree = static_cast<int>(index(3));
+        const auto vDegree = static_cast<int>(index(3));
+        enter(VrexNURBSSurface3D::create(
+            {uDegree, vDegree, knotsFor(rows, uDegree), knotsFor(columns, vDegree), net}));
+    }
     void addSurface() {
+        if (m_isWritable) {
+            addWholeSurface();
+            return;
+        }
         std::vector<std::vector<VrexSpline3D::ControlPoint>> net{controlPoints(), controlPoints()};
         enter(VrexNURBSSurface3D::create({1, 1, {0.0, number()}, {1.0}, net}));
     }
@@ -177,7 +238,7 @@ private:
         dimension->setRigid(chance(0.5));
         dimension->setLimits({number(), number()});
         if (chance(0.5)) {
-            dimension->bindVariable(chance(0.8) ? variable() : makeSample<VrexGeometryVariable>());
+            dimension->bindVariable(lacks(0.2) ? makeSample<VrexGeometryVariable>() : variable());
         }
         enterConstraint(dimension);
     }
@@ -185,6 +246,28 @@ private:
     void enterMate(const Limits&... limits) {
         enterConstraint(nsSamples::filledMate(
             Mate::create(listed<VrexConnector3D>(), listed<VrexConnector3D>(), limits...)));
+    }
+    void addMateRelation() {
+        const auto first = anyOf<VrexMate3D>(m_constraints);
+        const auto second = anyOf<VrexMate3D>(m_constraints);
+        if (isDrawn(first, second)) {
+            enterConstraint(VrexMateRelation3D::create({first, second}, {0, index(4)}, number()));
+        }
+    }
+    void addEqualDimension() {
+        const auto first = anyOf<VrexDimension3D>(m_constraints);
+        const auto second = anyOf<VrexDimension3D>(m_constraints);
+        if (isDrawn(first, second)) {
+            enterConstraint(
+                VrexEqualDimension3D::create({first, second}, listed<VrexEqualDimensionElement3D>()));
+        }
+    }
+    void addEqualParameter() {
+        const auto first = anyOf<VrexConstraint3D>(m_constraints);
+        const auto second = anyOf<VrexConstraint3D>(m_constraints);
+        if (isDrawn(first, second)) {
+            enterConstraint(VrexEqualParameter3D::create(listed<VrexGeometry3D>(), first, second));
+        }
     }
     void addConstraint() {
         using enum VrexGeometryComponentType;
@@ -241,20 +324,9 @@ private:
             [&] { enterMate<VrexPinSlotMate3D>(limits, limits); },
             [&] { enterMate<VrexPlanarMate3D>(limits, limits, limits); },
             [&] { enterMate<VrexParallelMate3D>(limits, limits, limits, limits); },
-            [&] {
-                enterConstraint(VrexMateRelation3D::create(
-                    {anyOf<VrexMate3D>(m_constraints), anyOf<VrexMate3D>(m_constraints)}, {0, index(4)},
-                    number()));
-            },
-            [&] {
-                enterConstraint(VrexEqualDimension3D::create(
-                    {anyOf<VrexDimension3D>(m_constraints), anyOf<VrexDimension3D>(m_constraints)},
-                    listed<VrexEqualDimensionElement3D>()));
-            },
-            [&] {
-                enterConstraint(VrexEqualParameter3D::create(any(), anyOf<VrexConstraint3D>(m_constraints),
-                                                             anyOf<VrexConstraint3D>(m_constraints)));
-            },
+            [&] { addMateRelation(); },
+            [&] { addEqualDimension(); },
+            [&] { addEqualParameter(); },
             [&] {
                 enterConstraint(
                     VrexInstance3D::create(point(), point(), listed<VrexArrayPattern3D>(), {1, -2}));
@@ -291,6 +363,7 @@ private:
 
     using Geometries = std::vector<std::shared_ptr<VrexGeometry3D>>;
 
+    bool m_isWritable;
     std::mt19937 m_engine{82'091};
     std::vector<std::shared_ptr<VrexGeometryVariable>> m_variables;
     Geometries m_geometries; ///< All, in the order in which they were made.

@@ -1,5 +1,7 @@
 #include "data/graph/VrexAdjacentList.h"
 
+#include <utility>
+
 #include "data/VrexLog.h"
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
@@ -8,12 +10,12 @@ VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::VrexAdj
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::VrexAdjacentList(
     const VertexList& vertices)
-    : m_vertices(vertices) {}
+    : m_vertices(vertices), m_vertexCount(vertices.size()) {}
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::VrexAdjacentList(
     const VertexList& vertices, const std::vector<std::pair<std::uint64_t, std::uint64_t>>& edges)
-    : m_vertices(vertices) {
+    : m_vertices(vertices), m_vertexCount(vertices.size()) {
     for (const auto& indices : edges) {
         join(indices);
     }
@@ -21,21 +23,43 @@ VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::VrexAdj
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::VrexAdjacentList(
-    const VrexAdjacentList&) = default;
+    const VrexAdjacentList& other)
+    : m_adjacency(other.m_adjacency),
+      m_vertices(other.m_vertices),
+      m_edgeCount(other.m_edgeCount),
+      m_vertexCount(other.m_vertexCount) {
+    for (auto& [index, list] : m_adjacency) {
+        m_places.note(index, m_vertexCount, list);
+    }
+}
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::VrexAdjacentList(
-    VrexAdjacentList&&) noexcept = default;
-
-template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
-VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>&
-VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::operator=(const VrexAdjacentList&) =
-    default;
+    VrexAdjacentList&& other) noexcept
+    : m_adjacency(std::move(other.m_adjacency)),
+      m_vertices(std::move(other.m_vertices)),
+      m_edgeCount(other.m_edgeCount),
+      m_vertexCount(std::exchange(other.m_vertexCount, 0)) {}
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>&
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::operator=(
-    VrexAdjacentList&&) noexcept = default;
+    const VrexAdjacentList& other) {
+    return *this = VrexAdjacentList(other);
+}
+
+template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
+VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>&
+VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::operator=(
+    VrexAdjacentList&& other) noexcept {
+    VrexAdjacentList moved(std::move(other));
+    std::swap(m_adjacency, moved.m_adjacency);
+    std::swap(m_vertices, moved.m_vertices);
+    m_edgeCount = moved.m_edgeCount;
+    m_vertexCount = moved.m_vertexCount;
+    m_places = std::move(moved.m_places);
+    return *this;
+}
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::~VrexAdjacentList() = default;
@@ -43,29 +67,54 @@ VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::~VrexAd
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 void VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::addVertex(
     const VertexPtr& vertex) {
+    m_vertices.resize(m_vertexCount);
     m_vertices.push_back(vertex);
+    ++m_vertexCount;
 }
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 void VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::addEdge(
     std::pair<std::uint64_t, std::uint64_t> indices) {
-    countEdge(); // Kept: before the indices are looked at.
+    countEdges(1); // Kept: before the indices are looked at.
     join(indices);
 }
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 void VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::clear() {
+    m_places.clear();
     m_adjacency.clear();
     m_vertices.clear();
     m_edgeCount = 0;
+    m_vertexCount = 0;
 }
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 EdgeList&
-VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::getAdjacents(std::uint64_t index) {
+VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::enterList(std::uint64_t index) {
+    if (m_adjacency.size() == m_vertexCount / 8) { // who asks for so many will ask for more
+        m_adjacency.reserve(m_vertexCount);
+    }
+    const auto [entry, isNew] = m_adjacency.try_emplace(index);
+    try {
+        m_places.note(index, m_vertexCount, entry->second);
+        if (isNew) {
+            entry->second = makeEdges(index);
+        }
+    } catch (...) {
+        if (isNew) {
+            m_places.forget(index);
+            m_adjacency.erase(entry);
+        }
+        throw;
+    }
+    return entry->second;
+}
+
+template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
+EdgeList* VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::unplacedList(
+    std::uint64_t index) const {
     const auto found = m_adjacency.find(index);
-    return found != m_adjacency.end() ? found->second
-                                      : m_adjacency.emplace(index, makeEdges(index)).first->second;
+    return found != m_adjacency.end() ? &found->second : nullptr;
 }
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
@@ -91,11 +140,11 @@ void VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::ap
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 void VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::join(
     std::pair<std::uint64_t, std::uint64_t> indices) {
-    if (indices.first >= m_vertices.size()) {
+    if (indices.first >= m_vertexCount) {
         VREX_LOG(nsLog::FAILURE, "\"The geometry id is not belong to edge\"");
         return;
     }
-    if (indices.second >= m_vertices.size()) {
+    if (indices.second >= m_vertexCount) {
         VREX_LOG(nsLog::FAILURE, "\"The constraint id is not belong to edge\"");
         return;
     }

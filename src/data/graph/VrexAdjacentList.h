@@ -8,6 +8,7 @@
 
 #include "data/VrexExport.h"
 #include "data/graph/VrexEdge.h"
+#include "data/graph/VrexListPlacesT.h"
 #include "data/graph/VrexVertex.h"
 
 /// An undirected multigraph: vertices in the order of their addition, and for each vertex the edges at it.
@@ -43,10 +44,13 @@ public:
     const VertexPtr& operator[](std::uint64_t index) const { return vertexAt(index); }
     /// The edges at a vertex, empty for an index without one. The list stays where it is until the graph is
     /// cleared or assigned.
-    EdgeList& getAdjacents(std::uint64_t index);
+    EdgeList& getAdjacents(std::uint64_t index) {
+        EdgeList* list = m_places.find(index);
+        return list != nullptr ? *list : enterList(index);
+    }
     /// How often `addEdge` was called.
     std::uint64_t numEdges() const { return m_edgeCount; }
-    std::uint64_t numVertices() const { return m_vertices.size(); }
+    std::uint64_t numVertices() const { return m_vertexCount; }
 
 protected:
     /// Makes the vertex that stands null at `index`; leaves it null by default.
@@ -56,27 +60,40 @@ protected:
 
     /// Appends to the lists of both ends, which are made if need be.
     void append(std::uint64_t first, std::uint64_t second, const Edge& edge);
-    void countEdge() { ++m_edgeCount; }
-    /// Null where nobody looked yet.
-    VertexList& vertices() { return m_vertices; }
+    void countEdges(std::uint64_t count) { m_edgeCount += count; }
+    /// Appends a vertex that is made when somebody looks.
+    void countVertex() { ++m_vertexCount; }
+    /// Null, or beyond the end, where nobody looked yet.
     const VertexList& vertices() const { return m_vertices; }
+    /// The list of a vertex if somebody looked at it, otherwise null.
+    EdgeList* seenList(std::uint64_t index) const {
+        EdgeList* list = m_places.find(index);
+        return list != nullptr || m_places.size() == m_adjacency.size() ? list : unplacedList(index);
+    }
     /// The lists that somebody looked at.
     AdjacencyTable& adjacency() { return m_adjacency; }
     const AdjacencyTable& adjacency() const { return m_adjacency; }
 
 private:
     VertexPtr& vertexAt(std::uint64_t index) const {
+        if (m_vertices.size() < m_vertexCount) {
+            m_vertices.resize(m_vertexCount);
+        }
         VertexPtr& vertex = m_vertices[index];
         if (vertex == nullptr) {
             vertex = makeVertex(index);
         }
         return vertex;
     }
+    EdgeList& enterList(std::uint64_t index);
+    EdgeList* unplacedList(std::uint64_t index) const;
     void join(std::pair<std::uint64_t, std::uint64_t> indices);
 
-    AdjacencyTable m_adjacency;
+    mutable AdjacencyTable m_adjacency;
     mutable VertexList m_vertices;
     std::uint64_t m_edgeCount = 0;
+    std::uint64_t m_vertexCount = 0;
+    VrexListPlacesT<EdgeList> m_places; ///< Of the lists in the table, most of them.
 };
 
 /// The one instance: of what constraint graphs are made of.

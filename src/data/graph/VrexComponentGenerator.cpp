@@ -1,11 +1,25 @@
 #include "data/graph/VrexComponentGenerator.h"
 
+#include <utility>
+
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexFixedGeometryTaker.h"
 
 VrexComponentGenerator::VrexComponentGenerator() = default;
-VrexComponentGenerator::VrexComponentGenerator(const VrexComponentGenerator&) = default;
-VrexComponentGenerator& VrexComponentGenerator::operator=(const VrexComponentGenerator&) = default;
+VrexComponentGenerator::VrexComponentGenerator(const VrexComponentGenerator& other)
+    : VrexGraphVisitor(other),
+      m_components(other.m_components),
+      m_currentComponent(other.m_currentComponent),
+      m_taker(other.m_taker != nullptr ? std::make_unique<VrexFixedGeometryTaker>(*other.m_taker) : nullptr) {
+}
+VrexComponentGenerator& VrexComponentGenerator::operator=(const VrexComponentGenerator& other) {
+    VrexComponentGenerator copy(other);
+    VrexGraphVisitor::operator=(copy);
+    std::swap(m_components, copy.m_components);
+    std::swap(m_currentComponent, copy.m_currentComponent);
+    std::swap(m_taker, copy.m_taker);
+    return *this;
+}
 VrexComponentGenerator::~VrexComponentGenerator() = default;
 
 void VrexComponentGenerator::startVertex(VrexConstraintGraph&, std::shared_ptr<VrexVertex>&) {
@@ -16,7 +30,7 @@ void VrexComponentGenerator::startComponent() {
     m_currentComponent = std::make_shared<VrexConnectedComponent>();
     m_components.push_back(m_currentComponent);
     if (m_taker == nullptr) {
-        m_taker = std::make_shared<VrexFixedGeometryTaker>();
+        m_taker = std::make_unique<VrexFixedGeometryTaker>();
     }
     m_taker->startComponent();
 }

@@ -37,5 +37,5 @@ private:
 
     std::vector<std::shared_ptr<VrexConnectedComponent>> m_components;
     std::shared_ptr<VrexConnectedComponent> m_currentComponent;
-    std::shared_ptr<VrexFixedGeometryTaker> m_taker; ///< Of the current component.
+    std::unique_ptr<VrexFixedGeometryTaker> m_taker; ///< Of the current component.
 };

@@ -9,7 +9,10 @@
 VrexConnectedComponent::VrexConnectedComponent() = default;
 VrexConnectedComponent::VrexConnectedComponent(const VrexConnectedComponent&) = default;
 VrexConnectedComponent& VrexConnectedComponent::operator=(const VrexConnectedComponent&) = default;
-VrexConnectedComponent::~VrexConnectedComponent() = default;
+VrexConnectedComponent::~VrexConnectedComponent() {
+    m_constraints.clear();
+    m_geometries.clear();
+}
 
 VrexConnectedComponent::VrexConnectedComponent(const Geometries& geometries, const Constraints& constraints) {
     for (const auto& geometry : geometries) {

@@ -13,15 +13,6 @@ constexpr std::uint64_t NO_INDEX = ~std::uint64_t(0);
 
 std::uint64_t widened(std::uint32_t index) { return index == VrexVertexIndex::NONE ? NO_INDEX : index; }
 
-template <class Object>
-std::vector<std::shared_ptr<Object>> objectsByID(const VrexVertexIndex& objects, VrexVertexType type) {
-    std::vector<std::shared_ptr<Object>> result;
-    for (const std::uint32_t index : objects.byID(type)) {
-        result.push_back(std::static_pointer_cast<Object>(objects.object(index)));
-    }
-    return result;
-}
-
 } // namespace
 
 VrexConstraintGraph::VrexConstraintGraph() = default;
@@ -29,7 +20,10 @@ VrexConstraintGraph::VrexConstraintGraph(const VrexConstraintGraph&) = default;
 VrexConstraintGraph::VrexConstraintGraph(VrexConstraintGraph&&) noexcept = default;
 VrexConstraintGraph& VrexConstraintGraph::operator=(const VrexConstraintGraph&) = default;
 VrexConstraintGraph& VrexConstraintGraph::operator=(VrexConstraintGraph&&) noexcept = default;
-VrexConstraintGraph::~VrexConstraintGraph() = default;
+VrexConstraintGraph::~VrexConstraintGraph() {
+    dropEdges();
+    m_objects.clear();
+}
 
 void VrexConstraintGraph::clear() {
     VrexVertexAdjacency::clear();
@@ -51,6 +45,10 @@ bool VrexConstraintGraph::hasConstraint(const std::shared_ptr<VrexBaseConstraint
 std::uint32_t VrexConstraintGraph::indexOf(VrexVertex* vertex) const {
     return vertex == nullptr ? VrexVertexIndex::NONE
                              : m_objects.find(vertex->getVertexType(), vertex->getID());
+}
+
+VrexVertex* VrexConstraintGraph::seenVertex(std::uint32_t index) const {
+    return index < vertices().size() ? vertices()[index].get() : nullptr;
 }
 
 std::uint64_t VrexConstraintGraph::getIndex(const std::shared_ptr<VrexVertex>& vertex) {
@@ -94,11 +92,25 @@ VrexConstraintGraph::getAdjacentGeometries(const std::shared_ptr<VrexBaseConstra
 }
 
 std::vector<std::shared_ptr<VrexBaseGeometry>> VrexConstraintGraph::getGeometries() {
-    return objectsByID<VrexBaseGeometry>(m_objects, VrexVertexType::Geometry);
+    std::vector<std::shared_ptr<VrexBaseGeometry>> result;
+    for (const std::uint32_t index : m_objects.byID(VrexVertexType::Geometry)) {
+        VrexVertex* vertex = seenVertex(index); // which whoever looked at it may have replaced
+        result.push_back(vertex != nullptr
+                             ? vertex->getGeometryPtr()
+                             : std::static_pointer_cast<VrexBaseGeometry>(m_objects.object(index)));
+    }
+    return result;
 }
 
 std::vector<std::shared_ptr<VrexBaseConstraint>> VrexConstraintGraph::getConstraints() {
-    return objectsByID<VrexBaseConstraint>(m_objects, VrexVertexType::Constraint);
+    std::vector<std::shared_ptr<VrexBaseConstraint>> result;
+    for (const std::uint32_t index : m_objects.byID(VrexVertexType::Constraint)) {
+        VrexVertex* vertex = seenVertex(index);
+        result.push_back(vertex != nullptr
+                             ? vertex->getConstraintPtr()
+                             : std::static_pointer_cast<VrexBaseConstraint>(m_objects.object(index)));
+    }
+    return result;
 }
 
 bool VrexConstraintGraph::isRelated(std::uint64_t id) const { return m_relatedMap.contains(id); }

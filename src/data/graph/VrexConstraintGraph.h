@@ -7,6 +7,7 @@
 
 #include "data/VrexExport.h"
 #include "data/graph/VrexAdjacentList.h"
+#include "data/graph/VrexBlockPool.h"
 #include "data/graph/VrexEdge.h"
 #include "data/graph/VrexEdgeIndex.h"
 #include "data/graph/VrexVertex.h"
@@ -93,7 +94,14 @@ private:
 
     void constructGraph(const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries,
                         const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints);
+    void addGeometries(const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries);
     void addParts(const std::shared_ptr<VrexBaseGeometry>& geometry);
+    /// Those that hold their geometry completely are left aside, and returned.
+    std::vector<std::shared_ptr<VrexBaseConstraint>>
+    addConstraints(const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints);
+    /// Joins the constraint at `index` to what it binds where all of that is there already, and nothing else
+    /// is to be joined; false, and nothing done, elsewhere.
+    bool joinListed(VrexBaseConstraint& constraint, std::uint32_t index);
     void joinArguments(const std::shared_ptr<VrexBaseConstraint>& constraint);
     void setFixedGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry,
                           const std::shared_ptr<VrexBaseConstraint>& constraint);
@@ -104,6 +112,8 @@ private:
     template <class First, class Second>
     void joinOrAdd(const std::shared_ptr<First>& first, const std::shared_ptr<Second>& second);
     std::uint32_t indexOf(VrexVertex* vertex) const;
+    /// The vertex at `index` if somebody looked at it.
+    VrexVertex* seenVertex(std::uint32_t index) const;
     void appendObject(VrexVertexType type, std::shared_ptr<VrexBaseObject> object);
     /// An edge between two objects; false, and nothing done, where one is missing.
     template <class First, class Second>
@@ -111,16 +121,23 @@ private:
     /// Appends the latest edge to those lists of its ends that somebody looked at.
     void showLatestEdge();
     VrexEdge makeEdge(std::uint32_t edge) const;
+    /// Fetches what makes, or unmakes, the edges of the vertex at `index`.
+    void prefetchEdges(std::uint64_t index) const;
+    /// Empties the lists that were looked at.
+    void dropEdges();
     /// The edge as it already stands in the list of its other end, null where it does not.
     const VrexEdge* seenEdge(const VrexEdgeIndex::Incidence& incidence) const;
     /// Whether a vertex that was handed out still wraps the object at `index`, and nothing but that.
-    bool isVertexOf(const std::shared_ptr<VrexVertex>& vertex, std::uint32_t index) const;
+    bool isVertexOf(const VrexVertex* vertex, std::uint32_t index) const;
     bool isEdgeOf(const VrexEdge& edge, std::uint32_t number) const;
     /// Whether a list that was handed out still holds the edges at `index`, and nothing but these.
     bool areEdgesOf(const std::vector<VrexEdge>& edges, std::uint32_t index) const;
+    /// Whether that is so for each list.
+    bool areAllEdges() const;
 
     VrexVertexIndex m_objects;
     mutable VrexEdgeIndex m_edges;
+    mutable VrexBlockPool m_edgeVertices; ///< That were looked at.
     FixedMap m_fixedMap;
     std::unordered_map<std::uint64_t, std::shared_ptr<VrexVertex>> m_relatedMap;
 };

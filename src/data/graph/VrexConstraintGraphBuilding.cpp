@@ -10,8 +10,30 @@
 #include "data/VrexLog.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexGraphTimer.h"
+#include "data/graph/VrexPrefetch.h"
 
 namespace {
+
+/// Fetches what a pass over `constraints` will ask for behind the one at `index`.
+void prefetch(const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints, std::size_t index) {
+    constexpr std::size_t ARGUMENTS = 160; // of the library's own constraints
+    const auto ahead = [&](std::size_t fetches) -> const VrexBaseConstraint* {
+        const std::size_t place = index + fetches * nsPrefetch::STEPS;
+        return place < constraints.size() ? constraints[place].get() : nullptr;
+    };
+    if (const VrexBaseConstraint* constraint = ahead(3)) {
+        nsPrefetch::object(constraint);
+        nsPrefetch::line(reinterpret_cast<const char*>(constraint) + ARGUMENTS);
+    }
+    if (const VrexBaseConstraint* constraint = ahead(2)) {
+        nsPrefetch::line(constraint->getGeometries().data());
+    }
+    if (const VrexBaseConstraint* constraint = ahead(1)) {
+        for (const auto& geometry : constraint->getGeometries()) {
+            nsPrefetch::object(geometry.get());
+        }
+    }
+}
 
 VrexVertexType typeOf(const VrexBaseGeometry&) { return VrexVertexType::Geometry; }
 VrexVertexType typeOf(const VrexBaseConstraint&) { return VrexVertexType::Constraint; }
@@ -93,7 +115,7 @@ private:
     template <class First, class Second>
     void take(const Edge<First, Second>& edge) {
         if (!edge.isCounted) {
-            m_graph.countEdge();
+            m_graph.countEdges(1);
             m_waiting.emplace_back(Edge<First, Second>{edge.first, edge.second, true});
             m_waiting.emplace_back(Vertex<Second>{edge.second});
             m_waiting.emplace_back(Vertex<First>{edge.first});
@@ -117,32 +139,9 @@ void VrexConstraintGraph::constructGraph(
     const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints) {
     const VrexGraphTimer timer("VrexConstraintGraph::constructGraph");
     m_objects.reserve(geometries.size() + constraints.size());
-    vertices().reserve(geometries.size() + constraints.size());
     m_edges.reserve(2 * constraints.size());
-    for (const auto& geometry : geometries) {
-        if (geometry != nullptr) {
-            appendObject(VrexVertexType::Geometry, geometry);
-        }
-    }
-    for (const auto& geometry : geometries) {
-        if (geometry != nullptr) {
-            addParts(geometry);
-        }
-    }
-    std::vector<std::shared_ptr<VrexBaseConstraint>> fixations;
-    for (const auto& constraint : constraints) {
-        if (constraint != nullptr && constraint->isCompleteFixed()) {
-            fixations.push_back(constraint);
-        } else if (constraint != nullptr) {
-            appendObject(VrexVertexType::Constraint, constraint);
-        }
-    }
-    for (const auto& constraint : constraints) {
-        if (constraint != nullptr && !constraint->isCompleteFixed()) {
-            joinArguments(constraint);
-        }
-    }
-    for (const auto& fixation : fixations) {
+    addGeometries(geometries);
+    for (const auto& fixation : addConstraints(constraints)) {
         const auto& arguments = fixation->getGeometries();
         if (arguments.empty() || arguments.front() == nullptr) {
             VREX_LOG(nsLog::FAILURE, "A complete fixation without geometry is left out, id : %lld.",
@@ -150,6 +149,26 @@ void VrexConstraintGraph::constructGraph(
             continue;
         }
         setFixedGeometry(arguments.front(), fixation);
+    }
+}
+
+void VrexConstraintGraph::addGeometries(const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries) {
+    std::vector<const std::shared_ptr<VrexBaseGeometry>*> owners;
+    for (std::size_t i = 0; i < geometries.size(); ++i) {
+        if (i + 2 * nsPrefetch::STEPS < geometries.size()) {
+            nsPrefetch::object(geometries[i + 2 * nsPrefetch::STEPS].get());
+        }
+        const auto& geometry = geometries[i];
+        if (geometry == nullptr) {
+            continue;
+        }
+        appendObject(VrexVertexType::Geometry, geometry);
+        if (!geometry->getGeometries().empty()) {
+            owners.push_back(&geometry);
+        }
+    }
+    for (const auto* owner : owners) {
+        addParts(*owner);
     }
 }
 
@@ -161,6 +180,61 @@ void VrexConstraintGraph::addParts(const std::shared_ptr<VrexBaseGeometry>& geom
             m_relatedMap.try_emplace(part->getID(), (*this)[owner]);
         }
     }
+}
+
+std::vector<std::shared_ptr<VrexBaseConstraint>>
+VrexConstraintGraph::addConstraints(const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints) {
+    std::vector<std::shared_ptr<VrexBaseConstraint>> fixations;
+    // Mostly all that is bound is listed: then constraints are joined as they come, each looked at once. From
+    // the first one on that brings a vertex of its own the others wait, since theirs come first.
+    const std::uint32_t edges = m_edges.size();
+    std::size_t joined = adjacency().empty() ? constraints.size() : 0;
+    for (std::size_t i = 0; i < constraints.size(); ++i) {
+        prefetch(constraints, i);
+        const auto& constraint = constraints[i];
+        if (constraint == nullptr) {
+            continue;
+        }
+        if (constraint->isCompleteFixed()) {
+            fixations.push_back(constraint);
+            continue;
+        }
+        appendObject(VrexVertexType::Constraint, constraint);
+        if (i < joined && !joinListed(*constraint, m_objects.size() - 1)) {
+            joined = i;
+        }
+    }
+    if (m_objects.hasRepeatedIDs() && joined != 0) { // edges belong to the latest of them
+        m_edges.truncate(edges);
+        joined = 0;
+    }
+    countEdges(m_edges.size() - edges);
+    for (std::size_t i = joined; i < constraints.size(); ++i) {
+        if (constraints[i] != nullptr && !constraints[i]->isCompleteFixed()) {
+            joinArguments(constraints[i]);
+        }
+    }
+    return fixations;
+}
+
+bool VrexConstraintGraph::joinListed(VrexBaseConstraint& constraint, std::uint32_t index) {
+    const std::uint32_t edges = m_edges.size();
+    for (const auto& geometry : constraint.getGeometries()) {
+        if (geometry == nullptr) {
+            continue;
+        }
+        const std::uint32_t other = m_objects.findItself(VrexVertexType::Geometry, *geometry);
+        if (other == VrexVertexIndex::NONE) {
+            m_edges.truncate(edges);
+            return false;
+        }
+        m_edges.add(other, index);
+    }
+    if (!constraint.getConstraints().empty()) {
+        m_edges.truncate(edges);
+        return false;
+    }
+    return true;
 }
 
 void VrexConstraintGraph::joinArguments(const std::shared_ptr<VrexBaseConstraint>& constraint) {
@@ -189,7 +263,7 @@ bool VrexConstraintGraph::isSkipGeometry(const std::shared_ptr<VrexBaseGeometry>
 
 void VrexConstraintGraph::appendObject(VrexVertexType type, std::shared_ptr<VrexBaseObject> object) {
     m_objects.add(type, std::move(object));
-    vertices().emplace_back();
+    countVertex();
 }
 
 template <class First, class Second>
@@ -201,7 +275,9 @@ bool VrexConstraintGraph::join(const std::shared_ptr<First>& first, const std::s
     }
     if (m_objects.object(from) == first && m_objects.object(to) == second) {
         m_edges.add(from, to);
-        showLatestEdge();
+        if (!adjacency().empty()) {
+            showLatestEdge();
+        }
     } else { // another object with the identifier of one that is there: its edges are its own
         append(from, to, VrexEdge(first, second));
     }
@@ -209,16 +285,12 @@ bool VrexConstraintGraph::join(const std::shared_ptr<First>& first, const std::s
 }
 
 void VrexConstraintGraph::showLatestEdge() {
-    if (adjacency().empty()) {
-        return;
-    }
     const std::uint32_t number = m_edges.size() - 1;
     const VrexEdgeIndex::Ends ends = m_edges.ends(number);
     const VrexEdge edge = makeEdge(number);
     for (const std::uint32_t end : {ends.first, ends.second}) {
-        const auto list = adjacency().find(end);
-        if (list != adjacency().end()) {
-            list->second.push_back(edge);
+        if (std::vector<VrexEdge>* list = seenList(end)) {
+            list->push_back(edge);
         }
     }
 }
@@ -250,10 +322,10 @@ template <class First, class Second>
 void VrexConstraintGraph::joinOrAdd(const std::shared_ptr<First>& first,
                                     const std::shared_ptr<Second>& second) {
     if (first == nullptr || second == nullptr) {
-        countEdge();
+        countEdges(1);
         VREX_LOG(nsLog::FAILURE, "An edge lacks an end and is not added.");
     } else if (join(first, second)) {
-        countEdge();
+        countEdges(1);
     } else {
         Additions(*this).addEdge(first, second);
     }

@@ -6,23 +6,13 @@
 
 #include "data/VrexLog.h"
 
-namespace {
-
-constexpr std::size_t MOST_EDGES = 0x7FFFFFFFU; // twice as many incidences still have 32-bit numbers
-
-} // namespace
-
-void VrexEdgeIndex::add(std::uint32_t first, std::uint32_t second) {
-    if (m_ends.size() >= MOST_EDGES) {
-        VREX_RAISE(std::length_error, "Too many edges for one graph.");
-    }
-    const auto edge = static_cast<std::uint32_t>(m_ends.size());
-    m_ends.push_back({first, second});
-    if (hasLayout()) {
-        m_later[first].push_back({second, edge});
-        m_later[second].push_back({first, edge});
-    }
+void VrexEdgeIndex::addLater(std::uint32_t edge) {
+    const Ends ends = m_ends[edge];
+    m_later[ends.first].push_back({ends.second, edge});
+    m_later[ends.second].push_back({ends.first, edge});
 }
+
+void VrexEdgeIndex::raiseTooMany() { VREX_RAISE(std::length_error, "Too many edges for one graph."); }
 
 void VrexEdgeIndex::layOut(std::uint32_t vertexCount) {
     if (isLaidOut(vertexCount)) {

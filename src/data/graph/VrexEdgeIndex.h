@@ -24,10 +24,24 @@ public:
         std::uint32_t other; ///< The vertex at the other end.
         std::uint32_t edge;
     };
+    struct Range {
+        std::uint32_t next;
+        std::uint32_t end;
+    };
 
     void reserve(std::size_t edgeCount) { m_ends.reserve(edgeCount); }
     /// Throws `std::length_error` beyond 2^31 - 1 edges.
-    void add(std::uint32_t first, std::uint32_t second);
+    void add(std::uint32_t first, std::uint32_t second) {
+        if (m_ends.size() >= MOST_EDGES) [[unlikely]] {
+            raiseTooMany();
+        }
+        m_ends.push_back({first, second});
+        if (hasLayout()) {
+            addLater(size() - 1);
+        }
+    }
+    /// Takes back all but the first `count`; only before they are laid out.
+    void truncate(std::uint32_t count) { m_ends.resize(count); }
     std::uint32_t size() const { return static_cast<std::uint32_t>(m_ends.size()); }
     const Ends& ends(std::uint32_t edge) const { return m_ends[edge]; }
     /// Brings every edge of `vertexCount` vertices into place.
@@ -44,6 +58,9 @@ public:
         }
         return {m_incidences.data() + m_starts[vertex], m_incidences.data() + m_starts[vertex + 1]};
     }
+    /// The same as places of `incidence`.
+    Range range(std::uint32_t vertex) const { return {m_starts[vertex], m_starts[vertex + 1ULL]}; }
+    const Incidence& incidence(std::uint32_t place) const { return m_incidences[place]; }
     /// The edges at a vertex that came later.
     std::span<const Incidence> later(std::uint32_t vertex) const;
     std::size_t degree(std::uint32_t vertex) const { return laidOut(vertex).size() + later(vertex).size(); }
@@ -52,6 +69,12 @@ public:
     void clear() { *this = {}; }
 
 private:
+    /// Twice as many incidences still have 32-bit numbers.
+    static constexpr std::size_t MOST_EDGES = 0x7FFFFFFFU;
+
+    void addLater(std::uint32_t edge);
+    [[noreturn]] static void raiseTooMany();
+
     std::vector<Ends> m_ends;
     std::vector<std::uint32_t> m_starts; ///< By vertex, and one more for the end; empty before `layOut`.
     std::vector<Incidence> m_incidences;

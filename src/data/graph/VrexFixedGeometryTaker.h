@@ -22,6 +22,7 @@ public:
     using Geometry = std::shared_ptr<VrexBaseGeometry>;
 
     void startComponent() {
+        m_levels.clear(); // left by a geometry that threw
         if (!m_opened.empty()) {
             m_opened = {}; // not cleared: its buckets would be, too, however few they hold next time
         }

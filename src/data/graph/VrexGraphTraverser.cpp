@@ -100,12 +100,14 @@ void VrexGraphTraverser::searchFrom(VrexVertexType type, VrexConstraintGraph& gr
 bool VrexGraphTraverser::traverseByIndex(VrexConstraintGraph& graph, VrexGraphVisitor& visitor) {
     const VrexGraphTraverser& self = *this;
     const bool isDepthFirst = typeid(self) == typeid(VrexDepthFirstSearch);
-    if (typeid(visitor) != typeid(VrexComponentGenerator) ||
+    if (visitor.isStopped() || typeid(visitor) != typeid(VrexComponentGenerator) ||
         (!isDepthFirst && typeid(self) != typeid(VrexBroadFirstSearch)) || !VrexIndexWalk::isAble(graph)) {
         return false;
     }
     VrexIndexWalk walk(graph, static_cast<VrexComponentGenerator&>(visitor));
-    walk.traverse(isDepthFirst);
+    if (!walk.traverse(isDepthFirst)) {
+        return false;
+    }
     m_flatColors = walk.takeColors(m_colorMap);
     visitor.setColorMap(&m_colorMap);
     visitor.m_flatColors = &m_flatColors;

@@ -26,13 +26,21 @@ public:
             rebuild(count);
         }
     }
-    /// Adds `key` at place `size()`.
-    void add(std::uint64_t key) {
+    /// Adds `key` at place `size()`; whether it was there already.
+    bool add(std::uint64_t key) {
         if (m_keys.size() >= m_heads.size()) {
             rebuild(m_keys.size() + 1);
         }
+        std::uint32_t& head = m_heads[bucketOf(key)];
+        const bool isRepeated = match(head, key) != NONE;
+        m_older.push_back(head);
+        head = size();
         m_keys.push_back(key);
-        link(size() - 1);
+        return isRepeated;
+    }
+    /// The latest place of any key in the bucket of `key`: mostly its own, and never behind its own.
+    std::uint32_t latestNear(std::uint64_t key) const {
+        return m_heads.empty() ? NONE : m_heads[bucketOf(key)];
     }
     /// The latest place of `key`.
     std::uint32_t latest(std::uint64_t key) const {

@@ -11,29 +11,39 @@
 #include "data/graph/VrexConnectedComponent.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexFixedGeometryTaker.h"
+#include "data/graph/VrexPrefetch.h"
 
 bool VrexIndexWalk::isAble(VrexConstraintGraph& graph) {
     if (graph.m_objects.hasRepeatedIDs() || graph.numVertices() != graph.m_objects.size()) {
         return false;
     }
-    for (std::uint32_t index = 0; index < graph.m_objects.size(); ++index) {
-        const auto& vertex = graph.vertices()[index];
-        if (graph.m_objects.object(index)->getID() != graph.m_objects.id(index) ||
-            (vertex != nullptr && !graph.isVertexOf(vertex, index))) {
+    for (std::uint32_t index = 0; index < graph.vertices().size(); ++index) {
+        const VrexVertex* vertex = graph.seenVertex(index);
+        if (vertex != nullptr && !graph.isVertexOf(vertex, index)) {
             return false;
         }
     }
     graph.m_edges.layOut(graph.m_objects.size());
-    return std::all_of(graph.adjacency().begin(), graph.adjacency().end(), [&](const auto& entry) {
-        return entry.first >= graph.m_objects.size() ||
-               graph.areEdgesOf(entry.second, static_cast<std::uint32_t>(entry.first));
-    });
+    return graph.areAllEdges();
 }
 
 VrexIndexWalk::VrexIndexWalk(VrexConstraintGraph& graph, VrexComponentGenerator& generator)
     : m_graph(graph), m_generator(generator) {}
 
-void VrexIndexWalk::traverse(bool isDepthFirst) {
+bool VrexIndexWalk::traverse(bool isDepthFirst) {
+    const std::size_t componentsBefore = m_generator.m_components.size();
+    const auto componentBefore = m_generator.m_currentComponent;
+    search(isDepthFirst);
+    if (m_isRenumbered) {
+        m_generator.m_components.resize(componentsBefore);
+        m_generator.m_currentComponent = componentBefore;
+    }
+    return !m_isRenumbered;
+}
+
+void VrexIndexWalk::search(bool isDepthFirst) {
+    m_frames.reserve(isDepthFirst ? m_graph.m_objects.size() : 0);
+    m_waiting.reserve(m_graph.m_objects.size());
     m_colors.assign(m_graph.m_objects.size(), static_cast<std::uint8_t>(VrexGraphVertexColor::White));
     for (const auto& [id, fixation] : m_graph.getFixedMap()) {
         const std::uint32_t index = m_graph.m_objects.findAny(id);
@@ -43,6 +53,11 @@ void VrexIndexWalk::traverse(bool isDepthFirst) {
     }
     searchFrom(VrexVertexType::Constraint, isDepthFirst);
     searchFrom(VrexVertexType::Geometry, isDepthFirst);
+    for (std::uint32_t index = 0; index < m_colors.size(); ++index) {
+        if (color(index) >= VrexGraphVertexColor::FixedUnvisited) { // may be a part that was not met
+            noteIdentifier(index);
+        }
+    }
 }
 
 void VrexIndexWalk::searchFrom(VrexVertexType type, bool isDepthFirst) {
@@ -62,21 +77,21 @@ void VrexIndexWalk::searchFrom(VrexVertexType type, bool isDepthFirst) {
 }
 
 void VrexIndexWalk::searchDepthFirst(std::uint32_t seed) {
-    const auto enter = [this](std::uint32_t index) {
+    const VrexEdgeIndex& edges = m_graph.m_edges;
+    const auto enter = [&](std::uint32_t index) {
         if (discover(index, isFixedColor(color(index)))) {
             setColor(index, VrexGraphVertexColor::Black);
-            m_frames.push_back(m_graph.m_edges.laidOut(index));
+            m_frames.push_back(edges.range(index));
         }
     };
     enter(seed);
     while (!m_frames.empty()) {
-        auto& incidences = m_frames.back();
-        if (incidences.empty()) {
+        VrexEdgeIndex::Range& left = m_frames.back();
+        if (left.next == left.end) {
             m_frames.pop_back();
             continue;
         }
-        const std::uint32_t other = incidences.front().other;
-        incidences = incidences.subspan(1);
+        const std::uint32_t other = edges.incidence(left.next++).other;
         if (!isVisitedColor(color(other))) {
             enter(other);
         }
@@ -115,6 +130,7 @@ bool VrexIndexWalk::discover(std::uint32_t index, bool isFixed) {
     }
     takeWaiting();
     m_isSpecial = true;
+    noteIdentifier(index);
     const auto& object = m_graph.m_objects.object(index);
     if (m_graph.m_objects.type(index) == VrexVertexType::Constraint) {
         m_generator.m_currentComponent->addConstraint(std::static_pointer_cast<VrexBaseConstraint>(object));
@@ -126,9 +142,6 @@ bool VrexIndexWalk::discover(std::uint32_t index, bool isFixed) {
 }
 
 void VrexIndexWalk::takeWaiting() {
-    // Objects lie in memory as they were made, not as they are met: they are fetched some steps ahead.
-    constexpr std::size_t AHEAD = 8;
-    constexpr std::size_t COUNTERS = 16; // of shares, before the object where both were made at once
     const VrexVertexIndex& objects = m_graph.m_objects;
     VrexConnectedComponent& component = *m_generator.m_currentComponent;
     const auto constraintCount =
@@ -138,19 +151,24 @@ void VrexIndexWalk::takeWaiting() {
     component.m_constraints.reserveMore(constraintCount);
     component.m_geometries.reserveMore(m_waiting.size() - constraintCount);
     for (std::size_t i = 0; i < m_waiting.size(); ++i) {
-        if (i + 2 * AHEAD < m_waiting.size()) {
-            __builtin_prefetch(&objects.object(m_waiting[i + 2 * AHEAD]));
-            __builtin_prefetch(
-                reinterpret_cast<const char*>(objects.object(m_waiting[i + AHEAD]).get()) - COUNTERS, 1);
+        if (i + 2 * nsPrefetch::STEPS < m_waiting.size()) {
+            nsPrefetch::line(&objects.object(m_waiting[i + 2 * nsPrefetch::STEPS]));
+            nsPrefetch::object(objects.object(m_waiting[i + nsPrefetch::STEPS]).get());
         }
         take(m_waiting[i]);
     }
     m_waiting.clear();
 }
 
+void VrexIndexWalk::noteIdentifier(std::uint32_t index) {
+    const VrexVertexIndex& objects = m_graph.m_objects;
+    m_isRenumbered = m_isRenumbered || objects.object(index)->getID() != objects.id(index);
+}
+
 void VrexIndexWalk::take(std::uint32_t index) {
     VrexConnectedComponent& component = *m_generator.m_currentComponent;
     const auto& object = m_graph.m_objects.object(index);
+    noteIdentifier(index);
     if (m_graph.m_objects.type(index) == VrexVertexType::Geometry) {
         auto geometry = std::static_pointer_cast<VrexBaseGeometry>(object);
         m_isSpecial ? component.addGeometry(geometry) : component.m_geometries.append(std::move(geometry));

@@ -19,13 +19,14 @@ class VrexConstraintGraph;
 /// neither fixed nor unmet in black, so it does not pass through gray.
 class VrexIndexWalk {
 public:
-    /// Whether the graph is what its index says: each object still has its identifier, and no other object
-    /// has it; and the vertices and edges that were handed out have not been written to.
+    /// Whether the graph is what its index says: no two objects have one identifier, and the vertices and
+    /// edges that were handed out have not been written to.
     static bool isAble(VrexConstraintGraph& graph);
 
     VrexIndexWalk(VrexConstraintGraph& graph, VrexComponentGenerator& generator);
 
-    void traverse(bool isDepthFirst);
+    /// False, and nothing done, if an object no longer has the identifier with which it came.
+    bool traverse(bool isDepthFirst);
     /// The colours of all vertices in the end; those of parts that are none go into `others`.
     VrexGraphFlatColors takeColors(VrexGraphColorMap& others);
 
@@ -34,12 +35,14 @@ public:
     void setFixGeometryColor(std::uint64_t id, VrexGraphVertexColor color);
 
 private:
+    void search(bool isDepthFirst);
     void searchFrom(VrexVertexType type, bool isDepthFirst);
     void searchDepthFirst(std::uint32_t seed);
     void searchBroadFirst(std::uint32_t seed);
     void expandBroadFirst(std::uint32_t index);
     /// Takes a vertex into the component; false where the walk does not pass through it.
     bool discover(std::uint32_t index, bool isFixed);
+    void noteIdentifier(std::uint32_t index);
     /// Those that were discovered since, in order.
     void takeWaiting();
     void take(std::uint32_t index);
@@ -56,7 +59,8 @@ private:
     std::vector<std::uint8_t> m_colors;
     VrexGraphColorMap m_colorsOfOthers; ///< Of parts without a vertex.
     std::vector<std::uint32_t> m_waiting;
-    bool m_isSpecial = false; ///< The component may hold what the walk has yet to meet.
-    std::vector<std::span<const VrexEdgeIndex::Incidence>> m_frames;
+    bool m_isRenumbered = false; ///< An object was met with an identifier that the index does not know.
+    bool m_isSpecial = false;    ///< The component may hold what the walk has yet to meet.
+    std::vector<VrexEdgeIndex::Range> m_frames;
     std::vector<std::uint32_t> m_queue;
 };

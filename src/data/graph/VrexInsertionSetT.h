@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/graph/VrexIndexChains.h"
+#include "data/graph/VrexPrefetch.h"
 
 /// Objects by address, each once, in the order of their insertion. Nulls are not taken.
 ///
@@ -46,6 +47,10 @@ public:
             m_chains.clear();
         }
         return true;
+    }
+    void clear() {
+        nsPrefetch::dropAll(m_objects);
+        *this = {};
     }
     std::vector<std::shared_ptr<Object>> list() const {
         std::vector<std::shared_ptr<Object>> objects;

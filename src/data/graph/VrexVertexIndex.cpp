@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
 
 #include "data/VrexLog.h"
 
@@ -12,21 +11,12 @@ void VrexVertexIndex::reserve(std::size_t count) {
     m_types.reserve(count);
 }
 
-void VrexVertexIndex::add(VrexVertexType type, std::shared_ptr<VrexBaseObject>&& object) {
-    if (size() == NONE) {
-        VREX_RAISE(std::length_error, "Too many objects for one graph.");
-    }
-    const std::uint64_t id = object->getID();
-    m_repeated = m_repeated || findAny(id) != NONE;
-    m_objects.push_back(std::move(object));
-    m_types.push_back(type);
-    m_chains.add(id);
-}
+void VrexVertexIndex::raiseTooMany() { VREX_RAISE(std::length_error, "Too many objects for one graph."); }
 
 std::vector<std::uint32_t> VrexVertexIndex::byID(VrexVertexType type) const {
     std::vector<std::uint32_t> indices;
     for (std::uint32_t index = 0; index < size(); ++index) {
-        if (m_types[index] == type && (!m_repeated || find(type, id(index)) == index)) {
+        if (this->type(index) == type && (!m_repeated || find(type, id(index)) == index)) {
             indices.push_back(index);
         }
     }

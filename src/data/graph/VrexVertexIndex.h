@@ -3,12 +3,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "data/VrexBaseObject.h"
 #include "data/VrexExport.h"
 #include "data/base/VrexIDHash.h"
 #include "data/graph/VrexIndexChains.h"
+#include "data/graph/VrexPrefetch.h"
 #include "data/graph/VrexVertexType.h"
 
 /// The objects of a constraint graph in the order of its vertices, found by kind and identifier.
@@ -23,17 +25,33 @@ public:
     std::uint32_t size() const { return m_chains.size(); }
     void reserve(std::size_t count);
     /// At index `size()`. Throws `std::length_error` beyond 2^32 - 1 objects.
-    void add(VrexVertexType type, std::shared_ptr<VrexBaseObject>&& object);
+    void add(VrexVertexType type, std::shared_ptr<VrexBaseObject>&& object) {
+        if (size() == NONE) [[unlikely]] {
+            raiseTooMany();
+        }
+        m_repeated = m_chains.add(object->getID()) || m_repeated;
+        m_objects.push_back(std::move(object));
+        m_types.push_back(static_cast<std::uint8_t>(type));
+    }
     /// `NONE` where there is none.
     std::uint32_t find(VrexVertexType type, std::uint64_t id) const {
         std::uint32_t index = m_chains.latest(id);
-        while (index != NONE && m_types[index] != type)
+        while (index != NONE && this->type(index) != type)
             [[unlikely]] { index = m_chains.before(index); }
         return index;
     }
+    /// Where `object` itself is what is found by its kind and identifier, otherwise `NONE`.
+    std::uint32_t findItself(VrexVertexType type, const VrexBaseObject& object) const {
+        std::uint32_t index = m_chains.latestNear(object.getID());
+        if (index != NONE && m_objects[index].get() == &object) {
+            return index;
+        }
+        index = find(type, object.getID());
+        return index != NONE && m_objects[index].get() == &object ? index : NONE;
+    }
     /// The latest object of either kind.
     std::uint32_t findAny(std::uint64_t id) const { return m_chains.latest(id); }
-    VrexVertexType type(std::uint32_t index) const { return m_types[index]; }
+    VrexVertexType type(std::uint32_t index) const { return static_cast<VrexVertexType>(m_types[index]); }
     const std::shared_ptr<VrexBaseObject>& object(std::uint32_t index) const { return m_objects[index]; }
     std::uint64_t id(std::uint32_t index) const { return m_chains.key(index); }
     const std::vector<std::uint64_t>& ids() const { return m_chains.keys(); }
@@ -41,11 +59,16 @@ public:
     std::vector<std::uint32_t> byID(VrexVertexType type) const;
     /// Whether an identifier stands at more than one index.
     bool hasRepeatedIDs() const { return m_repeated; }
-    void clear() { *this = {}; }
+    void clear() {
+        nsPrefetch::dropAll(m_objects);
+        *this = {};
+    }
 
 private:
+    [[noreturn]] static void raiseTooMany();
+
     Chains m_chains;
     std::vector<std::shared_ptr<VrexBaseObject>> m_objects;
-    std::vector<VrexVertexType> m_types;
+    std::vector<std::uint8_t> m_types;
     bool m_repeated = false;
 };

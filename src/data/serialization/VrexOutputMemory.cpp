@@ -8,12 +8,11 @@ VrexOutputMemory::VrexOutputMemory(unsigned char* buffer, std::uint32_t capacity
     : m_buffer(buffer), m_capacity(buffer != nullptr ? capacity : 0) {}
 
 std::uint32_t VrexOutputMemory::write(const void* data, std::uint32_t count) {
-    if (data == nullptr || count == 0 || count > m_capacity - m_position) {
+    unsigned char* const place = data != nullptr && count != 0 ? claim(count) : nullptr;
+    if (place == nullptr) {
         return 0;
     }
-    std::memcpy(m_buffer + m_position, data, count);
-    m_length += count;
-    m_position += count;
+    std::memcpy(place, data, count);
     return count;
 }
 

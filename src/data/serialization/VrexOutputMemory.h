@@ -13,6 +13,15 @@ public:
 
     /// Refuses what does not fit.
     std::uint32_t write(const void* data, std::uint32_t count) override;
+    /// The room for `count` bytes, which count as written; null where they do not fit.
+    unsigned char* claim(std::uint32_t count) {
+        if (count > m_capacity - m_position) {
+            return nullptr;
+        }
+        m_length += count;
+        m_position += count;
+        return m_buffer + (m_position - count);
+    }
     /// Kept: counts what was written over as well, and not what was passed over by `seek`.
     std::uint32_t length() override;
     std::uint32_t position() override;

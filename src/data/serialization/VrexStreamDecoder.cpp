@@ -8,8 +8,24 @@
 #include "data/VrexVariableDescriptor.h"
 #include "data/serialization/VrexStreamEncoder.h"
 
+namespace {
+
+/// A variable without a label: tag and length of the block, kind, value, identifier, two statuses, label,
+/// dirty flag.
+constexpr std::uint32_t SMALLEST_OBJECT = 5 + 4 + 8 + 8 + 2 * 4 + 5 + 1;
+
+constinit const VrexDecodedObjects::Slots NOTHING{};
+
+/// Only constraints may be asked for parameters that they do not have.
+bool isReadable(const VrexVariableDescriptor& descriptor) {
+    return descriptor.hasParameter() ||
+           dynamic_cast<const VrexBaseConstraint*>(descriptor.object().get()) != nullptr;
+}
+
+} // namespace
+
 VrexStreamDecoder::VrexStreamDecoder(const unsigned char* input, std::uint32_t size)
-    : m_input(input), m_size(input != nullptr ? size : 0) {}
+    : m_input(input), m_size(input != nullptr ? size : 0), m_objects(m_size / SMALLEST_OBJECT) {}
 
 VrexStreamDecoder::~VrexStreamDecoder() = default;
 
@@ -21,14 +37,6 @@ bool VrexStreamDecoder::expectTag() {
     return true;
 }
 
-bool VrexStreamDecoder::readU32(std::uint32_t& out) { return readBytes(&out, sizeof out); }
-
-bool VrexStreamDecoder::readI32(std::int32_t& out) { return readBytes(&out, sizeof out); }
-
-bool VrexStreamDecoder::readU64(std::uint64_t& out) { return readBytes(&out, sizeof out); }
-
-bool VrexStreamDecoder::readF64(double& out) { return readBytes(&out, sizeof out); }
-
 bool VrexStreamDecoder::readBool(bool& out) {
     std::uint8_t byte = 0;
     if (!readU8(byte)) {
@@ -38,15 +46,13 @@ bool VrexStreamDecoder::readBool(bool& out) {
     return true;
 }
 
-bool VrexStreamDecoder::readU8(std::uint8_t& out) { return readBytes(&out, sizeof out); }
-
 bool VrexStreamDecoder::readString(std::string& out) {
     const std::uint32_t start = m_position;
     std::uint32_t count = 0;
     if (readU32(count) && count != 0 && count <= m_size - m_position) {
-        const unsigned char* const text = m_input + m_position;
+        const char* const text = reinterpret_cast<const char*>(m_input + m_position);
         if (const void* const end = std::memchr(text, 0, count)) {
-            out.assign(text, static_cast<const unsigned char*>(end));
+            out.assign(text, static_cast<const char*>(end));
             m_position += count;
             return true;
         }
@@ -55,67 +61,31 @@ bool VrexStreamDecoder::readString(std::string& out) {
     return false;
 }
 
-bool VrexStreamDecoder::readVector(VrexVector3DT<double>& out) {
-    double numbers[3];
-    if (!readBytes(numbers, sizeof numbers)) {
-        return false;
-    }
-    out = {numbers[0], numbers[1], numbers[2]};
-    return true;
-}
-
-bool VrexStreamDecoder::readVector2(VrexVector2DT<double>& out) {
-    double numbers[2];
-    if (!readBytes(numbers, sizeof numbers)) {
-        return false;
-    }
-    out = {numbers[0], numbers[1]};
-    return true;
-}
-
 bool VrexStreamDecoder::readDescriptor(std::vector<VrexVariableDescriptor>& out) {
-    std::uint64_t id = 0;
-    std::int32_t index = 0;
-    std::string name;
-    std::shared_ptr<VrexBaseObject> object;
-    const bool read = readBlock([&] {
-        if (!readU64(id) || !readI32(index) || !readString(name)) {
+    return readBlock([&] {
+        std::uint64_t id = 0;
+        std::uint32_t index = 0;
+        std::string name;
+        if (!readPacked(id, index) || !readString(name) || !isAtEnd()) {
             return false;
         }
-        object = findObject(id);
-        return object != nullptr;
+        VrexVariableDescriptor descriptor(findObject(id), index, name.c_str());
+        if (!isReadable(descriptor)) {
+            return false;
+        }
+        out.push_back(std::move(descriptor));
+        return true;
     });
-    if (read) {
-        out.emplace_back(std::move(object), static_cast<std::uint32_t>(index), name.c_str());
-    }
-    return read;
 }
 
-bool VrexStreamDecoder::readOptionalF64(std::optional<double>& out) {
-    std::optional<double> value;
-    const bool read = readBlock([&] { return isAtEnd() || readF64(value.emplace()); });
-    if (read) {
-        out = value;
-    }
-    return read;
-}
+bool VrexStreamDecoder::readOptionalF64(std::optional<double>& out) { return readOptional(out); }
 
 bool VrexStreamDecoder::readOptionalVector(std::optional<VrexVector3DT<double>>& out) {
-    std::optional<VrexVector3DT<double>> value;
-    const bool read = readBlock([&] { return isAtEnd() || readVector(value.emplace()); });
-    if (read) {
-        out = value;
-    }
-    return read;
+    return readOptional(out);
 }
 
 bool VrexStreamDecoder::readOptionalVector2(std::optional<VrexVector2DT<double>>& out) {
-    std::optional<VrexVector2DT<double>> value;
-    const bool read = readBlock([&] { return isAtEnd() || readVector2(value.emplace()); });
-    if (read) {
-        out = value;
-    }
-    return read;
+    return readOptional(out);
 }
 
 bool VrexStreamDecoder::readF64List(std::vector<double>& out) { return readNumbers(out); }
@@ -144,25 +114,43 @@ bool VrexStreamDecoder::readObjectList(std::vector<std::shared_ptr<VrexBaseObjec
 }
 
 void VrexStreamDecoder::enterObject(const std::shared_ptr<VrexBaseObject>& object) {
-    if (auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(object)) {
-        m_objects[object->getID()].geometry = std::move(geometry);
-    } else if (auto constraint = std::dynamic_pointer_cast<VrexBaseConstraint>(object)) {
-        m_objects[object->getID()].constraint = std::move(constraint);
+    if (const auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(object)) {
+        enterGeometry(geometry, nullptr);
+    } else if (const auto constraint = std::dynamic_pointer_cast<VrexBaseConstraint>(object)) {
+        enterConstraint(constraint);
     }
 }
 
-std::shared_ptr<VrexBaseGeometry> VrexStreamDecoder::findGeometry(std::uint64_t id) const {
-    const auto found = m_objects.find(id);
-    return found != m_objects.end() ? found->second.geometry : nullptr;
+void VrexStreamDecoder::enterGeometry(const std::shared_ptr<VrexBaseGeometry>& geometry,
+                                      VrexGeometry3D* entity) {
+    VrexDecodedObjects::Slots& slots = m_objects.at(geometry->getID());
+    slots.geometry = geometry;
+    slots.entity = entity;
 }
 
-std::shared_ptr<VrexBaseConstraint> VrexStreamDecoder::findConstraint(std::uint64_t id) const {
-    const auto found = m_objects.find(id);
-    return found != m_objects.end() ? found->second.constraint : nullptr;
+void VrexStreamDecoder::enterConstraint(const std::shared_ptr<VrexBaseConstraint>& constraint) {
+    m_objects.at(constraint->getID()).constraint = constraint;
+}
+
+const std::shared_ptr<VrexBaseGeometry>& VrexStreamDecoder::findGeometry(std::uint64_t id) const {
+    const VrexDecodedObjects::Slots* const slots = m_objects.find(id);
+    return slots != nullptr ? slots->geometry : NOTHING.geometry;
+}
+
+const std::shared_ptr<VrexBaseConstraint>& VrexStreamDecoder::findConstraint(std::uint64_t id) const {
+    const VrexDecodedObjects::Slots* const slots = m_objects.find(id);
+    return slots != nullptr ? slots->constraint : NOTHING.constraint;
+}
+
+std::shared_ptr<VrexGeometry3D> VrexStreamDecoder::findEntity(std::uint64_t id) const {
+    const VrexDecodedObjects::Slots* const slots = m_objects.find(id);
+    return slots != nullptr && slots->entity != nullptr
+               ? std::shared_ptr<VrexGeometry3D>(slots->geometry, slots->entity)
+               : nullptr;
 }
 
 std::shared_ptr<VrexBaseObject> VrexStreamDecoder::findObject(std::uint64_t id) const {
-    if (auto geometry = findGeometry(id)) {
+    if (const auto& geometry = findGeometry(id)) {
         return geometry;
     }
     return findConstraint(id);
@@ -197,6 +185,30 @@ bool VrexStreamDecoder::readBytes(void* out, std::uint32_t count) {
     }
     std::memcpy(out, m_input + m_position, count);
     m_position += count;
+    return true;
+}
+
+/// Most options are absent, which is told without opening their blocks.
+template <class Value>
+bool VrexStreamDecoder::readOptional(std::optional<Value>& out) {
+    std::uint8_t tag = 0;
+    std::uint32_t length = 0;
+    const std::uint32_t start = m_position;
+    if (!readPacked(tag, length) || tag != VrexStreamEncoder::TAG ||
+        (length != 0 && length != sizeof(Value))) {
+        m_position = start;
+        return false;
+    }
+    if (length == 0) {
+        out.reset();
+        return true;
+    }
+    Value value;
+    if (!readPacked(value)) {
+        m_position = start;
+        return false;
+    }
+    out = value;
     return true;
 }
 

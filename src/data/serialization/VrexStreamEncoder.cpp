@@ -1,10 +1,9 @@
 #include "data/serialization/VrexStreamEncoder.h"
 
 #include <bit>
-#include <limits>
 
-#include "data/VrexBaseObject.h"
-#include "data/VrexVariableDescriptor.h"
+#include "data/VrexBaseGeometry.h"
+#include "data/VrexPrefetch.h"
 #include "data/serialization/VrexOutputStream.h"
 
 // Numbers are copied as they lie in memory.
@@ -17,44 +16,41 @@ constexpr std::uint32_t LENGTH_SIZE = sizeof(std::uint32_t);
 
 } // namespace
 
-VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output) : m_output(output) {}
+VrexStreamEncoder::VrexStreamEncoder(VrexOutputStream* output)
+    : m_output(output),
+      m_memory(dynamic_cast<VrexOutputMemory*>(output)),
+      m_measure(dynamic_cast<VrexOutputLength*>(output)) {}
 
 VrexStreamEncoder::~VrexStreamEncoder() = default;
 
-bool VrexStreamEncoder::writeTag() { return writeU8(TAG); }
+bool VrexStreamEncoder::encodeHeldObject(VrexBaseObject& object) {
+    return encodeObject(object.shared_from_this());
+}
 
-bool VrexStreamEncoder::writeU32(std::uint32_t value) { return writeBytes(&value, sizeof value); }
+bool VrexStreamEncoder::writeTag() { return write(TAG); }
 
-bool VrexStreamEncoder::writeI32(std::int32_t value) { return writeBytes(&value, sizeof value); }
+bool VrexStreamEncoder::writeU32(std::uint32_t value) { return write(value); }
 
-bool VrexStreamEncoder::writeU64(std::uint64_t value) { return writeBytes(&value, sizeof value); }
+bool VrexStreamEncoder::writeI32(std::int32_t value) { return write(value); }
 
-bool VrexStreamEncoder::writeF64(double value) { return writeBytes(&value, sizeof value); }
+bool VrexStreamEncoder::writeU64(std::uint64_t value) { return write(value); }
 
-bool VrexStreamEncoder::writeBool(bool value) { return writeU8(value ? 1 : 0); }
+bool VrexStreamEncoder::writeF64(double value) { return write(value); }
 
-bool VrexStreamEncoder::writeU8(std::uint8_t value) { return writeBytes(&value, sizeof value); }
+bool VrexStreamEncoder::writeBool(bool value) { return write(value); }
+
+bool VrexStreamEncoder::writeU8(std::uint8_t value) { return write(value); }
 
 bool VrexStreamEncoder::writeString(const std::string& text) {
-    const std::uint64_t count = text.size() + 1;
-    return count <= std::numeric_limits<std::uint32_t>::max() && text.find('\0') == std::string::npos &&
-           writeU32(static_cast<std::uint32_t>(count)) && writeBytes(text.c_str(), count);
+    return writeFields([&](auto& fields) { fields.string(text); });
 }
 
-bool VrexStreamEncoder::writeVector(const VrexVector3DT<double>& vector) {
-    const double numbers[] = {vector.x(), vector.y(), vector.z()};
-    return writeBytes(numbers, sizeof numbers);
-}
+bool VrexStreamEncoder::writeVector(const VrexVector3DT<double>& vector) { return write(vector); }
 
-bool VrexStreamEncoder::writeVector2(const VrexVector2DT<double>& vector) {
-    const double numbers[] = {vector.x(), vector.y()};
-    return writeBytes(numbers, sizeof numbers);
-}
+bool VrexStreamEncoder::writeVector2(const VrexVector2DT<double>& vector) { return write(vector); }
 
 bool VrexStreamEncoder::writeDescriptor(const VrexVariableDescriptor& descriptor) {
-    return descriptor.isValid() && beginBlock() && writeU64(descriptor.object()->getID()) &&
-           writeI32(static_cast<std::int32_t>(descriptor.index())) &&
-           writeString(descriptor.variableName()) && endBlock();
+    return writeFields([&](auto& fields) { fields.descriptor(descriptor); });
 }
 
 bool VrexStreamEncoder::beginBlock() {
@@ -83,38 +79,55 @@ bool VrexStreamEncoder::endBlock() {
     return written;
 }
 
-bool VrexStreamEncoder::writeEmptyBlock() { return writeTag() && writeI32(0); }
+void VrexStreamEncoder::unwindBlocks(std::size_t count) {
+    while (m_openBlocks.size() > count) {
+        const std::uint32_t end = m_output->seek(m_openBlocks.back());
+        m_openBlocks.pop_back();
+        writeU32(0);
+        m_output->seek(end);
+    }
+}
+
+bool VrexStreamEncoder::writeEmptyBlock() {
+    return writeFields([](auto& fields) { fields.emptyBlock(); });
+}
 
 bool VrexStreamEncoder::writeOptionalF64(const std::optional<double>& value) {
-    return value ? beginBlock() && writeF64(*value) && endBlock() : writeEmptyBlock();
+    return writeFields([&](auto& fields) { fields.optional(value); });
 }
 
 bool VrexStreamEncoder::writeOptionalVector(const std::optional<VrexVector3DT<double>>& value) {
-    return value ? beginBlock() && writeVector(*value) && endBlock() : writeEmptyBlock();
+    return writeFields([&](auto& fields) { fields.optional(value); });
 }
 
 bool VrexStreamEncoder::writeOptionalVector2(const std::optional<VrexVector2DT<double>>& value) {
-    return value ? beginBlock() && writeVector2(*value) && endBlock() : writeEmptyBlock();
+    return writeFields([&](auto& fields) { fields.optional(value); });
 }
 
 bool VrexStreamEncoder::writeF64List(const std::vector<double>& list) {
-    return writeNumbers(list.data(), list.size() * sizeof(double));
+    return writeFields([&](auto& fields) { fields.numbers(list); });
 }
 
 bool VrexStreamEncoder::writeIdList(const std::vector<std::uint64_t>& ids) {
-    return writeNumbers(ids.data(), ids.size() * sizeof(std::uint64_t));
+    return writeFields([&](auto& fields) { fields.numbers(ids); });
 }
 
 bool VrexStreamEncoder::writeDescriptorList(const std::vector<VrexVariableDescriptor>& list) {
-    return writeList(list, [this](const auto& descriptor) { return writeDescriptor(descriptor); });
+    return writeFields([&](auto& fields) { fields.descriptors(list); });
 }
 
-bool VrexStreamEncoder::writeBytes(const void* data, std::uint64_t count) {
-    return m_output != nullptr && count <= std::numeric_limits<std::uint32_t>::max() &&
-           m_output->write(data, static_cast<std::uint32_t>(count)) == count;
+bool VrexStreamEncoder::writeObjectList(const std::vector<VrexBaseGeometry*>& objects) {
+    std::size_t place = 0;
+    return writeList(objects, [&](VrexBaseGeometry* geometry) {
+        nsPrefetch::ahead(objects, place++);
+        return encodeHeldObject(*geometry);
+    });
 }
 
-/// All numbers of a list in one step.
-bool VrexStreamEncoder::writeNumbers(const void* data, std::uint64_t count) {
-    return count == 0 ? writeEmptyBlock() : beginBlock() && writeBytes(data, count) && endBlock();
+bool VrexStreamEncoder::writeObjectList(const std::vector<VrexBaseConstraint*>& objects) {
+    std::size_t place = 0;
+    return writeList(objects, [&](VrexBaseConstraint* constraint) {
+        nsPrefetch::ahead(objects, place++);
+        return encodeHeldObject(*constraint);
+    });
 }

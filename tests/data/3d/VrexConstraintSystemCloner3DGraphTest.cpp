@@ -1,11 +1,16 @@
 // Rings and depth among what is cloned.
 
+#include <algorithm>
 #include <stdexcept>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "data/3d/VrexConstraintSystemCloner3D.h"
+#include "support/AnyGeometry.h"
+#include "support/CloneInput.h"
+#include "support/MemoryChecks.h"
+#include "support/ObjectGraph.h"
 #include "support/SamplesRelations.h"
 #include "support/SmallStack.h"
 
@@ -72,6 +77,64 @@ TEST(VrexConstraintSystemCloner3DGraph, RingThroughADescriptorIsClonedFromWherev
     const Untying untying{{curve}};
 }
 
+TEST(VrexConstraintSystemCloner3DGraph, MemberMayNameTheConnectorOfItsSet) {
+    const auto curve = makeCurve();
+    const auto set = VrexRigidSet3D::create({makeSample<VrexPoint3D>(), curve});
+    const auto connector = VrexConnector3D::create(set);
+    const auto other = VrexConnector3D::create(set);
+    curve->set("t + x", "y", "0", {{connector, 0, "x"}, {other, 1, "y"}});
+    const std::vector<std::shared_ptr<VrexBaseGeometry>> all{connector, set, curve, other};
+    for (const auto& entered : all) {
+        const VrexConstraintSystemCloner3D cloner({entered}, {});
+        const auto clone = cloneOf(cloner, curve);
+        const Untying untying{{clone}};
+        const auto clones = cloner.getGeometries();
+        EXPECT_EQ(clones.size(), 5U);
+        for (const auto& geometry : all) {
+            EXPECT_EQ(std::ranges::count(clones, cloner.findClone(geometry)), 1);
+        }
+        const ObjectGraph sources(all);
+        const ObjectGraph linked(std::vector{cloner.findClone(connector), cloner.findClone(set),
+                                             cloner.findClone(curve), cloner.findClone(other)});
+        EXPECT_EQ(linked.text(), sources.text());
+        EXPECT_EQ(linked.countShared(sources), 0U);
+    }
+    const Untying untying{{curve}};
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, RingsThroughTwoCurvesAreCloned) {
+    const auto line = makeSample<VrexLine3D>();
+    const auto first = makeCurve();
+    const auto second = makeCurve();
+    const auto inner = VrexRigidSet3D::create({first, second});
+    const auto outer = VrexRigidSet3D::create({VrexSpinSurface3D::create(first, line), inner});
+    first->setDescriptors({{VrexConnector3D::create(outer), 0, "x"}});
+    second->setDescriptors({{VrexConnector3D::create(inner), 0, "x"}, {outer, 0, "y"}});
+    for (const auto& entered : std::vector<std::shared_ptr<VrexBaseGeometry>>{outer, inner, first, second}) {
+        const VrexConstraintSystemCloner3D cloner({entered}, {});
+        const Untying untying{{cloneOf(cloner, first), cloneOf(cloner, second)}};
+        const ObjectGraph sources(std::vector{entered});
+        const ObjectGraph clones(std::vector{cloner.findClone(entered)});
+        EXPECT_EQ(clones.text(), sources.text());
+        EXPECT_EQ(clones.countShared(sources), 0U);
+        EXPECT_EQ(cloner.getGeometries().size(), sources.objects().size());
+    }
+    const Untying untying{{first, second}};
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, RingWithoutDescriptorsBehindOneWithIsRefused) {
+    const auto curve = makeCurve();
+    const auto set = VrexRigidSet3D::create({curve});
+    const auto connector = VrexConnector3D::create(set);
+    set->geometries().push_back(connector);
+    curve->setDescriptors({{set, 0, "x"}});
+    const Untying untying{{curve}};
+    for (const auto& entered : std::vector<std::shared_ptr<VrexBaseGeometry>>{curve, set, connector}) {
+        EXPECT_THROW(VrexConstraintSystemCloner3D({entered}, {}), std::runtime_error);
+    }
+    set->geometries().clear();
+}
+
 TEST(VrexConstraintSystemCloner3DGraph, SetThatNeedsItselfIsRefused) {
     const auto set = VrexRigidSet3D::create({makeSample<VrexPoint3D>()});
     const auto connector = VrexConnector3D::create(set);
@@ -99,9 +162,25 @@ TEST(VrexConstraintSystemCloner3DGraph, EquationsMayNameConstraintsThatComeLater
                 testing::ElementsAre(cloner.findClone(fixation), cloner.findClone(equation)));
 }
 
+TEST(VrexConstraintSystemCloner3DGraph, SourceStaysWhereMemoryEnds) {
+    const auto relation = makeSample<VrexEqualDimension3D>();
+    const auto curve = makeSample<VrexEvaluatedCurve3D>();
+    const auto set = VrexRigidSet3D::create({makeSample<VrexPoint3D>(), VrexConnector3D::create(nullptr)});
+    CloneInput input(relation);
+    input.geometries.push_back(curve);
+    input.geometries.push_back(VrexConnector3D::create(set));
+    const auto before = ObjectGraph(input.geometries, input.constraints).text();
+    const auto clone = [&input] {
+        const VrexConstraintSystemCloner3D cloner(input.geometries, input.constraints);
+    };
+    nsMemoryChecks::expectKeptWithoutMemory(clone, [] {});
+    EXPECT_EQ(ObjectGraph(input.geometries, input.constraints).text(), before);
+    EXPECT_EQ(set.use_count(), 2); // No clone is left that holds it.
+}
+
 TEST(VrexConstraintSystemCloner3DGraph, ChainsOfCurvesAreClonedOnASmallStack) {
     runOnSmallStack([] {
-        constexpr std::size_t length = 100'000;
+        constexpr std::size_t length = 1'000'000;
         std::shared_ptr<VrexEvaluatedCurve3D> last;
         for (std::size_t i = 0; i < length; ++i) {
             auto curve = makeCurve();
@@ -114,9 +193,32 @@ TEST(VrexConstraintSystemCloner3DGraph, ChainsOfCurvesAreClonedOnASmallStack) {
     });
 }
 
+TEST(VrexConstraintSystemCloner3DGraph, ChainsOfSetsAndConnectorsAreClonedOnASmallStack) {
+    runOnSmallStack([] {
+        constexpr std::size_t length = 500'000;
+        std::shared_ptr<VrexRigidSet3D> last;
+        for (std::size_t i = 0; i < length; ++i) {
+            last = VrexRigidSet3D::create({VrexConnector3D::create(std::move(last))});
+        }
+        const VrexConstraintSystemCloner3D cloner({last}, {});
+        EXPECT_EQ(cloner.getGeometries().size(), 2 * length);
+        EXPECT_EQ(cloner.getGeometries().back(), cloner.findClone(last));
+    });
+}
+
+TEST(VrexConstraintSystemCloner3DGraph, UnknownClassAtTheEndOfAChainIsRefusedOnASmallStack) {
+    runOnSmallStack([] {
+        std::shared_ptr<VrexGeometry3D> last = AnyGeometry::create(VrexGeometry3DType::POINT, 1);
+        for (std::size_t i = 0; i < 200'000; ++i) {
+            last = VrexRigidSet3D::create({std::move(last)});
+        }
+        EXPECT_THROW(VrexConstraintSystemCloner3D({last}, {}), std::runtime_error);
+    });
+}
+
 TEST(VrexConstraintSystemCloner3DGraph, ChainsOfTiedConstraintsAreClonedOnASmallStack) {
     runOnSmallStack([] {
-        constexpr std::size_t length = 100'000;
+        constexpr std::size_t length = 1'000'000;
         std::shared_ptr<VrexConstraint3D> last;
         for (std::size_t i = 0; i < length; ++i) {
             last = VrexEqualParameter3D::create(nullptr, std::move(last), nullptr);

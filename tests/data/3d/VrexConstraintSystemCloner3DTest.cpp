@@ -132,6 +132,33 @@ TEST(VrexConstraintSystemCloner3D, EquationClonedLaterDoesNotKeepTheSourceAlive)
     EXPECT_EQ(clone->getGeometries().size(), 1U);
 }
 
+TEST(VrexConstraintSystemCloner3D, TextThatWasRefusedTravelsToo) {
+    const auto variable = VrexGeometryVariable::create(3.0);
+    const auto equation =
+        VrexExpressionEquation::create({{variable, 0, "d"}}, VrexEquationConditionType::equalToZero, "2 * d");
+    const auto curve = VrexEvaluatedCurve3D::create({}, VrexQuaternionT<double>::ONE());
+    EXPECT_FALSE(equation->setExpression("2 * unknown"));
+    EXPECT_FALSE(curve->setX("t + unknown"));
+    EXPECT_FALSE(curve->setY("t +"));
+    const VrexConstraintSystemCloner3D cloner({variable, curve}, {equation});
+    EXPECT_EQ(cloneOf(cloner, equation)->expression(), "2 * unknown");
+    EXPECT_EQ(cloneOf(cloner, curve)->getX(), "t + unknown");
+    EXPECT_EQ(cloneOf(cloner, curve)->getY(), "t +");
+    EXPECT_EQ(cloneOf(cloner, curve)->getZ(), "");
+}
+
+TEST(VrexConstraintSystemCloner3D, EvaluatedCurveHasAVariableOfItsOwn) {
+    const auto radius = VrexGeometryVariable::create(3.0);
+    const auto curve = VrexEvaluatedCurve3D::create({}, VrexQuaternionT<double>::ONE(), {{radius, 0, "r"}},
+                                                    "r * t", "r + t", "r");
+    const VrexConstraintSystemCloner3D cloner({curve}, {});
+    const auto clone = cloneOf(cloner, curve);
+    EXPECT_EQ(curve->getXParser().evaluate({5.0, 3.0}), 15.0);
+    EXPECT_EQ(clone->getXParser().evaluate({2.0, 4.0}), 8.0);
+    EXPECT_EQ(curve->getT()->value(), 5.0);
+    EXPECT_EQ(clone->getT()->value(), 2.0);
+}
+
 TEST(VrexConstraintSystemCloner3D, PartsStandBeforeTheirOwnerWhateverTheOrderOfTheInput) {
     const auto first = makeSample<VrexPoint3D>();
     const auto second = makeSample<VrexLine3D>();

@@ -1,6 +1,7 @@
 #include "data/graph/VrexComponentGenerator.h"
 
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -146,6 +147,51 @@ TEST(VrexComponentGenerator, DiscoveryWithoutStartOpensAComponent) {
     std::shared_ptr<VrexVertex> vertex = graph[0];
     generator.discoverVertex(graph, vertex); // without colours, too
     EXPECT_EQ(piecesOf(generator), (Pieces{{{1}, {2}}}));
+}
+
+TEST(VrexComponentGenerator, CopiesOpenFixedGeometriesEachForItself) {
+    const auto set = PartedGeometry::create(1, {PartedGeometry::create(2)});
+    VrexConstraintGraph graph({set}, {LooseConstraint::fix(3, set)});
+    std::shared_ptr<VrexVertex> vertex = graph[0];
+    VrexComponentGenerator generator;
+    generator.startVertex(graph, vertex);
+    VrexComponentGenerator copy(generator);
+    VrexComponentGenerator assigned;
+    assigned = generator;
+    for (VrexComponentGenerator* one : {&copy, &assigned, &generator}) {
+        one->startVertex(graph, vertex);
+    }
+    for (VrexComponentGenerator* one : {&copy, &assigned, &generator}) {
+        one->discoverVertex(graph, vertex);
+        EXPECT_EQ(piecesOf(*one), (Pieces{{{}, {}}, {{1, 2}, {3}}}));
+    }
+}
+
+/// Throws instead of naming its parts, once.
+class Thrower : public PartedGeometry {
+public:
+    using PartedGeometry::PartedGeometry;
+    std::vector<std::shared_ptr<VrexBaseGeometry>> getGeometries() const override {
+        if (isThrowing) {
+            throw std::runtime_error("no parts");
+        }
+        return {};
+    }
+    bool isThrowing = false;
+};
+
+TEST(VrexComponentGenerator, ComponentBehindOneThatFailedIsWhole) {
+    const auto thrower = std::make_shared<Thrower>(1);
+    const auto set = PartedGeometry::create(2, {thrower, PartedGeometry::create(3)});
+    const auto other = PartedGeometry::create(4, {PartedGeometry::create(5)});
+    VrexConstraintGraph graph({set, other}, {LooseConstraint::fix(6, set), LooseConstraint::fix(7, other)});
+    thrower->isThrowing = true;
+    VrexComponentGenerator generator;
+    EXPECT_THROW(VrexDepthFirstSearch().traverse(graph, generator), std::runtime_error);
+    std::shared_ptr<VrexVertex> vertex = graph[1];
+    generator.startVertex(graph, vertex);
+    generator.discoverVertex(graph, vertex);
+    EXPECT_EQ(piecesOf(generator).back(), (GraphPiece{{4, 5}, {7}}));
 }
 
 TEST(VrexComponentGenerator, ColorsAreThereAfterTheWalk) {

@@ -210,6 +210,19 @@ TEST(VrexConstraintGraph, ObjectsAreListedRisingByIdentifier) {
     EXPECT_EQ(graph.getConstraints(), (std::vector<Constraint>{early, late}));
 }
 
+TEST(VrexConstraintGraph, ReplacedVertexIsListedInItsPlace) {
+    const Constraint constraint = LooseConstraint::create(2, {});
+    const Constraint other = LooseConstraint::create(3, {});
+    const Geometry geometry = PartedGeometry::create(4);
+    VrexConstraintGraph graph({PartedGeometry::create(1)}, {constraint});
+    graph[0] = vertexOf(geometry);
+    graph[1] = std::make_shared<VrexConstraintVertex>(other);
+    EXPECT_EQ(graph.getGeometries(), std::vector<Geometry>{geometry});
+    EXPECT_EQ(graph.getConstraints(), std::vector<Constraint>{other});
+    graph[0] = graph[1];
+    EXPECT_EQ(graph.getGeometries(), std::vector<Geometry>{nullptr});
+}
+
 TEST(VrexConstraintGraph, NeighboursOfTheOtherSortAreNullInPlace) {
     const Geometry part = PartedGeometry::create(1);
     const Geometry set = PartedGeometry::create(2, {part});
@@ -319,6 +332,69 @@ TEST(VrexConstraintGraph, SameIdentifierTwiceFindsTheLater) {
     EXPECT_TRUE(graph.getAdjacents(0).empty());
     ASSERT_EQ(graph.getAdjacents(2).size(), 1U);
     EXPECT_EQ(graph.getAdjacents(2)[0].getFirst()->getGeometryPtr(), first); // the edge's own object
+}
+
+TEST(VrexConstraintGraph, EdgesOfOneIdentifierBelongToTheLatestConstraint) {
+    const Geometry geometry = PartedGeometry::create(1);
+    const Constraint first = LooseConstraint::create(2, {geometry});
+    const Constraint second = LooseConstraint::create(2, {geometry});
+    VrexConstraintGraph graph({geometry}, {first, second});
+    EXPECT_EQ(graph.numEdges(), 2U);
+    EXPECT_EQ(graph.getAdjacentConstraints(geometry), (std::vector<Constraint>{first, second}));
+    EXPECT_TRUE(graph.getAdjacents(1).empty());
+    ASSERT_EQ(graph.getAdjacents(2).size(), 2U);
+    EXPECT_EQ(graph.getAdjacents(2)[0].getSecond()->getConstraintPtr(), first);
+    EXPECT_EQ(graph.getAdjacents(2)[1].getSecond()->getConstraintPtr(), second);
+}
+
+TEST(VrexConstraintGraph, ListAskedForBeforeItsVertexCameGetsItsEdges) {
+    const Geometry geometry = PartedGeometry::create(1);
+    VrexConstraintGraph graph;
+    const auto& edges = graph.getAdjacents(1);
+    EXPECT_TRUE(edges.empty());
+    graph.addEdge(geometry, LooseConstraint::create(2, {}));
+    ASSERT_EQ(edges.size(), 1U);
+    EXPECT_EQ(edges[0].getFirst()->getGeometryPtr(), geometry);
+    EXPECT_EQ(&graph.getAdjacents(1), &edges);
+    ASSERT_EQ(graph.getAdjacents(0).size(), 1U);
+    EXPECT_EQ(graph.getAdjacents(0)[0].getFirst(), edges[0].getFirst()); // one edge in two lists
+}
+
+TEST(VrexConstraintGraph, MovingLeavesListsInPlaceAndNothingBehind) {
+    const Geometry geometry = PartedGeometry::create(1);
+    const Constraint constraint = LooseConstraint::create(2, {geometry});
+    VrexConstraintGraph graph({geometry}, {constraint});
+    const auto& edges = graph.getAdjacents(0);
+    VrexConstraintGraph moved(std::move(graph));
+    moved.addEdge(geometry, constraint);
+    EXPECT_EQ(edges.size(), 2U);
+    VrexConstraintGraph assigned({PartedGeometry::create(9)}, {});
+    assigned.getAdjacents(0);
+    assigned = std::move(moved);
+    assigned.addEdge(geometry, constraint);
+    EXPECT_EQ(edges.size(), 3U);
+    EXPECT_EQ(assigned.numVertices(), 2U);
+    EXPECT_EQ(graph.numVertices(), 0U); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(moved.numVertices(), 0U); // NOLINT(bugprone-use-after-move)
+    EXPECT_TRUE(moved.getAdjacents(0).empty());
+}
+
+TEST(VrexConstraintGraph, EdgeThatIsKeptHoldsItsOwnObjectsAlone) {
+    std::shared_ptr<VrexVertex> kept;
+    std::vector<std::weak_ptr<VrexBaseConstraint>> constraints;
+    {
+        const Geometry geometry = PartedGeometry::create(1);
+        std::vector<Constraint> all;
+        for (std::uint64_t id = 2; id < 5; ++id) {
+            all.push_back(LooseConstraint::create(id, {geometry}));
+        }
+        constraints.assign(all.begin(), all.end());
+        VrexConstraintGraph graph({geometry}, all);
+        kept = graph.getAdjacents(0)[1].getSecond();
+    }
+    EXPECT_TRUE(constraints[0].expired());
+    EXPECT_EQ(kept->getConstraintPtr(), constraints[1].lock());
+    EXPECT_TRUE(constraints[2].expired());
 }
 
 TEST(VrexConstraintGraph, CopyStandsByItself) {

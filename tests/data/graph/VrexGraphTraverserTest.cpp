@@ -112,6 +112,22 @@ TEST(VrexGraphTraverser, StopInStartStillDiscoversDepthFirstOnly) {
     EXPECT_EQ(stepsBehindStart(VrexBroadFirstSearch()), Steps());
 }
 
+/// Stops at once.
+class Stopper : public VrexComponentGenerator {
+public:
+    void initializeVertex(VrexConstraintGraph&, std::shared_ptr<VrexVertex>&) override { stop(); }
+};
+
+TEST(VrexGraphTraverser, GeneratorThatWasStoppedBeforeWalksNothing) {
+    VrexConstraintGraph graph = Pair().graph();
+    Stopper stopper;
+    VrexDepthFirstSearch().traverse(graph, stopper);
+    VrexComponentGenerator generator(stopper);
+    VrexDepthFirstSearch().traverse(graph, generator);
+    EXPECT_TRUE(generator.isStopped());
+    EXPECT_TRUE(generator.getComponents().empty());
+}
+
 /// Does not colour fixed geometries.
 class Watcher : public VrexGraphVisitor {
 public:
@@ -170,6 +186,37 @@ TEST(VrexGraphTraverser, ObjectThatChangedItsIdentifierIsNotFound) {
     VrexComponentGenerator generator;
     EXPECT_THROW(VrexDepthFirstSearch().traverse(graph, generator), std::out_of_range);
     EXPECT_THROW(VrexBroadFirstSearch().traverse(graph, generator), std::out_of_range);
+}
+
+TEST(VrexGraphTraverser, WalkThatCannotGoOnLeavesFormerComponents) {
+    Pair pair;
+    VrexConstraintGraph graph = pair.graph();
+    VrexComponentGenerator generator;
+    VrexDepthFirstSearch().traverse(graph, generator);
+    const auto former = generator.getComponents();
+    pair.second->setID(77);
+    EXPECT_THROW(VrexDepthFirstSearch().traverse(graph, generator), std::out_of_range);
+    ASSERT_EQ(generator.getComponents().size(), 2U);
+    EXPECT_EQ(generator.getComponents()[0], former[0]);
+    EXPECT_EQ(piecesOf(generator)[1], (GraphPiece{{1, 77}, {3}})); // as far as it came
+}
+
+TEST(VrexGraphTraverser, PartWithAnIdentifierOfLaterIsColouredByIt) {
+    const auto part = PartedGeometry::create(2);
+    const auto set = PartedGeometry::create(1, {part});
+    for (const bool isByIndex : {true, false}) {
+        part->setID(2);
+        VrexConstraintGraph graph({set, part}, {LooseConstraint::fix(3, set)});
+        part->setID(77);
+        VrexDepthFirstSearch walk;
+        VrexComponentGenerator generator;
+        GraphRecorder recorder;
+        VrexComponentGenerator& visitor = isByIndex ? generator : recorder;
+        walk.traverse(graph, visitor);
+        EXPECT_EQ(piecesOf(visitor), (Pieces{{{1, 77}, {3}}}));
+        EXPECT_EQ(visitor.vertexColor(77), Color::PartOfFixed);
+        EXPECT_EQ(visitor.vertexColor(2), Color::White);
+    }
 }
 
 TEST(VrexGraphTraverser, SharedIdentifierSharesItsColourWithOneAdvice) {

@@ -258,6 +258,39 @@ TEST(VrexStreamDecoder, DescriptorsNameKnownObjects) {
     EXPECT_EQ(list.size(), 2U);
 }
 
+TEST(VrexStreamDecoder, OnlyOfAConstraintADescriptorMayNameAParameterThatIsNotThere) {
+    const Bytes bytes = block(joined({little(9, 8), little(1, 4), nsStreamProbe::string("r")}));
+    std::vector<VrexVariableDescriptor> list;
+    expectNotRead(bytes, [&](auto& d) {
+        d.enterObject(variable(9, 1.0));
+        return d.readDescriptor(list);
+    });
+    ProbeDecoder decoder(bytes);
+    decoder.enterObject(numbered(std::make_shared<ProbeConstraint>(), 9));
+    ASSERT_TRUE(decoder.readDescriptor(list));
+    ASSERT_EQ(list.size(), 1U);
+    EXPECT_EQ(list[0].index(), 1U);
+}
+
+TEST(VrexStreamDecoder, PackedValuesAreReadTogetherOrNotAtAll) {
+    const Bytes bytes = joined({little(7, 4), f64(1.0), f64(2.0), f64(3.0), little(0xFFFFFFFF, 4)});
+    std::uint64_t id = 5;
+    std::uint32_t number = 6;
+    VrexVector3DT<double> vector;
+    VrexGeometryStatus status{};
+    expectNotRead(bytes, [&](auto& d) { return d.readPacked(number, vector, status, id); });
+    EXPECT_EQ(number, 6U);
+    EXPECT_EQ(id, 5U);
+    EXPECT_EQ(vector.z(), 0.0);
+    ProbeDecoder decoder(bytes);
+    ASSERT_TRUE(decoder.readPacked(number, vector, status));
+    EXPECT_EQ(number, 7U);
+    EXPECT_EQ(vector.x(), 1.0);
+    EXPECT_EQ(vector.z(), 3.0);
+    EXPECT_EQ(status, VrexGeometryStatus::Unknown);
+    EXPECT_TRUE(decoder.isAtEnd());
+}
+
 TEST(VrexStreamDecoder, ADescriptorHasToFillItsBlock) {
     std::vector<VrexVariableDescriptor> list;
     const auto read = [&](auto& d) {

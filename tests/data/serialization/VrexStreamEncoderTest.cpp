@@ -1,7 +1,14 @@
 #include "data/serialization/VrexStreamEncoder.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
 #include <limits>
+#include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -166,6 +173,68 @@ TEST(VrexStreamEncoder, ABufferThatIsTooShortIsRefusedWhereverItEnds) {
     }
 }
 
+TEST(VrexStreamEncoder, BlocksThatAreGivenUpHaveTheLengthNull) {
+    const nsStreamProbe::Write write = [](VrexStreamEncoder& e) {
+        const bool good = e.beginBlock() && e.writeU8(1) && e.beginBlock() && e.writeU8(2) &&
+                          e.beginBlock() && e.writeU8(3);
+        EXPECT_EQ(e.openBlocks(), 3U);
+        e.unwindBlocks(1);
+        EXPECT_EQ(e.openBlocks(), 1U);
+        return good && e.writeU8(4) && e.endBlock();
+    };
+    EXPECT_EQ(written(write), block({1, 0x30, 0, 0, 0, 0, 2, 0x30, 0, 0, 0, 0, 3, 4}));
+}
+
+TEST(VrexStreamEncoder, FieldsAreWrittenTogetherOrNotAtAll) {
+    const nsStreamProbe::Write write = [](VrexStreamEncoder& e) {
+        return e.writeFields([](auto& fields) {
+            fields.values(std::uint8_t{7}, 2.5);
+            fields.block([&] { fields.string("ab"); });
+        });
+    };
+    const Bytes whole = written(write);
+    EXPECT_EQ(whole, joined({Bytes{7}, f64(2.5), block(nsStreamProbe::string("ab"))}));
+    Bytes bytes(whole.size() - 1, 0xFF);
+    VrexOutputMemory output(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
+    ProbeEncoder encoder(&output);
+    EXPECT_FALSE(write(encoder));
+    EXPECT_EQ(output.position(), 0U);
+    EXPECT_EQ(bytes, Bytes(whole.size() - 1, 0xFF));
+    EXPECT_FALSE(encoder.writeFields([](auto& fields) { fields.string(std::string("a\0b", 3)); }));
+}
+
+/// An output of the application's.
+class GrowingOutput final : public VrexOutputStream {
+public:
+    std::uint32_t write(const void* data, std::uint32_t count) override {
+        const auto* const bytes = static_cast<const std::uint8_t*>(data);
+        m_bytes.resize(std::max<std::size_t>(m_bytes.size(), m_position + count));
+        std::copy(bytes, bytes + count, m_bytes.begin() + m_position);
+        m_position += count;
+        return count;
+    }
+    std::uint32_t length() override { return static_cast<std::uint32_t>(m_bytes.size()); }
+    std::uint32_t position() override { return m_position; }
+    std::uint32_t seek(std::uint32_t position) override { return std::exchange(m_position, position); }
+    const Bytes& bytes() const { return m_bytes; }
+
+private:
+    Bytes m_bytes;
+    std::uint32_t m_position = 0;
+};
+
+TEST(VrexStreamEncoder, AnyOutputGetsTheSameBytes) {
+    const std::vector<std::shared_ptr<VrexGeometryVariable>> objects{variable(5, 1.5), variable(6, 2.5)};
+    const nsStreamProbe::Write write = [&](VrexStreamEncoder& e) {
+        return e.beginBlock() && e.writeObjectList(objects) && e.writeOptionalF64({}) &&
+               e.writeString("name") && e.writeF64List({1.0, 2.0}) && e.endBlock();
+    };
+    GrowingOutput output;
+    ProbeEncoder encoder(&output);
+    EXPECT_TRUE(write(encoder));
+    EXPECT_EQ(output.bytes(), written(write));
+}
+
 TEST(VrexStreamEncoder, WithoutAnOutputEverythingIsRefused) {
     ProbeEncoder encoder(nullptr);
     EXPECT_FALSE(encoder.writeU8(1));
@@ -207,6 +276,7 @@ TEST(VrexStreamEncoder, ABlockWhoseLengthWouldStandBeyondTheLargestPositionIsRef
     EXPECT_EQ(beyond.position(), most - 3);
 }
 
+/// Takes nothing in, so that a stream beyond all memory can be measured.
 TEST(VrexStreamEncoder, MeasuringBeyondTheLargestLengthIsRefused) {
     VrexOutputLength output;
     ProbeEncoder encoder(&output);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <random>
 #include <string>
@@ -13,6 +14,7 @@
 #include "data/serialization/VrexStreamDecoder.h"
 #include "data/serialization/VrexStreamEncoder.h"
 #include "support/Numbered.h"
+#include "support/ProbeConstraint.h"
 #include "support/StreamProbe.h"
 
 namespace {
@@ -253,7 +255,8 @@ bool writeNode(VrexStreamEncoder& encoder, const Node& node) {
 class Reader {
 public:
     explicit Reader(Bytes bytes) : m_bytes(std::move(bytes)), m_decoder(m_bytes) {
-        m_decoder.enterObject(variable(KNOWN_ID, 1.0));
+        // Of a constraint the indices are not examined.
+        m_decoder.enterObject(numbered(std::make_shared<ProbeConstraint>(), KNOWN_ID));
     }
 
     bool same = true;

@@ -101,6 +101,7 @@ protected:
 
 private:
     friend class VrexAssigner3DImpl;
+    friend struct VrexGeomComponentsAccess;
 
     bool canFixHelpParameter(std::uint32_t number) const;
 

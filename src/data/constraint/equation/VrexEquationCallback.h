@@ -14,6 +14,8 @@ class VREX_DATA_EXPORT VrexEquationCallback {
 public:
     /// Of values and their count; the gradient, zeros so far, is its to write.
     using Callback = std::function<double(const double*, unsigned int, double*)>;
+    /// The plain form, of which the compact stream carries the address.
+    using Function = double (*)(const double*, unsigned int, double*);
 
     explicit VrexEquationCallback(Callback callback);
 

@@ -1,5 +1,6 @@
 #include "data/serialization/3d/VrexImmutableSystem3D.h"
 
+#include <cstddef>
 #include <utility>
 
 #include "data/3d/VrexConstraintSystemCloner3D.h"
@@ -10,14 +11,6 @@
 #include "data/geometry/VrexGeometryVariable.h"
 
 namespace {
-
-template <class Element, class... Lists>
-std::vector<std::shared_ptr<Element>> joined(const Lists&... lists) {
-    std::vector<std::shared_ptr<Element>> all;
-    all.reserve((lists.size() + ...));
-    (all.insert(all.end(), lists.begin(), lists.end()), ...);
-    return all;
-}
 
 template <class Object>
 void acceptAll(const std::vector<std::shared_ptr<Object>>& objects, VrexVisitor3D& visitor) {
@@ -30,17 +23,10 @@ void acceptAll(const std::vector<std::shared_ptr<Object>>& objects, VrexVisitor3
 
 class SystemCloner : public VrexConstraintSystemCloner3D {
 public:
-    using VrexConstraintSystemCloner3D::VrexConstraintSystemCloner3D;
+    explicit SystemCloner(std::size_t count) : VrexConstraintSystemCloner3D({}, {}) { reserve(count); }
 
-    template <class Object>
-    std::vector<std::shared_ptr<Object>> clonesOf(const std::vector<std::shared_ptr<Object>>& objects) {
-        std::vector<std::shared_ptr<Object>> clones;
-        clones.reserve(objects.size());
-        for (const std::shared_ptr<Object>& object : objects) {
-            clones.push_back(cloneOf(object));
-        }
-        return clones;
-    }
+    using VrexConstraintSystemCloner3D::linkParents;
+    using VrexConstraintSystemCloner3D::takeClones;
 
     /// What has no clone stays as it is.
     VrexTransform3D cloneTransform(const VrexTransform3D& transform) const {
@@ -60,8 +46,6 @@ public:
         }
         return std::move(*transform.clone(geometries, variables));
     }
-
-    using VrexConstraintSystemCloner3D::linkParents;
 
 private:
     template <class Object, class Map>
@@ -130,14 +114,17 @@ void VrexImmutableSystem3D::accept(VrexVisitor3D& visitor) const {
 }
 
 VrexImmutableSystem3D VrexImmutableSystem3D::deepCopy() const {
-    SystemCloner cloner(joined<VrexBaseGeometry>(m_variables, m_geometries),
-                        joined<VrexBaseConstraint>(m_equations, m_constraints));
-    auto referenceGeometries = cloner.clonesOf(m_referenceGeometries);
-    cloner.linkParents(); // Of what came with these.
-    return {cloner.clonesOf(m_geometries),
-            cloner.clonesOf(m_variables),
-            cloner.clonesOf(m_constraints),
-            cloner.clonesOf(m_equations),
+    SystemCloner cloner(m_variables.size() + m_geometries.size() + m_equations.size() + m_constraints.size());
+    auto variables = cloner.takeClones(m_variables);
+    auto geometries = cloner.takeClones(m_geometries);
+    auto equations = cloner.takeClones(m_equations);
+    auto constraints = cloner.takeClones(m_constraints);
+    auto referenceGeometries = cloner.takeClones(m_referenceGeometries);
+    cloner.linkParents();
+    return {std::move(geometries),
+            std::move(variables),
+            std::move(constraints),
+            std::move(equations),
             m_linearTolerance,
             m_angularTolerance,
             cloner.cloneTransform(m_transform),

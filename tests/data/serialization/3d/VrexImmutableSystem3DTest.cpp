@@ -2,11 +2,13 @@
 
 #include <stdexcept>
 #include <type_traits>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/ObjectGraph.h"
+#include "support/AnyGeometry.h"
+#include "support/CopyChecks.h"
 #include "support/RecordingVisitor.h"
 #include "support/SamplesRelations.h"
 #include "support/SmallStack.h"
@@ -29,10 +31,7 @@ Geometries ordered(const Geometries& geometries) {
     return VrexImmutableSystem3D(ORDERED, systemOf(geometries)).geometries();
 }
 
-ObjectGraph graphOf(const VrexImmutableSystem3D& system) {
-    return ObjectGraph(system.geometries(), system.variables(), system.constraints(), system.equations(),
-                       system.referenceGeometries());
-}
+using nsCopyChecks::graphOf;
 
 std::shared_ptr<VrexFixation3D> fixationOf(const std::shared_ptr<VrexGeometry3D>& geometry) {
     return VrexFixation3D::create(geometry, VrexFixation3DType::Complete3D);
@@ -70,6 +69,27 @@ TEST(VrexImmutableSystem3D, HoldsWhatItIsGivenInTheOrderGiven) {
     EXPECT_EQ(system.linearTolerance(), 1e-6);
     EXPECT_EQ(system.angularTolerance(), 1e-8);
     EXPECT_EQ(system.transform().variableTransformations().size(), 1U);
+}
+
+TEST(VrexImmutableSystem3D, CopiesAndAssignmentsShareTheObjects) {
+    const auto point = makeSample<VrexPoint3D>();
+    const auto fixation = fixationOf(point);
+    VrexTransform3D transform;
+    transform.applyTranslation(point, {1.0, 2.0, 3.0});
+    const auto system = systemOf({point}, {fixation}, transform);
+    VrexImmutableSystem3D copy(system);
+    VrexImmutableSystem3D assigned;
+    assigned = copy;
+    const VrexImmutableSystem3D moved(std::move(copy));
+    VrexImmutableSystem3D moveAssigned;
+    moveAssigned = VrexImmutableSystem3D(system);
+    for (const auto* const same : {&system, &std::as_const(assigned), &moved, &std::as_const(moveAssigned)}) {
+        EXPECT_THAT(same->geometries(), ElementsAre(point));
+        EXPECT_THAT(same->constraints(), ElementsAre(fixation));
+        EXPECT_EQ(same->linearTolerance(), 1e-6);
+        EXPECT_EQ(same->angularTolerance(), 1e-8);
+        EXPECT_EQ(same->transform().transformations().size(), 1U);
+    }
 }
 
 TEST(VrexImmutableSystem3D, OrderPutsMembersBeforeTheirSet) {
@@ -241,6 +261,44 @@ TEST(VrexImmutableSystem3D, DeepCopyRefusesAConstraintOfAGeometryThatOnlyIsRefer
     const auto point = makeSample<VrexPoint3D>();
     const VrexImmutableSystem3D system({}, {}, {fixationOf(point)}, {}, 1e-6, 1e-8, {}, {point});
     EXPECT_THROW((void)system.deepCopy(), std::runtime_error);
+}
+
+TEST(VrexImmutableSystem3D, DeepCopyThatFailsLeavesTheSource) {
+    const auto point = makeSample<VrexPoint3D>();
+    const auto inner = VrexRigidSet3D::create({point, AnyGeometry::create(VrexGeometry3DType::POINT, 1)});
+    const auto system = systemOf({VrexRigidSet3D::create({inner})}, {});
+    const auto constrained = systemOf({}, {fixationOf(point)});
+    const auto before = graphOf(system).text();
+    EXPECT_THROW((void)system.deepCopy(), std::runtime_error);
+    EXPECT_EQ(graphOf(system).text(), before);
+    EXPECT_THROW((void)constrained.deepCopy(), std::runtime_error);
+    EXPECT_EQ(point.use_count(), 3); // This test's, the set's, the constraint's.
+}
+
+TEST(VrexImmutableSystem3D, DeepCopyLeadsConstraintsToTheirParentsInOtherLists) {
+    const auto variable = makeSample<VrexGeometryVariable>();
+    const auto circle = makeSample<VrexCircle3D>();
+    const auto child = VrexVariableFixation3D::create(variable);
+    const auto parent = fixationOf(circle);
+    child->setParent(parent);
+    const auto copy =
+        VrexImmutableSystem3D({circle}, {variable}, {child, parent}, {}, 1e-6, 1e-8, {}, {}).deepCopy();
+    EXPECT_EQ(copy.constraints()[0]->getParent(), copy.constraints()[1]);
+}
+
+TEST(VrexImmutableSystem3D, DeepCopyOfARingThroughAReferenceGeometryIsARing) {
+    const auto curve = VrexEvaluatedCurve3D::create({}, VrexQuaternionT<double>::ONE());
+    const auto spin = VrexSpinSurface3D::create(curve, makeSample<VrexLine3D>());
+    curve->set("x", "t", "0", {{spin, 0, "x"}});
+    const VrexImmutableSystem3D system({}, {}, {}, {}, 1e-6, 1e-8, {}, {spin});
+    const auto copy = system.deepCopy();
+    const auto spinCopy = std::dynamic_pointer_cast<VrexSpinSurface3D>(copy.referenceGeometries()[0]);
+    const auto curveCopy = std::dynamic_pointer_cast<VrexEvaluatedCurve3D>(spinCopy->getProfileCurve());
+    EXPECT_EQ(curveCopy->descriptors().front().object(), spinCopy);
+    EXPECT_EQ(graphOf(copy).text(), graphOf(system).text());
+    EXPECT_EQ(graphOf(copy).countShared(graphOf(system)), 0U);
+    curve->setDescriptors({});
+    curveCopy->setDescriptors({});
 }
 
 TEST(VrexImmutableSystem3D, DeepChainsAreOrderedAndCopiedOnASmallStack) {

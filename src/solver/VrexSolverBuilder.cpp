@@ -1,12 +1,26 @@
 #include "solver/VrexSolverBuilder.h"
 
+#include <limits>
+#include <stdexcept>
 #include <utility>
 
 #include "data/VrexBaseConstraint.h"
+#include "solver/VrexSolverNames.h"
 #include "solver/VrexSolverResiduals.h"
+
+namespace {
+
+/// False for a limit that is not a number, too.
+bool areSound(const VrexDimensionLimits& limits) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    return limits.first.value_or(-infinity) <= limits.second.value_or(infinity);
+}
+
+} // namespace
 
 std::string VrexSolverBuilder::build(std::size_t place, VrexBaseConstraint& constraint) {
     m_place = place;
+    m_constraint = &constraint;
     m_refusal.clear();
     VrexSolverResiduals residuals(*this);
     constraint.accept(residuals);
@@ -29,6 +43,10 @@ void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measu
     if (!limits.first.has_value() && !limits.second.has_value()) {
         return;
     }
+    if (!areSound(limits)) {
+        throw std::invalid_argument(
+            nsSolverNames::nameOf(*m_constraint).append(" has limits that contradict each other."));
+    }
     add(1, [limits, measure, unit](VrexVariable* row) {
         const VrexVariable value = measure();
         if (limits.first.has_value() && value < *limits.first) {
@@ -44,7 +62,9 @@ void VrexSolverBuilder::addTarget(const Measure& measure, const Measure& target,
 }
 
 void VrexSolverBuilder::writeResults() const {
-    for (const auto& write : m_results) {
-        write();
+    for (const auto* const results : {&m_results, &m_finalResults}) {
+        for (const auto& write : *results) {
+            write();
+        }
     }
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/VrexVariable.h"
@@ -40,12 +41,15 @@ public:
     /// What pulls, but need not be reached.
     void addWish(std::size_t rows, Rows evaluate);
     /// Keeps `measure` between the limits, of which either may be missing. `unit` is what one row is of it:
-    /// the component's length for a length, 1 for an angle.
+    /// the component's length for a length, 1 for an angle. Throws `std::invalid_argument` that names the
+    /// constraint for limits that contradict each other or are no numbers.
     void addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit);
     /// Keeps `measure` at `target`.
     void addTarget(const Measure& measure, const Measure& target, double unit);
     /// To be done once the component is solved: writes what was measured into the constraint.
     void addResult(std::function<void()> write) { m_results.push_back(std::move(write)); }
+    /// To be done behind those: what of them it writes again counts.
+    void addFinalResult(std::function<void()> write) { m_finalResults.push_back(std::move(write)); }
     /// The constraint is of no kind, or between kinds, that this solver knows.
     void refuse(const std::string& reason) { m_refusal = reason; }
 
@@ -54,6 +58,8 @@ public:
 private:
     VrexSolverModel& m_model;
     std::size_t m_place = 0;
+    const VrexBaseConstraint* m_constraint = nullptr;
     std::string m_refusal;
     std::vector<std::function<void()>> m_results;
+    std::vector<std::function<void()>> m_finalResults;
 };

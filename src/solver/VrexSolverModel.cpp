@@ -11,10 +11,15 @@
 #include "data/VrexBaseGeometry.h"
 #include "data/VrexTransformation3DT.h"
 #include "data/constraint/3d/VrexDimension3D.h"
+#include "data/constraint/3d/VrexEqualDimension3D.h"
+#include "data/constraint/3d/VrexPatternValue3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexPattern3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "solver/VrexSolverEntity.h"
+#include "solver/VrexSolverNames.h"
 
 namespace {
 
@@ -120,32 +125,24 @@ bool isFinite(const VrexSolverEntity& entity) {
            isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
 }
 
-std::string nameOf(const VrexBaseGeometry& geometry) {
-    std::string name = geometry.getNamePrefix();
-    name.append(std::to_string(geometry.getID()));
-    if (!geometry.label().empty()) {
-        name.append(" (").append(geometry.label()).append(")");
-    }
-    return name;
-}
-
-/// The lengths that a dimension asks for, so that points that still lie on each other have a scale too.
-double lengthOf(const VrexBaseConstraint& constraint) {
-    const auto* dimension = dynamic_cast<const VrexDimension3D*>(&constraint);
-    if (dimension == nullptr) {
-        return 0.0;
-    }
-    switch (dimension->type()) {
+bool isLength(const VrexDimension3D& dimension) {
+    switch (dimension.type()) {
     case VrexConstraint3DType::Distance3D:
     case VrexConstraint3DType::DirectionDistance3D:
     case VrexConstraint3DType::ParallelDistance3D:
     case VrexConstraint3DType::Radius3D:
     case VrexConstraint3DType::MajorRadius3D:
     case VrexConstraint3DType::MinorRadius3D:
-        return std::abs(dimension->value());
+        return true;
     default:
-        return 0.0;
+        return false;
     }
+}
+
+/// The lengths that a dimension asks for, so that points that still lie on each other have a scale too.
+double lengthOf(const VrexBaseConstraint& constraint) {
+    const auto* dimension = dynamic_cast<const VrexDimension3D*>(&constraint);
+    return dimension != nullptr && isLength(*dimension) ? std::abs(dimension->value()) : 0.0;
 }
 
 /// The box of all points that count.
@@ -169,6 +166,7 @@ private:
 
 VrexSolverModel::VrexSolverModel(const Geometries& geometries, const Constraints& constraints) {
     addBodies(Grouping(geometries).groups(), constraints);
+    findLengths(constraints);
     Extent extent;
     double length = 0.0;
     for (const VrexSolverBody& body : m_system.bodies()) {
@@ -184,6 +182,57 @@ VrexSolverModel::VrexSolverModel(const Geometries& geometries, const Constraints
     }
     length = std::max(length, extent.diagonal());
     m_system.numberUnknowns(length > 0.0 && std::isfinite(length) ? length : 1.0);
+    addCommonValues(constraints);
+}
+
+void VrexSolverModel::findLengths(const Constraints& constraints) {
+    const auto mark = [this](const VrexBaseGeometry* number) {
+        const auto found = m_carried.find(number);
+        if (found != m_carried.end() && found->second.body != nullptr) {
+            found->second.body->setSize(0, found->second.body->size(0), true);
+        }
+    };
+    for (const auto& [entity, carried] : m_carried) {
+        const auto* const pattern = dynamic_cast<const VrexPattern3D*>(entity);
+        if (pattern != nullptr && pattern->getPatternType() == VrexPattern3DType::Linear3D) {
+            mark(pattern);
+        }
+    }
+    for (const auto& constraint : constraints) {
+        const auto* const dimension = dynamic_cast<const VrexDimension3D*>(constraint.get());
+        if (dimension != nullptr && isLength(*dimension)) {
+            mark(dimension->getVariable().get());
+        }
+        const auto* const equality = dynamic_cast<const VrexEqualDimension3D*>(constraint.get());
+        if (equality != nullptr && !equality->getDimensions().empty() &&
+            equality->getDimensions().front() != nullptr && isLength(*equality->getDimensions().front())) {
+            mark(equality->getElement().get());
+        }
+    }
+}
+
+void VrexSolverModel::addCommonValues(const Constraints& constraints) {
+    std::unordered_set<const VrexBaseConstraint*> known;
+    for (const auto& constraint : constraints) {
+        known.insert(constraint.get());
+    }
+    for (const auto& constraint : constraints) {
+        const auto* const equality = dynamic_cast<const VrexEqualDimension3D*>(constraint.get());
+        if (equality == nullptr) {
+            continue;
+        }
+        for (const auto& dimension : equality->getDimensions()) {
+            const bool isOwn = dimension != nullptr && known.contains(dimension.get()) &&
+                               dimension->getVariable() == nullptr && !dimension->isRigid();
+            if (isOwn && !m_commonValues.contains(dimension.get())) {
+                m_commonValues[dimension.get()] = &addNumber(dimension->value(), isLength(*dimension));
+            }
+        }
+    }
+}
+
+const VrexSolverShape& VrexSolverModel::addNumber(double value, bool isLength) {
+    return m_numbers.emplace_back(m_system.addNumber(value, isLength), VrexSolverFrame());
 }
 
 void VrexSolverModel::addBodies(const std::vector<Geometries>& groups, const Constraints& constraints) {
@@ -244,7 +293,7 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
 
 void VrexSolverModel::refuseUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
     if (m_refusal.empty() && !isFinite(known)) {
-        m_refusal = nameOf(entity).append(" holds a number that is not finite.");
+        m_refusal = nsSolverNames::nameOf(entity).append(" holds a number that is not finite.");
     }
 }
 
@@ -261,6 +310,23 @@ const VrexSolverBody* VrexSolverModel::body(const VrexBaseGeometry& geometry) co
 VrexVariable VrexSolverModel::value(const VrexGeometryVariable& variable) const {
     const VrexSolverShape* const known = shape(variable);
     return known != nullptr ? known->size(0) : VrexVariable(variable.getValue());
+}
+
+VrexVariable VrexSolverModel::value(const VrexDimension3D& dimension) const {
+    if (const auto variable = dimension.getVariable()) {
+        return value(*variable);
+    }
+    const VrexSolverShape* const common = commonValue(dimension);
+    return common != nullptr ? common->size(0) : VrexVariable(dimension.value());
+}
+
+bool VrexSolverModel::isNumber(const VrexDimension3D& dimension) const {
+    return dimension.getVariable() == nullptr && commonValue(dimension) == nullptr;
+}
+
+const VrexSolverShape* VrexSolverModel::commonValue(const VrexDimension3D& dimension) const {
+    const auto found = m_commonValues.find(&dimension);
+    return found != m_commonValues.end() ? found->second : nullptr;
 }
 
 void VrexSolverModel::writeBack() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 
 class VrexBaseConstraint;
 class VrexBaseGeometry;
+class VrexDimension3D;
 class VrexGeometryVariable;
 struct VrexSolverEntity;
 
@@ -37,6 +39,16 @@ public:
     const VrexSolverBody* body(const VrexBaseGeometry& geometry) const;
     /// The variable's value with its derivative.
     VrexVariable value(const VrexGeometryVariable& variable) const;
+    /// What the dimension is to measure: the value of its variable, the one that an equality of dimensions
+    /// gives it, or its own number.
+    VrexVariable value(const VrexDimension3D& dimension) const;
+    /// Whether that is its own number, which nothing varies.
+    bool isNumber(const VrexDimension3D& dimension) const;
+    /// The unknown that stands for the value of a dimension in an equality; null for a dimension that is in
+    /// none, is rigid, or is bound to a variable.
+    const VrexSolverShape* commonValue(const VrexDimension3D& dimension) const;
+    /// Adds an unknown number that belongs to no entity. It stays where it is in memory.
+    const VrexSolverShape& addNumber(double value, bool isLength);
 
     /// Why the component cannot be solved, with the object's name; empty where it can.
     const std::string& refusal() const { return m_refusal; }
@@ -63,9 +75,14 @@ private:
     void addFree(const std::shared_ptr<VrexBaseGeometry>& entity);
     void refuseUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity);
     void writeSet(const Carrier& carrier) const;
+    /// Numbers that stand for lengths are counted in lengths.
+    void findLengths(const Constraints& constraints);
+    void addCommonValues(const Constraints& constraints);
 
     VrexSolverSystem m_system;
     std::vector<Carrier> m_carriers;
     std::unordered_map<const VrexBaseGeometry*, Carried> m_carried;
+    std::deque<VrexSolverShape> m_numbers;
+    std::unordered_map<const VrexDimension3D*, const VrexSolverShape*> m_commonValues;
     std::string m_refusal;
 };

@@ -22,6 +22,16 @@ void VrexSolverSystem::numberUnknowns(double length) {
     m_unknownCount = static_cast<Eigen::Index>(unknown);
 }
 
+VrexSolverBody& VrexSolverSystem::addNumber(double value, bool isLength) {
+    VrexSolverMobility mobility;
+    mobility.sizes[0] = true;
+    VrexSolverBody& body = addBody({VrexSolverFrame(), mobility});
+    body.setSize(0, value, isLength);
+    body.setLength(m_length);
+    body.setFirstUnknown(static_cast<std::size_t>(m_unknownCount++));
+    return body;
+}
+
 void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {
     m_values.setZero(m_rowCount);
     m_entries.clear();

@@ -19,6 +19,9 @@ public:
     void addResidual(VrexSolverResidual residual);
     /// Numbers the unknowns; to be called once all bodies are there and held as far as they are.
     void numberUnknowns(double length);
+    /// Adds one more unknown behind all others, after they were numbered. The body, of which it is the first
+    /// size, stays where it is in memory.
+    VrexSolverBody& addNumber(double value, bool isLength);
 
     const std::deque<VrexSolverBody>& bodies() const { return m_bodies; }
     std::deque<VrexSolverBody>& bodies() { return m_bodies; }

@@ -61,14 +61,20 @@ VrexVariable nsSolverDirections::nearTo(VrexVariable angle, double known) {
 }
 
 VrexVariable nsSolverDirections::tilt(const VrexSolverShape& shape, const Vector& direction, int index) {
-    constexpr double least = 1e-3;
     const VrexVariable along = shape.axisZ().dotProduct(direction);
-    VrexVariable across = (index == 0 ? shape.axisX() : shape.axisY()).dotProduct(direction);
+    const VrexVariable component = (index == 0 ? shape.axisX() : shape.axisY()).dotProduct(direction);
+    if (along.value() > 0.0) {
+        return component * 2.0 / (along + 1.0);
+    }
+    VrexVariable across = shape.axisX().dotProduct(direction);
+    const VrexVariable aside = shape.axisY().dotProduct(direction);
     // Opposite, where no way round is shorter than another, one is chosen.
-    if (index == 0 && along.value() < 0.5 * least * least - 1.0) {
+    constexpr double least = 1e-3;
+    if (std::hypot(across.value(), aside.value()) < least) {
         across += across.value() < 0.0 ? -least : least;
     }
-    return across * 2.0 / (along + (1.0 + least));
+    const VrexVariable sine = hypot(across, aside);
+    return (index == 0 ? across : aside) / sine * (atan2(-along, sine) + 1.0) * 2.0;
 }
 
 VrexVariable nsSolverDirections::angleTo(const VrexSolverShape& shape, const Vector& direction) {

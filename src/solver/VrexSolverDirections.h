@@ -27,8 +27,9 @@ double senseOf(VrexConstraintAlignment alignment, double cosine);
 VrexVariable nearTo(VrexVariable angle, double known);
 
 /// One of two numbers, of index 0 and 1, that vanish where the unit vector `direction` points along the third
-/// axis of `shape`, and there alone. Close by they are the components across the axis; they grow without
-/// stop towards the opposite direction, so that a search turns the right way round.
+/// axis of `shape`, and there alone. With t the angle between them, their root of squares is 2 tan(t / 2) up
+/// to a right angle and 2 + 2 (t - pi / 2) beyond, so that a search turns the right way round also from
+/// where they are opposite.
 VrexVariable tilt(const VrexSolverShape& shape, const Vector& direction, int index);
 
 /// The angle between the third axis of `shape` and the unit vector `direction`, from 0 to pi. Where they are

@@ -1,0 +1,66 @@
+#include "solver/VrexDimensionResiduals.h"
+
+#include <cmath>
+#include <stdexcept>
+#include <string>
+
+#include "data/VrexEnumTable.h"
+#include "data/constraint/3d/VrexDimension3D.h"
+#include "data/geometry/VrexGeometryVariable.h"
+
+namespace {
+
+[[noreturn]] void refuse(const VrexDimension3D& dimension, const char* reason) {
+    std::string text = nsEnum::toText(dimension.type());
+    text.append(" ").append(std::to_string(dimension.getID())).append(reason);
+    throw std::invalid_argument(text);
+}
+
+void check(const VrexDimension3D& dimension) {
+    const double value = dimension.value();
+    const auto& [low, high] = dimension.getLimits();
+    if (!std::isfinite(value)) {
+        refuse(dimension, " has a value that is not finite.");
+    }
+    if (std::isnan(low.value_or(value)) || std::isnan(high.value_or(value))) {
+        refuse(dimension, " has a limit that is no number.");
+    }
+    if (low.has_value() && high.has_value() && *low > *high) {
+        refuse(dimension, " has a lower limit above the upper one.");
+    }
+    const bool isHeld = dimension.getVariable() == nullptr || dimension.isRigid();
+    if (isHeld && (low.value_or(value) > value || high.value_or(value) < value)) {
+        refuse(dimension, " has a value outside its limits.");
+    }
+}
+
+} // namespace
+
+VrexSolverBuilder::Measure nsDimensionResiduals::valueOf(const VrexSolverBuilder& builder,
+                                                         const VrexDimension3D& dimension) {
+    const VrexSolverShape* const variable = builder.shape(dimension.getVariable());
+    if (variable != nullptr) {
+        return [variable] { return variable->size(0); };
+    }
+    return [value = dimension.value()] { return VrexVariable(value); };
+}
+
+void nsDimensionResiduals::add(VrexSolverBuilder& builder, const VrexDimension3D& dimension,
+                               const VrexSolverBuilder::Measure& measure, double unit) {
+    check(dimension);
+    const auto value = valueOf(builder, dimension);
+    builder.addTarget(measure, value, unit);
+    if (builder.shape(dimension.getVariable()) == nullptr) {
+        return; // a number within its limits stays so
+    }
+    if (dimension.isRigid()) {
+        builder.addTarget(
+            value, [held = dimension.value()] { return VrexVariable(held); }, unit);
+    } else {
+        builder.addLimits(dimension.getLimits(), value, unit);
+    }
+}
+
+bool nsDimensionResiduals::isAlwaysZero(const VrexDimension3D& dimension) {
+    return dimension.value() == 0.0 && dimension.getVariable() == nullptr;
+}

@@ -48,6 +48,9 @@ VrexSolverBuilder::Measure nsDimensionResiduals::valueOf(const VrexSolverBuilder
 void nsDimensionResiduals::add(VrexSolverBuilder& builder, const VrexDimension3D& dimension,
                                const VrexSolverBuilder::Measure& measure, double unit) {
     check(dimension);
+    if (!measure) {
+        return;
+    }
     const auto value = valueOf(builder, dimension);
     builder.addTarget(measure, value, unit);
     if (builder.shape(dimension.getVariable()) == nullptr) {

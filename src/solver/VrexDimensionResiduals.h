@@ -9,7 +9,7 @@ namespace nsDimensionResiduals {
 
 /// Keeps `measure` at the value. With a bound variable the two follow each other: the variable stays within
 /// the limits, and where the dimension is rigid it stays at its value. `unit` is what one row is of it: the
-/// component's length for a length, 1 for an angle.
+/// component's length for a length, 1 for an angle. Without a measure nothing is added.
 ///
 /// Throws `std::invalid_argument` that names the dimension where the value is not finite or the limits leave
 /// no room for it.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -34,6 +36,15 @@ public:
 
     // For the families.
 
+    /// A pair of numbers of the constraint's own, such as the parameters of a point of contact. It starts at
+    /// the values that the body is given; no part of it is seen from outside.
+    struct Help {
+        VrexSolverBody* body;
+        const VrexSolverShape* shape; ///< With sizes 0 and 1.
+    };
+    /// Numbers that are not free keep their values.
+    Help addHelp(const std::array<bool, 2>& isFree, const std::array<bool, 2>& isLength);
+
     /// Null for a null, and for what has no shape.
     const VrexSolverShape* shape(const std::shared_ptr<VrexBaseGeometry>& geometry) const;
     void add(std::size_t rows, Rows evaluate);
@@ -56,4 +67,5 @@ private:
     std::size_t m_place = 0;
     std::string m_refusal;
     std::vector<std::function<void()>> m_results;
+    std::deque<VrexSolverShape> m_helpShapes; ///< Functions hold their addresses.
 };

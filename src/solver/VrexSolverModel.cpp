@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <unordered_set>
 #include <utility>
@@ -11,7 +12,11 @@
 #include "data/VrexBaseGeometry.h"
 #include "data/VrexTransformation3DT.h"
 #include "data/constraint/3d/VrexDimension3D.h"
+#include "data/constraint/3d/VrexParallelism3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "solver/VrexSolverEntity.h"
@@ -148,6 +153,28 @@ double lengthOf(const VrexBaseConstraint& constraint) {
     }
 }
 
+/// Whether the direction of the entity is that of its every part.
+bool isStraight(const VrexBaseGeometry* geometry) {
+    return dynamic_cast<const VrexLine3D*>(geometry) != nullptr ||
+           dynamic_cast<const VrexPlane3D*>(geometry) != nullptr ||
+           dynamic_cast<const VrexCylinder3D*>(geometry) != nullptr;
+}
+
+/// The two that a parallelism binds; nulls for another constraint, and for circles and their like.
+std::pair<const VrexBaseGeometry*, const VrexBaseGeometry*>
+parallelPair(const VrexBaseConstraint& constraint) {
+    const auto* const known = dynamic_cast<const VrexParallelism3D*>(&constraint);
+    if (known == nullptr || known->getGeometries().size() != 2) {
+        return {};
+    }
+    const VrexBaseGeometry* const first = known->getGeometries()[0].get();
+    const VrexBaseGeometry* const second = known->getGeometries()[1].get();
+    if (!isStraight(first) || !isStraight(second)) {
+        return {};
+    }
+    return std::minmax(first, second, std::less<>());
+}
+
 /// The box of all points that count.
 class Extent {
 public:
@@ -180,7 +207,10 @@ VrexSolverModel::VrexSolverModel(const Geometries& geometries, const Constraints
         }
     }
     for (const auto& constraint : constraints) {
-        length = constraint != nullptr ? std::max(length, lengthOf(*constraint)) : length;
+        if (constraint != nullptr) {
+            length = std::max(length, lengthOf(*constraint));
+            m_parallel.insert(parallelPair(*constraint));
+        }
     }
     length = std::max(length, extent.diagonal());
     m_system.numberUnknowns(length > 0.0 && std::isfinite(length) ? length : 1.0);
@@ -261,6 +291,10 @@ const VrexSolverBody* VrexSolverModel::body(const VrexBaseGeometry& geometry) co
 VrexVariable VrexSolverModel::value(const VrexGeometryVariable& variable) const {
     const VrexSolverShape* const known = shape(variable);
     return known != nullptr ? known->size(0) : VrexVariable(variable.getValue());
+}
+
+bool VrexSolverModel::isHeldParallel(const VrexBaseGeometry& first, const VrexBaseGeometry& second) const {
+    return m_parallel.contains(std::minmax(&first, &second, std::less<>()));
 }
 
 void VrexSolverModel::writeBack() const {

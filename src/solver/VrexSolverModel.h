@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "data/VrexVariable.h"
@@ -38,6 +40,9 @@ public:
     /// The variable's value with its derivative.
     VrexVariable value(const VrexGeometryVariable& variable) const;
 
+    /// Whether a constraint of its own keeps the two parallel, so that others need not say so again.
+    bool isHeldParallel(const VrexBaseGeometry& first, const VrexBaseGeometry& second) const;
+
     /// Why the component cannot be solved, with the object's name; empty where it can.
     const std::string& refusal() const { return m_refusal; }
 
@@ -67,5 +72,6 @@ private:
     VrexSolverSystem m_system;
     std::vector<Carrier> m_carriers;
     std::unordered_map<const VrexBaseGeometry*, Carried> m_carried;
+    std::set<std::pair<const VrexBaseGeometry*, const VrexBaseGeometry*>> m_parallel;
     std::string m_refusal;
 };

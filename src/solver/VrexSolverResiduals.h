@@ -11,7 +11,12 @@ public:
     explicit VrexSolverResiduals(VrexSolverBuilder& builder) : m_builder(builder) {}
 
     void visitBaseConstraint(VrexBaseConstraint& constraint) override;
+    void visitDistance3D(VrexDistance3D& constraint) override;
+    void visitDirectionDistance3D(VrexDirectionDistance3D& constraint) override;
+    void visitParallelDistance3D(VrexParallelDistance3D& constraint) override;
+    void visitIncidence3D(VrexIncidence3D& constraint) override;
     void visitFixation3D(VrexFixation3D& constraint) override;
+    void visitTangency3D(VrexTangency3D& constraint) override;
     void visitFastenedMate3D(VrexFastenedMate3D& mate) override;
     void visitSliderMate3D(VrexSliderMate3D& mate) override;
     void visitRevoluteMate3D(VrexRevoluteMate3D& mate) override;

@@ -2,39 +2,73 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <string>
 
+#include "data/VrexEnumTable.h"
 #include "data/constraint/3d/VrexDimension3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
-#include "solver/VrexSolverNames.h"
 
 namespace {
 
-void refuseUnlessFinite(const VrexDimension3D& dimension) {
-    if (!std::isfinite(dimension.value())) {
-        throw std::invalid_argument(
-            nsSolverNames::nameOf(dimension).append(" has a value that is not finite."));
+[[noreturn]] void refuse(const VrexDimension3D& dimension, const char* reason) {
+    std::string text = nsEnum::toText(dimension.type());
+    text.append(" ").append(std::to_string(dimension.getID())).append(reason);
+    throw std::invalid_argument(text);
+}
+
+void check(const VrexDimension3D& dimension, bool isHeld) {
+    const double value = dimension.value();
+    const auto& [low, high] = dimension.getLimits();
+    if (!std::isfinite(value)) {
+        refuse(dimension, " has a value that is not finite.");
+    }
+    if (std::isnan(low.value_or(value)) || std::isnan(high.value_or(value))) {
+        refuse(dimension, " has a limit that is no number.");
+    }
+    if (low.has_value() && high.has_value() && *low > *high) {
+        refuse(dimension, " has a lower limit above the upper one.");
+    }
+    if (isHeld && (low.value_or(value) > value || high.value_or(value) < value)) {
+        refuse(dimension, " has a value outside its limits.");
     }
 }
 
-void holdVariable(VrexSolverBuilder& builder, VrexDimension3D& dimension, double unit) {
-    const VrexSolverModel& model = builder.model();
-    builder.addTarget([&model, &dimension] { return model.value(dimension); },
-                      [start = dimension.value()] { return VrexVariable(start); }, unit);
+/// The number that varies in place of the dimension's own; null where that holds.
+const VrexSolverShape* numberOf(const VrexSolverBuilder& builder, const VrexDimension3D& dimension) {
+    return dimension.getVariable() != nullptr ? builder.shape(dimension.getVariable())
+                                              : builder.model().commonValue(dimension);
 }
 
 } // namespace
 
-void nsDimensionResiduals::add(VrexSolverBuilder& builder, VrexDimension3D& dimension,
+VrexSolverBuilder::Measure nsDimensionResiduals::valueOf(const VrexSolverBuilder& builder,
+                                                         const VrexDimension3D& dimension) {
+    if (const VrexSolverShape* const number = numberOf(builder, dimension)) {
+        return [number] { return number->size(0); };
+    }
+    return [value = dimension.value()] { return VrexVariable(value); };
+}
+
+void nsDimensionResiduals::add(VrexSolverBuilder& builder, const VrexDimension3D& dimension,
                                const VrexSolverBuilder::Measure& measure, double unit) {
-    refuseUnlessFinite(dimension);
-    const VrexSolverModel& model = builder.model();
-    builder.addTarget(
-        measure, [&model, &dimension] { return model.value(dimension); }, unit);
-    builder.addLimits(dimension.getLimits(), measure, unit);
-    if (dimension.isRigid() && dimension.getVariable() != nullptr) {
-        holdVariable(builder, dimension, unit);
+    const bool isNumber = numberOf(builder, dimension) == nullptr;
+    check(dimension, isNumber || dimension.isRigid());
+    if (!measure) {
+        return;
     }
-    if (const VrexSolverShape* const common = model.commonValue(dimension)) {
-        builder.addResult([&dimension, common] { dimension.setValue(common->sizeValue(0)); });
+    const auto value = valueOf(builder, dimension);
+    builder.addTarget(measure, value, unit);
+    if (isNumber) {
+        return; // within its limits it stays so
     }
+    if (dimension.isRigid()) {
+        builder.addTarget(
+            value, [held = dimension.value()] { return VrexVariable(held); }, unit);
+    } else {
+        builder.addLimits(dimension.getLimits(), value, unit);
+    }
+}
+
+bool nsDimensionResiduals::isAlwaysZero(const VrexSolverBuilder& builder, const VrexDimension3D& dimension) {
+    return dimension.value() == 0.0 && numberOf(builder, dimension) == nullptr;
 }

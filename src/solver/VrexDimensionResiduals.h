@@ -4,16 +4,23 @@
 
 class VrexDimension3D;
 
-/// What all dimensions ask for, whatever they measure.
+/// What all dimensions share: a value that is given or driven by a variable, and limits.
 namespace nsDimensionResiduals {
 
-/// Keeps `measure` at the value of the dimension and within its limits; a value beyond them contradicts
-/// itself. `unit` is what one row is of it: the component's length for a length, 1 for an angle.
+/// Keeps `measure` at the value. With a bound variable the two follow each other: the variable stays within
+/// the limits, and where the dimension is rigid it stays at its value. In an equality of dimensions so does
+/// the value that it has with the others. `unit` is what one row is of it: the
+/// component's length for a length, 1 for an angle. Without a measure nothing is added.
 ///
-/// The value is the dimension's number; with a bound variable it is that of the variable, which may vary
-/// unless the dimension is rigid; in an equality of dimensions it is the common one, and is written into the
-/// dimension in the end. Throws `std::invalid_argument` for a value that is not finite.
-void add(VrexSolverBuilder& builder, VrexDimension3D& dimension, const VrexSolverBuilder::Measure& measure,
-         double unit);
+/// Throws `std::invalid_argument` that names the dimension where the value is not finite or the limits leave
+/// no room for it.
+void add(VrexSolverBuilder& builder, const VrexDimension3D& dimension,
+         const VrexSolverBuilder::Measure& measure, double unit);
+
+/// The value as a number that varies where a variable is bound, and in an equality of dimensions.
+VrexSolverBuilder::Measure valueOf(const VrexSolverBuilder& builder, const VrexDimension3D& dimension);
+
+/// Whether the value is the number zero for good.
+bool isAlwaysZero(const VrexSolverBuilder& builder, const VrexDimension3D& dimension);
 
 } // namespace nsDimensionResiduals

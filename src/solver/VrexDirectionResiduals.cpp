@@ -1,5 +1,6 @@
 #include "solver/VrexDirectionResiduals.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -7,7 +8,9 @@
 #include "data/constraint/3d/VrexParallelism3D.h"
 #include "data/constraint/3d/VrexPerpendicularity3D.h"
 #include "data/constraint/3d/VrexPlanarAngle3D.h"
+#include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexDimensionResiduals.h"
+#include "solver/VrexDirectionRows.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverDirections.h"
 
@@ -15,12 +18,39 @@ namespace {
 
 constexpr double TURN = 2.0 * std::numbers::pi;
 
+/// Two directions, and whether they are those of a plane and of what runs straight, so that being parallel
+/// and being perpendicular change places.
 struct Directions {
     const VrexSolverShape* first = nullptr;
     const VrexSolverShape* second = nullptr;
+    bool isCrossed = false;
 
     double cosine() const { return first->frame().axes[2].dotProduct(second->frame().axes[2]); }
 };
+
+VrexGeometry3DType typeOf(const VrexBaseGeometry& geometry) {
+    const auto* const known = dynamic_cast<const VrexGeometry3D*>(&geometry);
+    return known != nullptr ? known->type() : VrexGeometry3DType::UNKNOWN;
+}
+
+bool runsStraight(VrexGeometry3DType type) {
+    switch (type) {
+        using enum VrexGeometry3DType;
+    case LINE:
+    case CYLINDER:
+    case CONE:
+    case SPIN_SURFACE:
+    case SWEEP_SURFACE:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool isCrossed(VrexGeometry3DType first, VrexGeometry3DType second) {
+    return (first == VrexGeometry3DType::PLANE && runsStraight(second)) ||
+           (second == VrexGeometry3DType::PLANE && runsStraight(first));
+}
 
 /// The first two entities; refuses and says false where either has no direction.
 bool read(VrexSolverBuilder& builder, const VrexConstraint3D& constraint, Directions& directions) {
@@ -33,15 +63,16 @@ bool read(VrexSolverBuilder& builder, const VrexConstraint3D& constraint, Direct
         builder.refuse("What this constraint compares has no direction.");
         return false;
     }
+    directions.isCrossed = isCrossed(typeOf(*geometries[0]), typeOf(*geometries[1]));
     return true;
 }
 
-void addParallel(VrexSolverBuilder& builder, const Directions& directions, double sense) {
-    builder.add(2, [directions, sense](VrexVariable* rows) {
-        const auto direction = directions.second->axisZ() * sense;
-        rows[0] = nsSolverDirections::tilt(*directions.first, direction, 0);
-        rows[1] = nsSolverDirections::tilt(*directions.first, direction, 1);
-    });
+void addParallel(VrexSolverBuilder& builder, const VrexConstraint& constraint, const Directions& directions) {
+    nsDirectionRows::addParallel(builder, constraint, *directions.first, *directions.second);
+}
+
+void addPerpendicular(VrexSolverBuilder& builder, const Directions& directions) {
+    nsDirectionRows::addPerpendicular(builder, *directions.first, *directions.second);
 }
 
 /// An angle of vectors has no sign and is at most a half turn; a value that is beyond counts it in another
@@ -76,18 +107,21 @@ void nsDirectionResiduals::add(VrexSolverBuilder& builder, VrexAngle3D& angle) {
     if (!read(builder, angle, directions)) {
         return;
     }
-    const Fold fold(angle.value());
-    const double wanted = fold.fold(angle.value());
-    const double cosine = std::clamp(directions.cosine(), -1.0, 1.0);
-    const double sense = senseOf(angle, wanted, cosine);
-    const auto measure = [directions, sense, fold] {
+    // Above a plane an angle is what is missing to a right one from its normal.
+    const double turned = directions.isCrossed ? -1.0 : 1.0;
+    const double offset = directions.isCrossed ? 0.5 * std::numbers::pi : 0.0;
+    const Fold fold(offset + turned * angle.value());
+    const double wanted = fold.fold(offset + turned * angle.value());
+    const double sense = senseOf(angle, wanted, std::clamp(directions.cosine(), -1.0, 1.0));
+    const auto measure = [directions, sense, fold, turned, offset] {
         const auto direction = directions.second->axisZ() * sense;
-        return nsSolverDirections::angleTo(*directions.first, direction) * fold.sign + fold.shift;
+        const VrexVariable between = nsSolverDirections::angleTo(*directions.first, direction);
+        return (between * fold.sign + (fold.shift - offset)) * turned;
     };
-    const bool isNumber = builder.model().isNumber(angle);
-    if (isNumber && isParallel(wanted)) {
-        addParallel(builder, directions, wanted < 0.5 * std::numbers::pi ? sense : -sense);
-        builder.addLimits(angle.getLimits(), measure, 1.0);
+    if (builder.model().isNumber(angle) && isParallel(wanted)) {
+        nsDirectionRows::addParallel(builder, *directions.first, *directions.second,
+                                     wanted < 0.5 * std::numbers::pi ? sense : -sense);
+        nsDimensionResiduals::add(builder, angle, {}, 1.0);
         return;
     }
     nsDimensionResiduals::add(builder, angle, measure, 1.0);
@@ -126,16 +160,15 @@ void nsDirectionResiduals::add(VrexSolverBuilder& builder, VrexPlanarAngle3D& an
 void nsDirectionResiduals::add(VrexSolverBuilder& builder, VrexParallelism3D& parallelism) {
     Directions directions;
     if (read(builder, parallelism, directions)) {
-        addParallel(builder, directions,
-                    nsSolverDirections::senseOf(parallelism.alignment(), directions.cosine()));
+        directions.isCrossed ? addPerpendicular(builder, directions)
+                             : addParallel(builder, parallelism, directions);
     }
 }
 
 void nsDirectionResiduals::add(VrexSolverBuilder& builder, VrexPerpendicularity3D& perpendicularity) {
     Directions directions;
     if (read(builder, perpendicularity, directions)) {
-        builder.add(1, [directions](VrexVariable* rows) {
-            rows[0] = directions.first->axisZ().dotProduct(directions.second->axisZ());
-        });
+        directions.isCrossed ? addParallel(builder, perpendicularity, directions)
+                             : addPerpendicular(builder, directions);
     }
 }

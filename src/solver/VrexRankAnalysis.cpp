@@ -54,16 +54,33 @@ Eigen::MatrixXd solveTriangle(const Factor& factor, const Right& right) {
     return triangle.triangularView<Eigen::Upper>().solve(Eigen::MatrixXd(right));
 }
 
+/// How far the columns from this one on are from being independent: the freedom of points of contact to slide
+/// while everything else stands still.
+std::size_t slack(const Matrix& jacobian, Eigen::Index firstColumn) {
+    const Eigen::Index count = jacobian.cols() - firstColumn;
+    if (count == 0) {
+        return 0;
+    }
+    Matrix columns = jacobian.rightCols(count);
+    columns.makeCompressed();
+    if (columns.nonZeros() == 0) {
+        return static_cast<std::size_t>(count);
+    }
+    Factor factor;
+    factorize(factor, columns);
+    return static_cast<std::size_t>(count - factor.rank());
+}
+
 } // namespace
 
 VrexRankAnalysis::VrexRankAnalysis(VrexSolverSystem& system) {
     system.evaluate(true, false);
     const Matrix jacobian = unitRows(system.jacobian());
-    findFreedom(jacobian);
+    findFreedom(jacobian, system.firstHelp());
     findDependence(jacobian, system.rowConstraints());
 }
 
-void VrexRankAnalysis::findFreedom(const Matrix& jacobian) {
+void VrexRankAnalysis::findFreedom(const Matrix& jacobian, Eigen::Index firstHelp) {
     const Eigen::Index unknowns = jacobian.cols();
     if (unknowns == 0) {
         return;
@@ -72,14 +89,14 @@ void VrexRankAnalysis::findFreedom(const Matrix& jacobian) {
     std::uniform_real_distribution<double> uniform(-1.0, 1.0);
     const auto next = [&](Eigen::Index, Eigen::Index) { return uniform(random); };
     if (jacobian.nonZeros() == 0) {
-        m_freedom = static_cast<std::size_t>(unknowns);
+        m_freedom = static_cast<std::size_t>(firstHelp);
         m_motions = Eigen::MatrixXd::NullaryExpr(unknowns, MOTIONS, next);
         return;
     }
     Factor factor;
     factorize(factor, jacobian);
     const Eigen::Index rank = factor.rank();
-    m_freedom = static_cast<std::size_t>(unknowns - rank);
+    m_freedom = static_cast<std::size_t>(unknowns - rank) - slack(jacobian, firstHelp);
     m_motions.setZero(unknowns, MOTIONS);
     if (m_freedom == 0) {
         return;

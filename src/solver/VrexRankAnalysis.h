@@ -29,7 +29,7 @@ public:
     const std::set<std::vector<std::size_t>>& dependentConstraints() const { return m_dependent; }
 
 private:
-    void findFreedom(const Eigen::SparseMatrix<double>& jacobian);
+    void findFreedom(const Eigen::SparseMatrix<double>& jacobian, Eigen::Index firstHelp);
     void findDependence(const Eigen::SparseMatrix<double>& jacobian,
                         const std::vector<std::size_t>& constraints);
 

@@ -11,6 +11,7 @@
 #include "data/constraint/3d/VrexMateRelation3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
+#include "solver/VrexDimensionResiduals.h"
 #include "solver/VrexMateResiduals.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverNames.h"
@@ -34,8 +35,12 @@ void nsRelationResiduals::add(VrexSolverBuilder& builder, VrexEqualDimension3D& 
         return;
     }
     for (const auto& dimension : dimensions) {
-        builder.addTarget([&model, dimension] { return model.value(*dimension); },
-                          [element] { return element->size(0); }, element->body().sizeUnit(0));
+        builder.addTarget(
+            nsDimensionResiduals::valueOf(builder, *dimension), [element] { return element->size(0); },
+            element->body().sizeUnit(0));
+        if (const VrexSolverShape* const common = model.commonValue(*dimension)) {
+            builder.addResult([dimension, common] { dimension->setValue(common->sizeValue(0)); });
+        }
     }
 }
 

@@ -31,6 +31,16 @@ const VrexSolverShape* VrexSolverBuilder::shape(const std::shared_ptr<VrexBaseGe
     return geometry != nullptr ? m_model.shape(*geometry) : nullptr;
 }
 
+VrexSolverBuilder::Help VrexSolverBuilder::addHelp(const std::array<bool, 2>& isFree,
+                                                   const std::array<bool, 2>& isLength) {
+    VrexSolverMobility mobility;
+    mobility.sizes = isFree;
+    VrexSolverBody& body = m_model.system().addHelp({{}, mobility});
+    body.setSize(0, 0.0, isLength[0]);
+    body.setSize(1, 0.0, isLength[1]);
+    return {&body, &m_helpShapes.emplace_back(body, VrexSolverFrame())};
+}
+
 void VrexSolverBuilder::add(std::size_t rows, Rows evaluate) {
     m_model.system().addResidual({m_place, rows, false, std::move(evaluate)});
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,7 +28,7 @@ public:
 
     explicit VrexSolverBuilder(VrexSolverModel& model) : m_model(model) {}
 
-    VrexSolverModel& model() { return m_model; }
+    VrexSolverModel& model() const { return m_model; }
     double length() const { return m_model.length(); }
 
     /// Adds what the constraint at this place of the component's list asks for. Empty where that is done,
@@ -34,6 +36,15 @@ public:
     std::string build(std::size_t place, VrexBaseConstraint& constraint);
 
     // For the families.
+
+    /// A pair of numbers of the constraint's own, such as the parameters of a point of contact. It starts at
+    /// the values that the body is given; no part of it is seen from outside.
+    struct Help {
+        VrexSolverBody* body;
+        const VrexSolverShape* shape; ///< With sizes 0 and 1.
+    };
+    /// Numbers that are not free keep their values.
+    Help addHelp(const std::array<bool, 2>& isFree, const std::array<bool, 2>& isLength);
 
     /// Null for a null, and for what has no shape.
     const VrexSolverShape* shape(const std::shared_ptr<VrexBaseGeometry>& geometry) const;
@@ -62,4 +73,5 @@ private:
     std::string m_refusal;
     std::vector<std::function<void()>> m_results;
     std::vector<std::function<void()>> m_finalResults;
+    std::deque<VrexSolverShape> m_helpShapes; ///< Functions hold their addresses.
 };

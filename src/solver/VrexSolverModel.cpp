@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <unordered_set>
 #include <utility>
@@ -12,10 +13,13 @@
 #include "data/VrexTransformation3DT.h"
 #include "data/constraint/3d/VrexDimension3D.h"
 #include "data/constraint/3d/VrexEqualDimension3D.h"
-#include "data/constraint/3d/VrexPatternValue3D.h"
+#include "data/constraint/3d/VrexParallelism3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexPattern3D.h"
+#include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "solver/VrexSolverEntity.h"
@@ -145,6 +149,28 @@ double lengthOf(const VrexBaseConstraint& constraint) {
     return dimension != nullptr && isLength(*dimension) ? std::abs(dimension->value()) : 0.0;
 }
 
+/// Whether the direction of the entity is that of its every part.
+bool isStraight(const VrexBaseGeometry* geometry) {
+    return dynamic_cast<const VrexLine3D*>(geometry) != nullptr ||
+           dynamic_cast<const VrexPlane3D*>(geometry) != nullptr ||
+           dynamic_cast<const VrexCylinder3D*>(geometry) != nullptr;
+}
+
+/// The two that a parallelism binds; nulls for another constraint, and for circles and their like.
+std::pair<const VrexBaseGeometry*, const VrexBaseGeometry*>
+parallelPair(const VrexBaseConstraint& constraint) {
+    const auto* const known = dynamic_cast<const VrexParallelism3D*>(&constraint);
+    if (known == nullptr || known->getGeometries().size() != 2) {
+        return {};
+    }
+    const VrexBaseGeometry* const first = known->getGeometries()[0].get();
+    const VrexBaseGeometry* const second = known->getGeometries()[1].get();
+    if (!isStraight(first) || !isStraight(second)) {
+        return {};
+    }
+    return std::minmax(first, second, std::less<>());
+}
+
 /// The box of all points that count.
 class Extent {
 public:
@@ -178,7 +204,10 @@ VrexSolverModel::VrexSolverModel(const Geometries& geometries, const Constraints
         }
     }
     for (const auto& constraint : constraints) {
-        length = constraint != nullptr ? std::max(length, lengthOf(*constraint)) : length;
+        if (constraint != nullptr) {
+            length = std::max(length, lengthOf(*constraint));
+            m_parallel.insert(parallelPair(*constraint));
+        }
     }
     length = std::max(length, extent.diagonal());
     m_system.numberUnknowns(length > 0.0 && std::isfinite(length) ? length : 1.0);
@@ -232,7 +261,11 @@ void VrexSolverModel::addCommonValues(const Constraints& constraints) {
 }
 
 const VrexSolverShape& VrexSolverModel::addNumber(double value, bool isLength) {
-    return m_numbers.emplace_back(m_system.addNumber(value, isLength), VrexSolverFrame());
+    VrexSolverMobility mobility;
+    mobility.sizes[0] = true;
+    VrexSolverBody& body = m_system.addHelp({VrexSolverFrame(), mobility});
+    body.setSize(0, value, isLength);
+    return m_numbers.emplace_back(body, VrexSolverFrame());
 }
 
 void VrexSolverModel::addBodies(const std::vector<Geometries>& groups, const Constraints& constraints) {
@@ -312,14 +345,6 @@ VrexVariable VrexSolverModel::value(const VrexGeometryVariable& variable) const 
     return known != nullptr ? known->size(0) : VrexVariable(variable.getValue());
 }
 
-VrexVariable VrexSolverModel::value(const VrexDimension3D& dimension) const {
-    if (const auto variable = dimension.getVariable()) {
-        return value(*variable);
-    }
-    const VrexSolverShape* const common = commonValue(dimension);
-    return common != nullptr ? common->size(0) : VrexVariable(dimension.value());
-}
-
 bool VrexSolverModel::isNumber(const VrexDimension3D& dimension) const {
     return dimension.getVariable() == nullptr && commonValue(dimension) == nullptr;
 }
@@ -327,6 +352,10 @@ bool VrexSolverModel::isNumber(const VrexDimension3D& dimension) const {
 const VrexSolverShape* VrexSolverModel::commonValue(const VrexDimension3D& dimension) const {
     const auto found = m_commonValues.find(&dimension);
     return found != m_commonValues.end() ? found->second : nullptr;
+}
+
+bool VrexSolverModel::isHeldParallel(const VrexBaseGeometry& first, const VrexBaseGeometry& second) const {
+    return m_parallel.contains(std::minmax(&first, &second, std::less<>()));
 }
 
 void VrexSolverModel::writeBack() const {

@@ -4,8 +4,10 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "data/VrexVariable.h"
@@ -39,16 +41,16 @@ public:
     const VrexSolverBody* body(const VrexBaseGeometry& geometry) const;
     /// The variable's value with its derivative.
     VrexVariable value(const VrexGeometryVariable& variable) const;
-    /// What the dimension is to measure: the value of its variable, the one that an equality of dimensions
-    /// gives it, or its own number.
-    VrexVariable value(const VrexDimension3D& dimension) const;
-    /// Whether that is its own number, which nothing varies.
+    /// Whether the value of the dimension is its own number, which nothing varies.
     bool isNumber(const VrexDimension3D& dimension) const;
     /// The unknown that stands for the value of a dimension in an equality; null for a dimension that is in
     /// none, is rigid, or is bound to a variable.
     const VrexSolverShape* commonValue(const VrexDimension3D& dimension) const;
     /// Adds an unknown number that belongs to no entity. It stays where it is in memory.
     const VrexSolverShape& addNumber(double value, bool isLength);
+
+    /// Whether a constraint of its own keeps the two parallel, so that others need not say so again.
+    bool isHeldParallel(const VrexBaseGeometry& first, const VrexBaseGeometry& second) const;
 
     /// Why the component cannot be solved, with the object's name; empty where it can.
     const std::string& refusal() const { return m_refusal; }
@@ -84,5 +86,6 @@ private:
     std::unordered_map<const VrexBaseGeometry*, Carried> m_carried;
     std::deque<VrexSolverShape> m_numbers;
     std::unordered_map<const VrexDimension3D*, const VrexSolverShape*> m_commonValues;
+    std::set<std::pair<const VrexBaseGeometry*, const VrexBaseGeometry*>> m_parallel;
     std::string m_refusal;
 };

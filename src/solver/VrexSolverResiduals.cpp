@@ -2,34 +2,42 @@
 
 #include "data/constraint/3d/VrexAngle3D.h"
 #include "data/constraint/3d/VrexConcentricity3D.h"
+#include "data/constraint/3d/VrexDirectionDistance3D.h"
+#include "data/constraint/3d/VrexDistance3D.h"
 #include "data/constraint/3d/VrexEqualDimension3D.h"
 #include "data/constraint/3d/VrexEqualDimensionValue3D.h"
 #include "data/constraint/3d/VrexEqualRadius3D.h"
 #include "data/constraint/3d/VrexFixation3D.h"
 #include "data/constraint/3d/VrexHalfAngle3D.h"
+#include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/constraint/3d/VrexIncidenceToCenter3D.h"
 #include "data/constraint/3d/VrexInstance3D.h"
 #include "data/constraint/3d/VrexMate3D.h"
 #include "data/constraint/3d/VrexMateDimensionInterval3D.h"
 #include "data/constraint/3d/VrexMateRelation3D.h"
 #include "data/constraint/3d/VrexMidPoint3D.h"
+#include "data/constraint/3d/VrexParallelDistance3D.h"
 #include "data/constraint/3d/VrexParallelism3D.h"
 #include "data/constraint/3d/VrexPatternValue3D.h"
 #include "data/constraint/3d/VrexPerpendicularity3D.h"
 #include "data/constraint/3d/VrexPlanarAngle3D.h"
 #include "data/constraint/3d/VrexRadius3D.h"
 #include "data/constraint/3d/VrexSymmetry3D.h"
+#include "data/constraint/3d/VrexTangency3D.h"
 #include "data/constraint/3d/VrexVariableFixation3D.h"
 #include "data/constraint/equation/VrexBaseEquation.h"
 #include "solver/VrexCenterResiduals.h"
 #include "solver/VrexDirectionResiduals.h"
+#include "solver/VrexDistanceResiduals.h"
 #include "solver/VrexEquationResiduals.h"
 #include "solver/VrexFixationResiduals.h"
 #include "solver/VrexImageResiduals.h"
+#include "solver/VrexIncidenceResiduals.h"
 #include "solver/VrexMateResiduals.h"
 #include "solver/VrexRelationResiduals.h"
 #include "solver/VrexSizeResiduals.h"
 #include "solver/VrexSolverBuilder.h"
+#include "solver/VrexTangencyResiduals.h"
 
 void VrexSolverResiduals::visitBaseConstraint(VrexBaseConstraint& /*constraint*/) {
     m_builder.refuse("This kind of constraint is not supported.");
@@ -37,6 +45,22 @@ void VrexSolverResiduals::visitBaseConstraint(VrexBaseConstraint& /*constraint*/
 
 void VrexSolverResiduals::visitBaseEquation(VrexBaseEquation& constraint) {
     nsEquationResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitDistance3D(VrexDistance3D& constraint) {
+    nsDistanceResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitDirectionDistance3D(VrexDirectionDistance3D& constraint) {
+    nsDistanceResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitParallelDistance3D(VrexParallelDistance3D& constraint) {
+    nsDistanceResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitIncidence3D(VrexIncidence3D& constraint) {
+    nsIncidenceResiduals::add(m_builder, constraint);
 }
 
 void VrexSolverResiduals::visitFixation3D(VrexFixation3D& constraint) {
@@ -73,6 +97,10 @@ void VrexSolverResiduals::visitSymmetry3D(VrexSymmetry3D& constraint) {
 
 void VrexSolverResiduals::visitMidPoint3D(VrexMidPoint3D& constraint) {
     nsCenterResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitTangency3D(VrexTangency3D& constraint) {
+    nsTangencyResiduals::add(m_builder, constraint);
 }
 
 void VrexSolverResiduals::visitRadius3D(VrexRadius3D& constraint) {

@@ -12,6 +12,10 @@ public:
 
     void visitBaseConstraint(VrexBaseConstraint& constraint) override;
     void visitBaseEquation(VrexBaseEquation& constraint) override;
+    void visitDistance3D(VrexDistance3D& constraint) override;
+    void visitDirectionDistance3D(VrexDirectionDistance3D& constraint) override;
+    void visitParallelDistance3D(VrexParallelDistance3D& constraint) override;
+    void visitIncidence3D(VrexIncidence3D& constraint) override;
     void visitFixation3D(VrexFixation3D& constraint) override;
     void visitAngle3D(VrexAngle3D& constraint) override;
     void visitPlanarAngle3D(VrexPlanarAngle3D& constraint) override;
@@ -21,6 +25,7 @@ public:
     void visitIncidenceToCenter3D(VrexIncidenceToCenter3D& constraint) override;
     void visitSymmetry3D(VrexSymmetry3D& constraint) override;
     void visitMidPoint3D(VrexMidPoint3D& constraint) override;
+    void visitTangency3D(VrexTangency3D& constraint) override;
     void visitRadius3D(VrexRadius3D& constraint) override;
     void visitEqualRadius3D(VrexEqualRadius3D& constraint) override;
     void visitMate3D(VrexMate3D& constraint) override;

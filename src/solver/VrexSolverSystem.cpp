@@ -20,16 +20,15 @@ void VrexSolverSystem::numberUnknowns(double length) {
         unknown += body.unknownCount();
     }
     m_unknownCount = static_cast<Eigen::Index>(unknown);
+    m_firstHelp = m_unknownCount;
 }
 
-VrexSolverBody& VrexSolverSystem::addNumber(double value, bool isLength) {
-    VrexSolverMobility mobility;
-    mobility.sizes[0] = true;
-    VrexSolverBody& body = addBody({VrexSolverFrame(), mobility});
-    body.setSize(0, value, isLength);
-    body.setLength(m_length);
-    body.setFirstUnknown(static_cast<std::size_t>(m_unknownCount++));
-    return body;
+VrexSolverBody& VrexSolverSystem::addHelp(const VrexSolverBody& body) {
+    VrexSolverBody& help = m_bodies.emplace_back(body);
+    help.setLength(m_length);
+    help.setFirstUnknown(static_cast<std::size_t>(m_unknownCount));
+    m_unknownCount += static_cast<Eigen::Index>(help.unknownCount());
+    return help;
 }
 
 void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {

@@ -89,6 +89,23 @@ TEST(VrexConcentricityResiduals, AlignmentChoosesTheWayOfTheAxes) {
     }
 }
 
+TEST(VrexConcentricityResiduals, MembersTakeTheirSetsAlong) {
+    RandomShapes random;
+    for (const auto type : {LINE, CYLINDER, CIRCLE, ELLIPSE, CONE, TORUS}) {
+        SCOPED_TRACE(namesOf({type}));
+        const Entities members{makeRandom(type, random), makeRandom(CYLINDER, random)};
+        const auto first = VrexRigidSet3D::create({members[0]});
+        const auto second = VrexRigidSet3D::create({members[1]});
+        const auto report = solveOne({first, second, members[0], members[1]},
+                                     {VrexConcentricity3D::create(members[0], members[1])});
+        expectSolved(report);
+        EXPECT_NEAR(distanceToAxis(members[0], centerOf(members[1])), 0.0, TOLERANCE);
+        EXPECT_NEAR(directionOf(members[0]).crossProduct(directionOf(members[1])).magnitude(), 0.0,
+                    TOLERANCE);
+        EXPECT_EQ(report.freedom, 8U);
+    }
+}
+
 TEST(VrexConcentricityResiduals, PlanesHaveNeitherCentreNorAxis) {
     RandomShapes random;
     const Entities pair{makeRandom(PLANE, random), random.circle()};

@@ -285,6 +285,24 @@ TEST(VrexParallelismResiduals, ExactlyOppositeDirectionsAreTurned) {
     }
 }
 
+TEST(VrexParallelismResiduals, MembersTurnTheirSets) {
+    RandomShapes random;
+    for (const auto first : {LINE, PLANE, CIRCLE, ELLIPSE, CYLINDER, CONE, TORUS}) {
+        SCOPED_TRACE(namesOf({first}));
+        const Entities members{makeRandom(first, random), random.circle(), random.line()};
+        const auto set = VrexRigidSet3D::create({members[0], members[2]});
+        const auto other = VrexRigidSet3D::create({members[1]});
+        const double before = directionOf(members[0]).dotProduct(directionOf(members[2]));
+        const auto parallelism = VrexParallelism3D::create(members[0], members[1]);
+        const auto report = solveOne({set, other, members[0], members[1], members[2]}, {parallelism});
+        expectSolved(report);
+        EXPECT_NEAR(std::abs(cosineOf(members)), 1.0, TOLERANCE);
+        // What the member takes along keeps its angle to it.
+        EXPECT_NEAR(directionOf(members[0]).dotProduct(directionOf(members[2])), before, TOLERANCE);
+        EXPECT_EQ(report.freedom, 10U);
+    }
+}
+
 TEST(VrexParallelismResiduals, SolvedAgainNothingMoves) {
     RandomShapes random;
     const Entities pair{random.line(), random.line()};

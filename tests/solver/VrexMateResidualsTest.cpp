@@ -14,6 +14,8 @@
 #include "data/constraint/3d/VrexSliderMate3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
 #include "solver/JacobianChecks.h"
+#include "solver/Mechanism.h"
+#include "solver/VrexSolver3D.h"
 #include "support/RandomShapes.h"
 
 namespace {
@@ -78,6 +80,26 @@ TEST(VrexMateResiduals, DerivativesMatchCentralDifferences) {
                 // A tilt that is nearly opposite is steep: its fifth derivative reaches thousands.
                 SolverProbe(pair.geometries, {mate}).expectDerivativesMatch(1e-6);
             }
+        }
+    }
+}
+
+TEST(VrexMateResiduals, AxesThatStartOppositeAreTurned) {
+    for (const auto alignment : {VrexConstraintAlignment::Positive, VrexConstraintAlignment::Negative}) {
+        const double sense = alignment == VrexConstraintAlignment::Positive ? 1.0 : -1.0;
+        for (const double start : {0.0, 0.02, 1.5, 3.1, std::numbers::pi}) {
+            Mechanism mechanism;
+            const auto base = mechanism.ground();
+            const auto arm = mechanism.body();
+            const auto turn = VrexQuaternionT<double>::makeFromAngleAndAxis(start, {1.0, 0.0, 0.0}, 1e-9);
+            const auto first = mechanism.connector(base, {0.0, 0.0, 0.0});
+            const auto second = mechanism.connector(arm, {0.1, 0.2, 0.3}, turn);
+            mechanism.bind(VrexRevoluteMate3D::create(first, second, {}))->alignment() = alignment;
+            const auto report = VrexSolver3D().solve({mechanism.component()});
+            EXPECT_TRUE(report.isConverged());
+            const auto axis = VrexQuaternionT<double>::rotate({0.0, 0.0, 1.0}, second->getRotation(), false);
+            EXPECT_NEAR(axis.z(), sense, 1e-9) << start;
+            EXPECT_NEAR(second->getOrigin().magnitude(), 0.0, 1e-9);
         }
     }
 }

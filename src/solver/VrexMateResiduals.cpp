@@ -16,7 +16,9 @@ struct Joint {
     const VrexSolverShape* second;
     double sense; ///< -1 where the Z axes point opposite ways.
 
-    VrexVariable shift(Vector axis) const { return axis.dotProduct(second->origin() - first->origin()); }
+    VrexVariable shift(const Vector& axis) const {
+        return axis.dotProduct(second->origin() - first->origin());
+    }
     VrexVariable tilt(int index) const {
         return nsSolverDirections::tilt(*first, second->axisZ() * sense, index);
     }

@@ -22,6 +22,16 @@ bool isTogether(const VrexSolverModel& model, const std::shared_ptr<VrexDimensio
     return dimension != nullptr && (dimension->isRigid() || !model.isNumber(*dimension));
 }
 
+void addShare(VrexSolverBuilder& builder, const std::shared_ptr<VrexDimension3D>& dimension,
+              const VrexSolverShape& element) {
+    builder.addTarget(
+        nsDimensionResiduals::valueOf(builder, *dimension), [&element] { return element.size(0); },
+        element.body().sizeUnit(0));
+    if (const VrexSolverShape* const common = builder.model().commonValue(*dimension)) {
+        builder.addResult([dimension, common] { dimension->setValue(common->sizeValue(0)); });
+    }
+}
+
 } // namespace
 
 void nsRelationResiduals::add(VrexSolverBuilder& builder, VrexEqualDimension3D& equality) {
@@ -35,12 +45,7 @@ void nsRelationResiduals::add(VrexSolverBuilder& builder, VrexEqualDimension3D& 
         return;
     }
     for (const auto& dimension : dimensions) {
-        builder.addTarget(
-            nsDimensionResiduals::valueOf(builder, *dimension), [element] { return element->size(0); },
-            element->body().sizeUnit(0));
-        if (const VrexSolverShape* const common = model.commonValue(*dimension)) {
-            builder.addResult([dimension, common] { dimension->setValue(common->sizeValue(0)); });
-        }
+        addShare(builder, dimension, *element);
     }
 }
 

@@ -171,6 +171,29 @@ parallelPair(const VrexBaseConstraint& constraint) {
     return std::minmax(first, second, std::less<>());
 }
 
+/// Without nulls, in order.
+std::vector<const VrexDimension3D*> dimensionsInEqualities(const VrexSolverModel::Constraints& constraints) {
+    std::vector<const VrexDimension3D*> result;
+    for (const auto& constraint : constraints) {
+        if (const auto* const equality = dynamic_cast<const VrexEqualDimension3D*>(constraint.get())) {
+            for (const auto& dimension : equality->getDimensions()) {
+                result.push_back(dimension.get());
+            }
+        }
+    }
+    std::erase(result, nullptr);
+    return result;
+}
+
+/// The longest of its sizes that are lengths.
+double lengthOf(const VrexSolverBody& body) {
+    double length = 0.0;
+    for (const std::size_t i : {0U, 1U}) {
+        length = body.isLength(i) ? std::max(length, std::abs(body.size(i))) : length;
+    }
+    return length;
+}
+
 /// The box of all points that count.
 class Extent {
 public:
@@ -197,11 +220,7 @@ VrexSolverModel::VrexSolverModel(const Geometries& geometries, const Constraints
     double length = 0.0;
     for (const VrexSolverBody& body : m_system.bodies()) {
         extent.add(body.frame().origin);
-        for (const std::size_t i : {0U, 1U}) {
-            if (body.isLength(i)) {
-                length = std::max(length, std::abs(body.size(i)));
-            }
-        }
+        length = std::max(length, lengthOf(body));
     }
     for (const auto& constraint : constraints) {
         if (constraint != nullptr) {
@@ -245,17 +264,11 @@ void VrexSolverModel::addCommonValues(const Constraints& constraints) {
     for (const auto& constraint : constraints) {
         known.insert(constraint.get());
     }
-    for (const auto& constraint : constraints) {
-        const auto* const equality = dynamic_cast<const VrexEqualDimension3D*>(constraint.get());
-        if (equality == nullptr) {
-            continue;
-        }
-        for (const auto& dimension : equality->getDimensions()) {
-            const bool isOwn = dimension != nullptr && known.contains(dimension.get()) &&
-                               dimension->getVariable() == nullptr && !dimension->isRigid();
-            if (isOwn && !m_commonValues.contains(dimension.get())) {
-                m_commonValues[dimension.get()] = &addNumber(dimension->value(), isLength(*dimension));
-            }
+    for (const auto& dimension : dimensionsInEqualities(constraints)) {
+        const bool isOwn =
+            known.contains(dimension) && dimension->getVariable() == nullptr && !dimension->isRigid();
+        if (isOwn && !m_commonValues.contains(dimension)) {
+            m_commonValues[dimension] = &addNumber(dimension->value(), isLength(*dimension));
         }
     }
 }

@@ -6,8 +6,8 @@
 #include "data/constraint/3d/VrexFixation3D.h"
 #include "data/constraint/3d/VrexIncidenceToCenter3D.h"
 #include "data/constraint/3d/VrexMidPoint3D.h"
+#include "solver/EntityReader.h"
 #include "solver/JacobianChecks.h"
-#include "solver/RandomEntities.h"
 #include "solver/SolverRuns.h"
 
 namespace {

@@ -10,8 +10,8 @@
 #include "data/constraint/3d/VrexPerpendicularity3D.h"
 #include "data/constraint/3d/VrexPlanarAngle3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
+#include "solver/EntityReader.h"
 #include "solver/JacobianChecks.h"
-#include "solver/RandomEntities.h"
 #include "solver/SolverRuns.h"
 
 namespace {

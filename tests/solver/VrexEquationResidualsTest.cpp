@@ -13,8 +13,8 @@
 #include "data/geometry/3d/VrexEqualDimensionElement3D.h"
 #include "data/geometry/3d/VrexPattern3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
+#include "solver/EntityReader.h"
 #include "solver/JacobianChecks.h"
-#include "solver/RandomEntities.h"
 #include "solver/SolverRuns.h"
 
 namespace {

@@ -10,8 +10,8 @@
 #include "data/constraint/3d/VrexSymmetry3D.h"
 #include "data/geometry/3d/VrexArrayPattern3D.h"
 #include "data/geometry/3d/VrexPattern3D.h"
+#include "solver/EntityReader.h"
 #include "solver/JacobianChecks.h"
-#include "solver/RandomEntities.h"
 #include "solver/SolverRuns.h"
 
 namespace {

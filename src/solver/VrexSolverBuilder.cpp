@@ -53,6 +53,14 @@ void VrexSolverBuilder::addTarget(const Measure& measure, const Measure& target,
     add(1, [measure, target, unit](VrexVariable* row) { row[0] = (measure() - target()) / unit; });
 }
 
+bool VrexSolverBuilder::moveContacts() const {
+    bool hasMoved = false;
+    for (const auto& moveContact : m_checks) {
+        hasMoved = moveContact() || hasMoved;
+    }
+    return hasMoved;
+}
+
 void VrexSolverBuilder::writeResults() const {
     for (const auto& write : m_results) {
         write();

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/VrexVariable.h"
@@ -55,17 +56,23 @@ public:
     void addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit);
     /// Keeps `measure` at `target`.
     void addTarget(const Measure& measure, const Measure& target, double unit);
+    /// To be asked once all residuals vanish: moves points of contact that are no longer where two entities
+    /// are nearest, and tells whether it did.
+    void addCheck(std::function<bool()> moveContact) { m_checks.push_back(std::move(moveContact)); }
     /// To be done once the component is solved: writes what was measured into the constraint.
     void addResult(std::function<void()> write) { m_results.push_back(std::move(write)); }
     /// The constraint is of no kind, or between kinds, that this solver knows.
     void refuse(const std::string& reason) { m_refusal = reason; }
 
+    /// Whether any point of contact had to move, so that the search goes on.
+    bool moveContacts() const;
     void writeResults() const;
 
 private:
     VrexSolverModel& m_model;
     std::size_t m_place = 0;
     std::string m_refusal;
+    std::vector<std::function<bool()>> m_checks;
     std::vector<std::function<void()>> m_results;
     std::deque<VrexSolverShape> m_helpShapes; ///< Functions hold their addresses.
 };

@@ -1,0 +1,166 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <numbers>
+#include <vector>
+
+#include "data/VrexVisitor3D.h"
+#include "solver/RandomEntities.h"
+
+/// The distance between two entities by a search over points on both, with formulas of its own: what the
+/// solver's residuals are compared with.
+namespace nsNearest {
+
+using Vector = VrexVector3DT<double>;
+
+/// Points on an entity, by numbers between ends. What is endless is cut off far away.
+struct Points {
+    std::function<Vector(const double* parameters)> at;
+    std::vector<std::array<double, 2>> ranges;
+};
+
+/// Two vectors at right angles to `axis` and each other.
+inline std::array<Vector, 2> across(const Vector& axis) {
+    const Vector aside = std::abs(axis.x()) < 0.6 ? Vector::OX() : Vector::OY();
+    Vector first = aside - axis * axis.dotProduct(aside);
+    first = first / first.magnitude();
+    return {first, axis.crossProduct(first)};
+}
+
+class Reader final : public VrexVisitor3D {
+public:
+    Points points;
+
+    void visitPoint3D(VrexPoint3D& point) override {
+        points.at = [p = point.getPosition()](const double*) { return p; };
+    }
+    void visitLine3D(VrexLine3D& line) override {
+        points = {[o = line.getOrigin(), d = line.getDirection()](const double* t) { return o + d * t[0]; },
+                  {LONG}};
+    }
+    void visitCircle3D(VrexCircle3D& circle) override {
+        points = {[c = circle.getCenter(), r = circle.getRadius(),
+                   e = across(circle.getNormal())](const double* t) {
+                      return c + e[0] * (r * std::cos(t[0])) + e[1] * (r * std::sin(t[0]));
+                  },
+                  {TURN}};
+    }
+    void visitEllipse3D(VrexEllipse3D& ellipse) override {
+        const Vector x = ellipse.getDirection();
+        const Vector y = ellipse.getNormal().crossProduct(x);
+        points = {[c = ellipse.getCenter(), a = x * ellipse.getMajorRadius(),
+                   b = y * ellipse.getMinorRadius()](const double* t) {
+                      return c + a * std::cos(t[0]) + b * std::sin(t[0]);
+                  },
+                  {TURN}};
+    }
+    void visitPlane3D(VrexPlane3D& plane) override {
+        points = {[o = plane.getOrigin(), e = across(plane.getNormal())](const double* t) {
+                      return o + e[0] * t[0] + e[1] * t[1];
+                  },
+                  {LONG, LONG}};
+    }
+    void visitCylinder3D(VrexCylinder3D& cylinder) override {
+        points = {[o = cylinder.getOrigin(), d = cylinder.getDirection(), r = cylinder.getRadius(),
+                   e = across(cylinder.getDirection())](const double* t) {
+                      return o + d * t[1] + e[0] * (r * std::cos(t[0])) + e[1] * (r * std::sin(t[0]));
+                  },
+                  {TURN, LONG}};
+    }
+    void visitSphere3D(VrexSphere3D& sphere) override {
+        points = {[c = sphere.getCenter(), r = sphere.getRadius()](const double* t) {
+                      return c + Vector(std::cos(t[0]) * std::sin(t[1]), std::sin(t[0]) * std::sin(t[1]),
+                                        std::cos(t[1])) *
+                                     r;
+                  },
+                  {TURN, {0.0, std::numbers::pi}}};
+    }
+    void visitCone3D(VrexCone3D& cone) override {
+        points = {[o = cone.getOrigin(), d = cone.getDirection(), alpha = cone.getAperture(),
+                   e = across(cone.getDirection())](const double* t) {
+                      const Vector aside = e[0] * std::cos(t[0]) + e[1] * std::sin(t[0]);
+                      return o + (d * std::cos(alpha) + aside * std::sin(alpha)) * std::max(t[1], 0.0);
+                  },
+                  {TURN, {0.0, LONG[1]}}};
+    }
+    void visitTorus3D(VrexTorus3D& torus) override {
+        points = {[c = torus.getCenter(), d = torus.getNormal(), major = torus.getMajorRadius(),
+                   minor = torus.getMinorRadius(), e = across(torus.getNormal())](const double* t) {
+                      const Vector aside = e[0] * std::cos(t[0]) + e[1] * std::sin(t[0]);
+                      return c + aside * (major + minor * std::cos(t[1])) + d * (minor * std::sin(t[1]));
+                  },
+                  {TURN, TURN}};
+    }
+
+private:
+    static constexpr std::array<double, 2> LONG{-20.0, 20.0};
+    static constexpr std::array<double, 2> TURN{0.0, 2.0 * std::numbers::pi};
+};
+
+/// The least distance, good to about 1e-9: the best place of a grid, then steps along the axes of the
+/// parameters and half of them whenever none is better.
+inline double distance(VrexGeometry3D& first, VrexGeometry3D& second) {
+    Reader one;
+    Reader other;
+    first.accept(one);
+    second.accept(other);
+    const std::size_t split = one.points.ranges.size();
+    std::vector<std::array<double, 2>> ranges = one.points.ranges;
+    ranges.insert(ranges.end(), other.points.ranges.begin(), other.points.ranges.end());
+    const std::size_t count = ranges.size();
+    const auto at = [&](const std::vector<double>& t) {
+        return (one.points.at(t.data()) - other.points.at(t.data() + split)).magnitude();
+    };
+    const std::size_t steps = count <= 2 ? 160 : count == 3 ? 48 : 22;
+    std::vector<double> best(count + 1);
+    std::vector<double> here(count + 1);
+    double least = std::numeric_limits<double>::infinity();
+    std::size_t places = 1;
+    for (std::size_t i = 0; i < count; ++i) {
+        places *= steps;
+    }
+    for (std::size_t place = 0; place < places; ++place) {
+        std::size_t rest = place;
+        for (std::size_t i = 0; i < count; ++i) {
+            const double part = (static_cast<double>(rest % steps) + 0.5) / static_cast<double>(steps);
+            here[i] = ranges[i][0] + part * (ranges[i][1] - ranges[i][0]);
+            rest /= steps;
+        }
+        if (const double d = at(here); d < least) {
+            least = d;
+            best = here;
+        }
+    }
+    std::vector<double> velocity(count, 0.0);
+    double step = 0.5;
+    while (step > 1e-9) {
+        const std::vector<double> start = best;
+        for (std::size_t i = 0; i < count; ++i) {
+            for (const double sign : {1.0, -1.0}) {
+                here = best;
+                here[i] += sign * step;
+                if (const double d = at(here); d < least) {
+                    least = d;
+                    best = here;
+                }
+            }
+        }
+        // A narrow valley is followed by what all steps made together.
+        for (std::size_t i = 0; i < count; ++i) {
+            here[i] = 2.0 * best[i] - start[i];
+        }
+        if (const double d = at(here); d < least) {
+            least = d;
+            best = here;
+        } else if (best == start) {
+            step *= 0.5;
+        }
+    }
+    return least;
+}
+
+} // namespace nsNearest

@@ -17,7 +17,11 @@ double nsDirectionRows::senseOf(const VrexConstraint& constraint, const VrexSolv
 
 void nsDirectionRows::addParallel(VrexSolverBuilder& builder, const VrexConstraint& constraint,
                                   const VrexSolverShape& first, const VrexSolverShape& second) {
-    const double sense = senseOf(constraint, first, second);
+    addParallel(builder, senseOf(constraint, first, second), first, second);
+}
+
+void nsDirectionRows::addParallel(VrexSolverBuilder& builder, double sense, const VrexSolverShape& first,
+                                  const VrexSolverShape& second) {
     builder.add(2, [first = &first, second = &second, sense](VrexVariable* rows) {
         // Grows without bounds towards the opposite way, so that a search turns away from it.
         constexpr double least = 1e-3;

@@ -34,6 +34,8 @@ public:
 
     /// False where the one cannot lie in the other.
     bool add() {
+        m_first.keepSigns(m_builder);
+        m_second.keepSigns(m_builder);
         if (m_first.kind() == m_second.kind() && m_first.hasOffset() == m_second.hasOffset()) {
             return addEqual();
         }
@@ -134,9 +136,9 @@ private:
             addParallel();
             addEqualSize(0, length);
             break;
-        case Kind::CONE:
+        case Kind::CONE: // has but one side of its apex
             addOriginOnOrigin();
-            addParallel();
+            nsDirectionRows::addParallel(m_builder, 1.0, *first(), *second());
             addEqualSize(0, 1.0);
             break;
         case Kind::ELLIPSE:
@@ -225,7 +227,7 @@ private:
             addOriginOnAxis();
             addLength([circle = first(), cone = second(), sense = signOf(first()->sizeValue(0))] {
                 const VrexVariable height = cone->axisZ().dotProduct(circle->origin() - cone->origin());
-                return circle->size(0) * sense * cos(cone->size(0)) - height * sin(cone->size(0));
+                return circle->size(0) * sense * cos(cone->size(0)) - height * abs(sin(cone->size(0)));
             });
             return true;
         case Kind::CIRCLE:

@@ -101,19 +101,21 @@ private:
     static constexpr std::array<double, 2> TURN{0.0, 2.0 * std::numbers::pi};
 };
 
+/// Where two are nearest, as parameters of the first and then of the second.
+struct Nearest {
+    double distance;
+    std::vector<double> place;
+};
+
 /// The least distance, good to about 1e-9: the best place of a grid, then steps along the axes of the
 /// parameters and half of them whenever none is better.
-inline double distance(VrexGeometry3D& first, VrexGeometry3D& second) {
-    Reader one;
-    Reader other;
-    first.accept(one);
-    second.accept(other);
-    const std::size_t split = one.points.ranges.size();
-    std::vector<std::array<double, 2>> ranges = one.points.ranges;
-    ranges.insert(ranges.end(), other.points.ranges.begin(), other.points.ranges.end());
+inline Nearest nearest(const Points& first, const Points& second) {
+    const std::size_t split = first.ranges.size();
+    std::vector<std::array<double, 2>> ranges = first.ranges;
+    ranges.insert(ranges.end(), second.ranges.begin(), second.ranges.end());
     const std::size_t count = ranges.size();
     const auto at = [&](const std::vector<double>& t) {
-        return (one.points.at(t.data()) - other.points.at(t.data() + split)).magnitude();
+        return (first.at(t.data()) - second.at(t.data() + split)).magnitude();
     };
     const std::size_t steps = count <= 2 ? 160 : count == 3 ? 48 : 22;
     std::vector<double> best(count + 1);
@@ -135,9 +137,8 @@ inline double distance(VrexGeometry3D& first, VrexGeometry3D& second) {
             best = here;
         }
     }
-    std::vector<double> velocity(count, 0.0);
     double step = 0.5;
-    while (step > 1e-9) {
+    for (int rounds = 0; step > 1e-9 && rounds < 5000; ++rounds) {
         const std::vector<double> start = best;
         for (std::size_t i = 0; i < count; ++i) {
             for (const double sign : {1.0, -1.0}) {
@@ -160,7 +161,30 @@ inline double distance(VrexGeometry3D& first, VrexGeometry3D& second) {
             step *= 0.5;
         }
     }
-    return least;
+    return {least, best};
+}
+
+inline Points pointsOf(VrexGeometry3D& entity) {
+    Reader reader;
+    entity.accept(reader);
+    return reader.points;
+}
+
+inline double distance(VrexGeometry3D& first, VrexGeometry3D& second) {
+    return nearest(pointsOf(first), pointsOf(second)).distance;
+}
+
+/// Two that stand apart, as far as their kinds can: planes are to be turned first.
+inline std::array<std::shared_ptr<VrexGeometry3D>, 2>
+makeApart(VrexGeometry3DType first, VrexGeometry3DType second, RandomShapes& random) {
+    while (true) {
+        const auto one = nsRandomEntities::make(first, random);
+        const auto other = nsRandomEntities::make(second, random);
+        if (first == VrexGeometry3DType::PLANE || second == VrexGeometry3DType::PLANE ||
+            distance(*one, *other) > 0.05) {
+            return {one, other};
+        }
+    }
 }
 
 } // namespace nsNearest

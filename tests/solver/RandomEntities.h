@@ -17,7 +17,7 @@
 /// Entities of each kind that has a shape of its own, at random places and of random sizes.
 namespace nsRandomEntities {
 
-constexpr std::array KINDS{
+inline constexpr std::array KINDS{
     VrexGeometry3DType::POINT,   VrexGeometry3DType::LINE,  VrexGeometry3DType::CIRCLE,
     VrexGeometry3DType::ELLIPSE, VrexGeometry3DType::PLANE, VrexGeometry3DType::CYLINDER,
     VrexGeometry3DType::SPHERE,  VrexGeometry3DType::CONE,  VrexGeometry3DType::TORUS,

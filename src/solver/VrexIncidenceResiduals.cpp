@@ -223,18 +223,30 @@ private:
             addEqualSize(0, m_builder.length());
             return true;
         case Kind::CONE:
-            addParallel();
-            addOriginOnAxis();
-            addLength([circle = first(), cone = second(), sense = signOf(first()->sizeValue(0))] {
-                const VrexVariable height = cone->axisZ().dotProduct(circle->origin() - cone->origin());
-                return circle->size(0) * sense * cos(cone->size(0)) - height * abs(sin(cone->size(0)));
-            });
-            return true;
+            return addCircleOnCone();
         case Kind::CIRCLE:
             return isMeridian() ? addMeridian() : addCircleOfLatitude();
         default:
             return false;
         }
+    }
+
+    bool addCircleOnCone() {
+        addParallel();
+        addOriginOnAxis();
+        const auto height = [circle = first(), cone = second()] {
+            return cone->axisZ().dotProduct(circle->origin() - cone->origin());
+        };
+        const auto radius = [circle = m_first] { return circle.size(0); };
+        addLength([height, radius, cone = second()] {
+            return radius() * cos(cone->size(0)) - height() * abs(sin(cone->size(0)));
+        });
+        // Along the generator, from the apex on.
+        const auto reach = [height, radius, cone = second()] {
+            return height() * cos(cone->size(0)) + radius() * abs(sin(cone->size(0)));
+        };
+        m_builder.addLimits({0.0, {}}, reach, m_builder.length());
+        return true;
     }
 
     bool addCircleOnSphere() {

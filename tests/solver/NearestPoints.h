@@ -8,6 +8,9 @@
 #include <numbers>
 #include <vector>
 
+#include <Eigen/Cholesky>
+#include <Eigen/Core>
+
 #include "data/VrexVisitor3D.h"
 #include "solver/RandomEntities.h"
 
@@ -107,16 +110,51 @@ struct Nearest {
     std::vector<double> place;
 };
 
-/// The least distance, good to about 1e-9: the best place of a grid, then steps along the axes of the
-/// parameters and half of them whenever none is better.
+/// Goes on to where `between` is shortest, by damped steps with derivatives from differences: what follows a
+/// valley to its end.
+template <class Between>
+Nearest refine(const Between& between, Nearest nearest, std::size_t count) {
+    constexpr double step = 1e-6;
+    const auto columns = static_cast<Eigen::Index>(count);
+    double damping = 1e-3;
+    for (int round = 0; round < 300 && damping < 1e12 && count > 0; ++round) {
+        const Vector gap = between(nearest.place);
+        Eigen::MatrixXd slopes(3, columns);
+        for (Eigen::Index i = 0; i < columns; ++i) {
+            std::vector<double> ahead = nearest.place;
+            std::vector<double> behind = nearest.place;
+            ahead[static_cast<std::size_t>(i)] += step;
+            behind[static_cast<std::size_t>(i)] -= step;
+            const Vector slope = (between(ahead) - between(behind)) / (2.0 * step);
+            slopes.col(i) << slope.x(), slope.y(), slope.z();
+        }
+        const Eigen::Vector3d value(gap.x(), gap.y(), gap.z());
+        const Eigen::MatrixXd normal =
+            slopes.transpose() * slopes + damping * Eigen::MatrixXd::Identity(columns, columns);
+        const Eigen::VectorXd move = normal.ldlt().solve(-slopes.transpose() * value);
+        Nearest there = nearest;
+        for (Eigen::Index i = 0; i < columns; ++i) {
+            there.place[static_cast<std::size_t>(i)] += move[i];
+        }
+        there.distance = between(there.place).magnitude();
+        const bool hasGained = there.distance < nearest.distance;
+        damping *= hasGained ? 0.1 : 10.0;
+        nearest = hasGained ? there : nearest;
+    }
+    return nearest;
+}
+
+/// The least distance: from the best place of a grid along the axes of the parameters, with shorter steps
+/// whenever none is better, and then by `refine`.
 inline Nearest nearest(const Points& first, const Points& second) {
     const std::size_t split = first.ranges.size();
     std::vector<std::array<double, 2>> ranges = first.ranges;
     ranges.insert(ranges.end(), second.ranges.begin(), second.ranges.end());
     const std::size_t count = ranges.size();
-    const auto at = [&](const std::vector<double>& t) {
-        return (first.at(t.data()) - second.at(t.data() + split)).magnitude();
+    const auto between = [&](const std::vector<double>& t) {
+        return first.at(t.data()) - second.at(t.data() + split);
     };
+    const auto at = [&](const std::vector<double>& t) { return between(t).magnitude(); };
     const std::size_t steps = count <= 2 ? 160 : count == 3 ? 48 : 22;
     std::vector<double> best(count + 1);
     std::vector<double> here(count + 1);
@@ -138,7 +176,7 @@ inline Nearest nearest(const Points& first, const Points& second) {
         }
     }
     double step = 0.5;
-    for (int rounds = 0; step > 1e-9 && rounds < 5000; ++rounds) {
+    for (int rounds = 0; step > 1e-6 && rounds < 300; ++rounds) {
         const std::vector<double> start = best;
         for (std::size_t i = 0; i < count; ++i) {
             for (const double sign : {1.0, -1.0}) {
@@ -161,7 +199,7 @@ inline Nearest nearest(const Points& first, const Points& second) {
             step *= 0.5;
         }
     }
-    return {least, best};
+    return refine(between, {least, best}, count);
 }
 
 inline Points pointsOf(VrexGeometry3D& entity) {
@@ -174,14 +212,19 @@ inline double distance(VrexGeometry3D& first, VrexGeometry3D& second) {
     return nearest(pointsOf(first), pointsOf(second)).distance;
 }
 
-/// Two that stand apart, as far as their kinds can: planes are to be turned first.
+/// Two that stand apart, as far as their kinds can: what has no end crosses a plane unless it is turned.
 inline std::array<std::shared_ptr<VrexGeometry3D>, 2>
 makeApart(VrexGeometry3DType first, VrexGeometry3DType second, RandomShapes& random) {
+    using enum VrexGeometry3DType;
+    const auto isEndless = [](VrexGeometry3DType kind) {
+        return kind == PLANE || kind == LINE || kind == CYLINDER || kind == CONE;
+    };
+    const bool mayCross =
+        (first == PLANE && isEndless(second)) || (second == PLANE && isEndless(first));
     while (true) {
         const auto one = nsRandomEntities::make(first, random);
         const auto other = nsRandomEntities::make(second, random);
-        if (first == VrexGeometry3DType::PLANE || second == VrexGeometry3DType::PLANE ||
-            distance(*one, *other) > 0.05) {
+        if (mayCross || distance(*one, *other) > 0.05) {
             return {one, other};
         }
     }

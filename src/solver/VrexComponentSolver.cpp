@@ -25,6 +25,9 @@ std::string kindOf(const VrexBaseConstraint& constraint) {
     return known != nullptr ? nsEnum::toText(known->type()) : "Equation";
 }
 
+/// Contacts that move that often go from side to side for ever.
+constexpr int MOST_CONTACT_MOVES = 20;
+
 /// One component on its way.
 class Work {
 public:
@@ -78,15 +81,24 @@ private:
                 system.bodies() = start;
                 disturb(attempt);
             }
-            const VrexLeastSquaresResult result = method.solve(system, false);
-            m_report.iterations += result.iterations;
-            m_report.largestResidual = result.largestResidual;
-            m_report.isConverged = result.isConverged;
-            m_report.isCancelled = result.isCancelled;
-            if (result.isConverged || result.isCancelled) {
+            search(method);
+            // Contacts that moved open a search from where the bodies are now.
+            for (int again = 0; m_report.isConverged && m_builder.moveContacts(); ++again) {
+                search(method);
+                m_report.isConverged = m_report.isConverged && again < MOST_CONTACT_MOVES;
+            }
+            if (m_report.isConverged || m_report.isCancelled) {
                 return;
             }
         }
+    }
+
+    void search(const VrexLeastSquares& method) {
+        const VrexLeastSquaresResult result = method.solve(m_model.system(), false);
+        m_report.iterations += result.iterations;
+        m_report.largestResidual = result.largestResidual;
+        m_report.isConverged = result.isConverged;
+        m_report.isCancelled = result.isCancelled;
     }
 
     /// A start from which a search may go another way: half turns and points on each other are saddles.

@@ -27,6 +27,17 @@ Reach combine(const Cylindrical& place, const VrexVariable& across, const VrexSo
     return reachOf(way, nsContactFormulas::valueOf(place.aside.direction));
 }
 
+Reach fromCone(const VrexSolverShape& shape, const Vector& point) {
+    const Cylindrical place = about(shape, point);
+    const VrexVariable cosine = cos(shape.size(0));
+    const VrexVariable sine = abs(sin(shape.size(0))); // an angle below zero means the same cone
+    if (place.height * cosine + place.aside.length * sine < 0.0) {
+        return reachOf(point - shape.origin(), -shape.frame().axes[2]);
+    }
+    return {place.aside.length * cosine - place.height * sine,
+            place.aside.direction * cosine - shape.axisZ() * sine};
+}
+
 } // namespace
 
 Vector nsContactFormulas::constant(const VrexVector3DT<double>& v) { return {v.x(), v.y(), v.z()}; }
@@ -56,16 +67,10 @@ Reach nsContactFormulas::reachFrom(const VrexSolverCore& core, const Vector& poi
         return {shape.axisZ().dotProduct(point - shape.origin()), shape.axisZ()};
     case VrexSolverCore::Kind::CIRCLE: {
         const Cylindrical place = about(shape, point);
-        const VrexVariable radius = shape.size(0) * (isOpposite ? -1.0 : 1.0);
-        return combine(place, place.aside.length - radius, shape);
+        return combine(place, place.aside.length - core.size(0) * (isOpposite ? -1.0 : 1.0), shape);
     }
-    case VrexSolverCore::Kind::CONE: {
-        const Cylindrical place = about(shape, point);
-        const VrexVariable cosine = cos(shape.size(0));
-        const VrexVariable sine = sin(shape.size(0));
-        return {place.aside.length * cosine - place.height * sine,
-                place.aside.direction * cosine - shape.axisZ() * sine};
-    }
+    case VrexSolverCore::Kind::CONE:
+        return fromCone(shape, point);
     case VrexSolverCore::Kind::ELLIPSE:
         break;
     }
@@ -83,15 +88,15 @@ nsContactFormulas::Rows nsContactFormulas::touchRows(const VrexSolverCore& core,
         return {{shape.axisX().dotProduct(arm), shape.axisY().dotProduct(arm), {}}, 2};
     case VrexSolverCore::Kind::CIRCLE: {
         const Cylindrical place = about(shape, point);
-        return {{place.aside.length - shape.size(0) * (isOpposite ? -1.0 : 1.0), place.height, {}}, 2};
+        return {{place.aside.length - core.size(0) * (isOpposite ? -1.0 : 1.0), place.height, {}}, 2};
     }
     case VrexSolverCore::Kind::ELLIPSE: {
         // |(a cos t, b sin t) - place| along the ray from the centre, where t is the angle of the place after
         // the ellipse is stretched into a circle.
         const VrexVariable x = shape.axisX().dotProduct(arm);
         const VrexVariable y = shape.axisY().dotProduct(arm);
-        const Reach stretched = reachOf({x / shape.size(0), y / shape.size(1), 0.0}, {1.0, 0.0, 0.0});
-        return {{(stretched.length - 1.0) * shape.size(1), shape.axisZ().dotProduct(arm), {}}, 2};
+        const Reach stretched = reachOf({x / core.size(0), y / core.size(1), 0.0}, {1.0, 0.0, 0.0});
+        return {{(stretched.length - 1.0) * core.size(1), shape.axisZ().dotProduct(arm), {}}, 2};
     }
     case VrexSolverCore::Kind::PLANE:
     case VrexSolverCore::Kind::CONE:

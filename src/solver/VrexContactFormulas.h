@@ -28,8 +28,8 @@ Reach reachOf(const Vector& v, const VrexVector3DT<double>& fallback);
 ///
 ///   circle   hypot(rho - R, h), with h the height over its plane, rho the distance from its axis;
 ///            hypot(rho + R, h) to the point of it that lies opposite
-///   cone     rho cos(alpha) - h sin(alpha), with h the height over the apex: from the cone prolonged beyond
-///            its apex, as if it had no end there
+///   cone     rho cos(alpha) - h sin(alpha), with h the height over the apex; behind the apex, where no
+///            generator is near, the distance from the apex
 Reach reachFrom(const VrexSolverCore& core, const Vector& point, bool isOpposite);
 
 /// Numbers that are zero where `point` lies on the core, as many as that takes degrees of freedom; lengths.

@@ -52,6 +52,8 @@ VrexContactGap::VrexContactGap(VrexSolverBuilder& builder, const VrexConstraint3
 }
 
 VrexContactGap::Measure VrexContactGap::build() {
+    m_first.core.keepSigns(m_builder);
+    m_second.core.keepSigns(m_builder);
     const Kind first = m_first.core.kind();
     switch (m_second.core.kind()) {
     case Kind::LINE:
@@ -114,11 +116,9 @@ VrexContactGap::Measure VrexContactGap::parallelLines() {
         });
         return {};
     }
-    return withSigns(
-        [first = &firstShape(), second = m_second.core.withoutOffset()] {
-            return reachFrom(second, first->origin(), false).length;
-        },
-        false, {});
+    return withSigns([first = &firstShape(), second = m_second.core.withoutOffset()] {
+        return reachFrom(second, first->origin(), false).length;
+    });
 }
 
 VrexContactGap::Measure VrexContactGap::skewLines() {
@@ -128,16 +128,16 @@ VrexContactGap::Measure VrexContactGap::skewLines() {
             .direction.dotProduct(second->origin() - first->origin());
     };
     const double side = distance().value() < 0.0 ? -1.0 : 1.0;
-    return withSigns([distance, side] { return distance() * side; }, false, {});
+    return withSigns([distance, side] { return distance() * side; });
 }
 
 VrexContactGap::Measure VrexContactGap::lineAndPlane() {
     if (!isHeldParallel()) {
         nsDirectionRows::addPerpendicular(m_builder, firstShape(), secondShape());
     }
-    return withSigns([first = &firstShape(),
-                      second = m_second.core] { return reachFrom(second, first->origin(), false).length; },
-                     true, {});
+    return withSigns([first = &firstShape(), second = m_second.core] {
+        return reachFrom(second, first->origin(), false).length;
+    });
 }
 
 /// A circle or an ellipse reaches sqrt((a n.x)^2 + (b n.y)^2) to each side of its centre.
@@ -208,188 +208,16 @@ bool VrexContactGap::isBareTouch() const {
            second != Kind::CONE;
 }
 
-double VrexContactGap::tangencyCost(const VrexSolverContact& contact, std::size_t parameters) const {
-    const auto reach = reachFrom(m_second.core, contact.point, false);
-    double least = INFINITY;
-    for (const Signs& signs : candidates()) {
-        const double gap = signs.core * reach.length.value() + signs.first * m_first.core.offset().value() +
-                           signs.second * m_second.core.offset().value();
-        least = std::min(least, gap * gap);
-    }
-    for (std::size_t i = 0; i < parameters; ++i) {
-        const double slope = reach.direction.dotProduct(contact.tangents[i]).value() * m_builder.length();
-        least += slope * slope;
-    }
-    return least;
-}
-
-/// Looks for the point of contact: at the help point, else where the two are nearest to touching.
-void VrexContactGap::start(const VrexContactPath& path) {
-    nsContactPaths::scan({path}, [&] {
-        const VrexSolverContact contact = path.contact();
-        if (m_first.helpPoint.has_value()) {
-            return (nsContactFormulas::valueOf(contact.point) - *m_first.helpPoint).magnitudeSquared();
-        }
-        if (m_isTouch && !isBareTouch()) {
-            return tangencyCost(contact, path.parameterCount());
-        }
-        return std::abs(reachFrom(m_second.core, contact.point, false).length.value());
+/// Chooses the signs for a distance between cores that has no point of contact.
+VrexContactGap::Measure VrexContactGap::withSigns(const Measure& distance) const {
+    const double now = distance().value();
+    const double radius1 = m_first.core.offset().value();
+    const double radius2 = m_second.core.offset().value();
+    const auto all = VrexContactSigns::candidates(m_first.core, m_second.core, m_constraint.orientation());
+    const auto signs = *std::max_element(all.begin(), all.end(), [&](const auto& a, const auto& b) {
+        return a.gap(now, radius1, radius2) < b.gap(now, radius1, radius2);
     });
-}
-
-/// Whether the far side of the second, a circle, counts.
-bool VrexContactGap::chooseOpposite(const VrexContactPath& path) {
-    if (m_second.core.kind() != Kind::CIRCLE) {
-        return false;
-    }
-    const VrexSolverContact contact = path.contact();
-    const auto arm = nsContactFormulas::valueOf(contact.point) - secondShape().frame().origin;
-    if (m_second.helpPoint.has_value()) {
-        const auto axis = secondShape().frame().axes[2];
-        const auto aside = arm - axis * axis.dotProduct(arm);
-        return aside.dotProduct(*m_second.helpPoint - secondShape().frame().origin) < 0.0;
-    }
-    if (!m_isTouch) {
-        return false;
-    }
-    const auto gap = [&](bool isOpposite) {
-        const double distance = reachFrom(m_second.core, contact.point, isOpposite).length.value();
-        const Signs signs = signsOf(distance, false, {});
-        return std::abs(signs.core * distance + signs.first * m_first.core.offset().value() +
-                        signs.second * m_second.core.offset().value());
-    };
-    return gap(true) < gap(false);
-}
-
-VrexContactGap::Measure VrexContactGap::pathAndReach() {
-    const VrexContactPath path = nsContactPaths::on(m_builder, m_first.core, secondShape().frame().origin);
-    start(path);
-    const bool isOpposite = chooseOpposite(path);
-    const auto reach = [path, second = m_second.core, isOpposite] {
-        return reachFrom(second, path.contact().point, isOpposite);
-    };
-    const std::size_t count = path.parameterCount();
-    if (isBareTouch()) {
-        const double length = m_builder.length();
-        const auto touch = [path, second = m_second.core, isOpposite, length](VrexVariable* rows) {
-            const auto place = nsContactFormulas::touchRows(second, path.contact().point, isOpposite);
-            for (std::size_t i = 0; i < place.count; ++i) {
-                rows[i] = place.rows[i] / length;
-            }
-        };
-        const std::size_t rows =
-            nsContactFormulas::touchRows(m_second.core, path.contact().point, isOpposite).count;
-        nsContactPaths::settle({path}, rows, touch);
-        m_builder.add(rows, touch);
-        return {};
-    }
-    if (count > 0) {
-        const auto stay = [path, second = m_second.core, isOpposite, count](VrexVariable* rows) {
-            const VrexSolverContact contact = path.contact();
-            const Vector way = reachFrom(second, contact.point, isOpposite).direction;
-            for (std::size_t i = 0; i < count; ++i) {
-                rows[i] = way.dotProduct(contact.tangents[i]);
-            }
-        };
-        nsContactPaths::settle({path}, count, stay);
-        m_builder.add(count, stay);
-    }
-    std::array<std::optional<bool>, 2> isNear;
-    const auto place = nsContactFormulas::valueOf(path.contact().point);
-    const auto now = reach();
-    const auto way = nsContactFormulas::valueOf(now.direction);
-    if (m_first.helpPoint.has_value() && m_first.core.hasOffset()) {
-        isNear[0] = (*m_first.helpPoint - place).dotProduct(way) * now.length.value() < 0.0;
-    }
-    if (m_second.helpPoint.has_value() && m_second.core.hasOffset()) {
-        const auto foot = place - way * now.length.value();
-        isNear[1] = (*m_second.helpPoint - foot).dotProduct(way) > 0.0;
-    }
-    const bool isSigned = m_second.core.kind() == Kind::PLANE || m_second.core.kind() == Kind::CONE;
-    return withSigns([reach] { return reach().length; }, isSigned, isNear);
-}
-
-/// Both carry a point of contact: p - q is at a right angle to both, or they are one.
-VrexContactGap::Measure VrexContactGap::paths() {
-    const VrexContactPath first = nsContactPaths::on(m_builder, m_first.core, secondShape().frame().origin);
-    const VrexContactPath second = nsContactPaths::on(m_builder, m_second.core, firstShape().frame().origin);
-    nsContactPaths::scan({first, second}, [&] {
-        const auto p = nsContactFormulas::valueOf(first.contact().point);
-        const auto q = nsContactFormulas::valueOf(second.contact().point);
-        double cost = m_first.helpPoint || m_second.helpPoint ? 0.0 : (p - q).magnitudeSquared();
-        cost += m_first.helpPoint ? (p - *m_first.helpPoint).magnitudeSquared() : 0.0;
-        return cost + (m_second.helpPoint ? (q - *m_second.helpPoint).magnitudeSquared() : 0.0);
-    });
-    const auto between = [first, second] { return second.contact().point - first.contact().point; };
-    if (m_isTouch) {
-        const auto meet = [between, length = m_builder.length()](VrexVariable* rows) {
-            const Vector gap = between() / length;
-            rows[0] = gap.x();
-            rows[1] = gap.y();
-            rows[2] = gap.z();
-        };
-        nsContactPaths::settle({first, second}, 3, meet);
-        m_builder.add(3, meet);
-        return {};
-    }
-    const auto fallback = firstShape().frame().axes[2];
-    const auto stay = [first, second, fallback](VrexVariable* rows) {
-        const VrexSolverContact p = first.contact();
-        const VrexSolverContact q = second.contact();
-        const Vector way = reachOf(q.point - p.point, fallback).direction;
-        rows[0] = way.dotProduct(p.tangents[0]);
-        rows[1] = way.dotProduct(q.tangents[0]);
-    };
-    nsContactPaths::settle({first, second}, 2, stay);
-    m_builder.add(2, stay);
-    return [between, fallback] { return reachOf(between(), fallback).length; };
-}
-
-std::vector<VrexContactGap::Signs> VrexContactGap::candidates() const {
-    std::vector<Signs> result;
-    const bool isInside = m_constraint.orientation() == VrexConstraintOrientation::Negative;
-    const bool hasOffset = m_first.core.hasOffset() || m_second.core.hasOffset();
-    if (!isInside || !hasOffset) {
-        result.push_back({1.0, -1.0, -1.0});
-    }
-    if (m_constraint.orientation() == VrexConstraintOrientation::Positive) {
-        return result;
-    }
-    if (m_first.core.hasOffset()) {
-        result.push_back({-1.0, 1.0, -1.0});
-    }
-    if (m_second.core.hasOffset()) {
-        result.push_back({-1.0, -1.0, 1.0});
-    }
-    return result;
-}
-
-VrexContactGap::Signs VrexContactGap::signsOf(double distance, bool isSigned,
-                                              std::array<std::optional<bool>, 2> isNear) const {
-    const double first = m_first.core.offset().value();
-    const double second = m_second.core.offset().value();
-    const auto gap = [&](const Signs& s) { return s.core * distance + s.first * first + s.second * second; };
-    if (isSigned) {
-        return {sideOf(distance), isNear[0].value_or(true) ? -1.0 : 1.0, -1.0};
-    }
-    if (isNear[0].has_value() || isNear[1].has_value()) {
-        Signs signs{1.0, isNear[0].value_or(true) ? -1.0 : 1.0, isNear[1].value_or(true) ? -1.0 : 1.0};
-        const bool areBoth = m_first.core.hasOffset() && m_second.core.hasOffset();
-        const bool areOutside = areBoth && signs.first < 0.0 && signs.second < 0.0;
-        return gap(signs) >= 0.0 || areOutside ? signs : Signs{-1.0, -signs.first, -signs.second};
-    }
-    const auto all = candidates();
-    return *std::max_element(all.begin(), all.end(),
-                             [&](const Signs& a, const Signs& b) { return gap(a) < gap(b); });
-}
-
-VrexContactGap::Measure VrexContactGap::withSigns(const Measure& distance, bool isSigned,
-                                                  std::array<std::optional<bool>, 2> isNear) {
-    const Signs signs = signsOf(distance().value(), isSigned, isNear);
     return [distance, signs, first = m_first.core, second = m_second.core] {
-        VrexVariable gap = distance() * signs.core;
-        gap += first.offset() * signs.first;
-        gap += second.offset() * signs.second;
-        return gap;
+        return signs.gap(distance(), first.offset(), second.offset());
     };
 }

@@ -1,15 +1,12 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <memory>
 #include <optional>
-#include <vector>
 
 #include "data/constraint/VrexConstraintAlignment.h"
 #include "data/constraint/VrexConstraintOrientation.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactPath.h"
+#include "solver/VrexContactSigns.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
 
@@ -25,7 +22,8 @@ class VrexConstraint3D;
 /// of two opposite places of its entity counts, the nearest one or the farthest.
 ///
 /// Where there is no closed form the gap has a point of contact p(t) with parameters of its own, held where
-/// the distance f from the other entity does not change: grad f . dp/dt = 0.
+/// the distance f from the other entity does not change: grad f . dp/dt = 0. Of a distance it is the nearest
+/// one, also in the end, unless a help point says which.
 class VrexContactGap {
 public:
     using Measure = VrexSolverBuilder::Measure;
@@ -43,14 +41,7 @@ private:
         VrexSolverCore core;
         std::optional<VrexVector3DT<double>> helpPoint;
     };
-    /// The factors of the distance between the cores and of the radii.
-    struct Signs {
-        double core;
-        double first;
-        double second;
-    };
 
-    void order();
     Measure lines();
     Measure parallelLines();
     Measure skewLines();
@@ -58,17 +49,25 @@ private:
     Measure rimAndPlane();
     Measure coneAndPlane();
     Measure planes();
+
     Measure pathAndReach();
+    Measure touch(const VrexContactPath& path);
+    VrexContactSigns startAtHelp(const VrexContactPath& path) const;
+    VrexContactSigns startTouching(const VrexContactPath& path) const;
+    VrexContactSigns startNearest(const VrexContactPath& path) const;
+    VrexSolverBuilder::Rows stay(const VrexContactPath& path, const VrexContactSigns& signs) const;
+    double touchCost(const VrexContactPath& path, const VrexContactSigns& signs) const;
+    VrexContactSigns signsByHelp(const VrexSolverContact& contact) const;
+
     Measure paths();
-    void start(const VrexContactPath& path);
-    bool chooseOpposite(const VrexContactPath& path);
-    double tangencyCost(const VrexSolverContact& contact, std::size_t parameters) const;
-    bool isBareTouch() const;
-    Measure withSigns(const Measure& distance, bool isSigned, std::array<std::optional<bool>, 2> isNear);
-    Signs signsOf(double distance, bool isSigned, std::array<std::optional<bool>, 2> isNear) const;
-    std::vector<Signs> candidates() const;
+    Measure meet(const VrexContactPath& first, const VrexContactPath& second);
+    double pathsCost(const VrexContactPath& first, const VrexContactPath& second) const;
+
+    Measure withSigns(const Measure& distance) const;
     double sideOf(double value) const;
     bool isHeldParallel() const;
+    bool isBareTouch() const;
+    bool hasHelp() const { return m_first.helpPoint.has_value() || m_second.helpPoint.has_value(); }
     const VrexSolverShape& firstShape() const { return m_first.core.shape(); }
     const VrexSolverShape& secondShape() const { return m_second.core.shape(); }
 

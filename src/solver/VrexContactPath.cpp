@@ -1,5 +1,6 @@
 #include "solver/VrexContactPath.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -21,11 +22,11 @@ VrexContactPath onLine(VrexSolverBuilder& builder, const VrexSolverShape& shape,
                        const VrexVector3DT<double>& near) {
     const auto help = builder.addHelp({true, false}, {true, false});
     const double middle = shape.frame().coordinatesOf(near).z();
-    const double reach = 2.0 * builder.length();
+    const double reach = 4.0 * builder.length();
     help.body->setSize(0, middle, true);
     const auto contact = [&shape, parameter = help.shape] {
         const Vector axis = shape.axisZ();
-        return VrexSolverContact{shape.origin() + axis * parameter->size(0), {axis, Vector()}};
+        return VrexSolverContact{shape.origin() + axis * parameter->size(0), {axis, Vector()}, 1.0};
     };
     return {contact, help.body, {{middle - reach, middle + reach}}};
 }
@@ -37,8 +38,8 @@ VrexContactPath onCircle(VrexSolverBuilder& builder, const VrexSolverShape& shap
         const VrexVariable sine = sin(parameter->size(0));
         const Vector x = shape.axisX();
         const Vector y = shape.axisY();
-        return VrexSolverContact{shape.origin() + (x * cosine + y * sine) * shape.size(0),
-                                 {y * cosine - x * sine, Vector()}};
+        return VrexSolverContact{
+            shape.origin() + (x * cosine + y * sine) * shape.size(0), {y * cosine - x * sine, Vector()}, 1.0};
     };
     return {contact, help.body, {FULL_TURN}};
 }
@@ -53,7 +54,8 @@ VrexContactPath onEllipse(VrexSolverBuilder& builder, const VrexSolverShape& sha
         const Vector tangent = y * cosine - x * sine;
         return VrexSolverContact{
             shape.origin() + x * cosine + y * sine,
-            {nsContactFormulas::reachOf(tangent, shape.frame().axes[1]).direction, Vector()}};
+            {nsContactFormulas::reachOf(tangent, shape.frame().axes[1]).direction, Vector()},
+            1.0};
     };
     return {contact, help.body, {FULL_TURN}};
 }
@@ -62,17 +64,20 @@ VrexContactPath onCone(VrexSolverBuilder& builder, const VrexSolverShape& shape,
                        const VrexVector3DT<double>& near) {
     const auto help = builder.addHelp({true, true}, {false, true});
     const double farthest = (near - shape.frame().origin).magnitude() + 2.0 * builder.length();
-    const auto contact = [&shape, parameter = help.shape] {
+    const double length = builder.length();
+    const auto contact = [&shape, parameter = help.shape, length] {
         const VrexVariable cosine = cos(parameter->size(0));
         const VrexVariable sine = sin(parameter->size(0));
+        const VrexVariable weight = parameter->size(1) / length;
         const Vector x = shape.axisX();
         const Vector y = shape.axisY();
         const Vector generator =
             shape.axisZ() * cos(shape.size(0)) + (x * cosine + y * sine) * sin(shape.size(0));
-        return VrexSolverContact{shape.origin() + generator * parameter->size(1),
-                                 {y * cosine - x * sine, generator}};
+        return VrexSolverContact{shape.origin() + generator * (square(weight) * length),
+                                 {y * cosine - x * sine, generator},
+                                 weight};
     };
-    return {contact, help.body, {FULL_TURN, {0.0, farthest}}};
+    return {contact, help.body, {FULL_TURN, {0.0, std::sqrt(farthest * length)}}};
 }
 
 /// The parameters of several paths in a row.
@@ -139,6 +144,15 @@ void shift(const std::vector<Slot>& slots, const Eigen::VectorXd& step) {
     }
 }
 
+/// A search that leaves the ranges by far follows what vanishes at infinity.
+bool areNear(const std::vector<Slot>& slots) {
+    return std::all_of(slots.begin(), slots.end(), [](const Slot& slot) {
+        const double span = slot.range.high - slot.range.low;
+        const double value = slot.body->size(slot.index);
+        return value > slot.range.low - span && value < slot.range.high + span;
+    });
+}
+
 } // namespace
 
 VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverCore& core,
@@ -154,7 +168,7 @@ VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverC
     case VrexSolverCore::Kind::CONE:
         return onCone(builder, shape, near);
     default:
-        return {[&shape] { return VrexSolverContact{shape.origin(), {}}; }, nullptr, {}};
+        return {[&shape] { return VrexSolverContact{shape.origin(), {}, 1.0}; }, nullptr, {}};
     }
 }
 
@@ -163,7 +177,7 @@ void nsContactPaths::scan(const std::vector<VrexContactPath>& paths, const std::
     if (slots.empty()) {
         return;
     }
-    constexpr std::size_t stepsBySlots[] = {1, 72, 36, 16, 9};
+    constexpr std::size_t stepsBySlots[] = {1, 144, 60, 16, 9};
     const std::size_t steps = stepsBySlots[slots.size()];
     std::size_t places = 1;
     for (std::size_t i = 0; i < slots.size(); ++i) {
@@ -197,7 +211,7 @@ void nsContactPaths::settle(const std::vector<VrexContactPath>& paths, std::size
         for (double part = 1.0; step.allFinite() && !hasGained && part >= shortest; part *= 0.5) {
             shift(slots, step * part);
             Linear there = linearize(slots, rows, evaluate);
-            hasGained = there.values.squaredNorm() < here.values.squaredNorm();
+            hasGained = areNear(slots) && there.values.squaredNorm() < here.values.squaredNorm();
             hasGained ? std::swap(here, there) : shift(slots, step * -part);
         }
         if (!hasGained) {

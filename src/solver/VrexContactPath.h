@@ -12,6 +12,8 @@
 struct VrexSolverContact {
     VrexSolverShape::Vector point;
     std::array<VrexSolverShape::Vector, 2> tangents;
+    /// How fast the parameters take it there: zero at the apex of a cone, which is an end.
+    VrexVariable weight = 1.0;
 };
 
 /// A point that runs on an entity, by no, one or two parameters of its own.
@@ -38,7 +40,7 @@ namespace nsContactPaths {
 ///   line     o + t z
 ///   circle   c + R (cos t x + sin t y)
 ///   ellipse  c + a cos t x + b sin t y
-///   cone     apex + v (cos(alpha) z + sin(alpha) (cos u x + sin u y))
+///   cone     apex + v (cos(alpha) z + sin(alpha) (cos u x + sin u y)), v = w^2 / length
 VrexContactPath on(VrexSolverBuilder& builder, const VrexSolverCore& core, const VrexVector3DT<double>& near);
 
 /// Sets all parameters of the paths to where, of a grid of places, `cost` is least.

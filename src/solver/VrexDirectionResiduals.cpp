@@ -119,8 +119,8 @@ void nsDirectionResiduals::add(VrexSolverBuilder& builder, VrexAngle3D& angle) {
         return (between * fold.sign + (fold.shift - offset)) * turned;
     };
     if (builder.model().isNumber(angle) && isParallel(wanted)) {
-        nsDirectionRows::addParallel(builder, *directions.first, *directions.second,
-                                     wanted < 0.5 * std::numbers::pi ? sense : -sense);
+        nsDirectionRows::addParallel(builder, wanted < 0.5 * std::numbers::pi ? sense : -sense,
+                                     *directions.first, *directions.second);
         nsDimensionResiduals::add(builder, angle, {}, 1.0);
         return;
     }

@@ -14,8 +14,8 @@ double nsDirectionRows::senseOf(const VrexConstraint& constraint, const VrexSolv
                                        first.frame().axes[2].dotProduct(second.frame().axes[2]));
 }
 
-void nsDirectionRows::addParallel(VrexSolverBuilder& builder, const VrexSolverShape& first,
-                                  const VrexSolverShape& second, double sense) {
+void nsDirectionRows::addParallel(VrexSolverBuilder& builder, double sense, const VrexSolverShape& first,
+                                  const VrexSolverShape& second) {
     builder.add(2, [first = &first, second = &second, sense](VrexVariable* rows) {
         const auto axis = second->axisZ() * sense;
         rows[0] = nsSolverDirections::tilt(*first, axis, 0);
@@ -25,7 +25,7 @@ void nsDirectionRows::addParallel(VrexSolverBuilder& builder, const VrexSolverSh
 
 void nsDirectionRows::addParallel(VrexSolverBuilder& builder, const VrexConstraint& constraint,
                                   const VrexSolverShape& first, const VrexSolverShape& second) {
-    addParallel(builder, first, second, senseOf(constraint, first, second));
+    addParallel(builder, senseOf(constraint, first, second), first, second);
 }
 
 void nsDirectionRows::addPerpendicular(VrexSolverBuilder& builder, const VrexSolverShape& first,

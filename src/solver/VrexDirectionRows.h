@@ -14,11 +14,10 @@ bool isAsked(const VrexConstraint& constraint);
 /// 1 for axes that are to point the same way, -1 for opposite ones: by the alignment, else as they stand.
 double senseOf(const VrexConstraint& constraint, const VrexSolverShape& first, const VrexSolverShape& second);
 
-/// Makes the axes parallel, pointing the same way for a `sense` of 1, opposite ways for -1.
-void addParallel(VrexSolverBuilder& builder, const VrexSolverShape& first, const VrexSolverShape& second,
-                 double sense);
-/// In the sense of `senseOf`.
+/// Makes the axes parallel, in the sense of `senseOf` or in this one; the opposite one is no solution.
 void addParallel(VrexSolverBuilder& builder, const VrexConstraint& constraint, const VrexSolverShape& first,
+                 const VrexSolverShape& second);
+void addParallel(VrexSolverBuilder& builder, double sense, const VrexSolverShape& first,
                  const VrexSolverShape& second);
 
 /// Puts the axes at a right angle.

@@ -34,6 +34,8 @@ public:
 
     /// False where the one cannot lie in the other.
     bool add() {
+        m_first.keepSigns(m_builder);
+        m_second.keepSigns(m_builder);
         if (m_first.kind() == m_second.kind() && m_first.hasOffset() == m_second.hasOffset()) {
             return addEqual();
         }
@@ -134,9 +136,9 @@ private:
             addParallel();
             addEqualSize(0, length);
             break;
-        case Kind::CONE:
+        case Kind::CONE: // has but one side of its apex
             addOriginOnOrigin();
-            addParallel();
+            nsDirectionRows::addParallel(m_builder, 1.0, *first(), *second());
             addEqualSize(0, 1.0);
             break;
         case Kind::ELLIPSE:
@@ -221,18 +223,30 @@ private:
             addEqualSize(0, m_builder.length());
             return true;
         case Kind::CONE:
-            addParallel();
-            addOriginOnAxis();
-            addLength([circle = first(), cone = second(), sense = signOf(first()->sizeValue(0))] {
-                const VrexVariable height = cone->axisZ().dotProduct(circle->origin() - cone->origin());
-                return circle->size(0) * sense * cos(cone->size(0)) - height * sin(cone->size(0));
-            });
-            return true;
+            return addCircleOnCone();
         case Kind::CIRCLE:
             return isMeridian() ? addMeridian() : addCircleOfLatitude();
         default:
             return false;
         }
+    }
+
+    bool addCircleOnCone() {
+        addParallel();
+        addOriginOnAxis();
+        const auto height = [circle = first(), cone = second()] {
+            return cone->axisZ().dotProduct(circle->origin() - cone->origin());
+        };
+        const auto radius = [circle = m_first] { return circle.size(0); };
+        addLength([height, radius, cone = second()] {
+            return radius() * cos(cone->size(0)) - height() * abs(sin(cone->size(0)));
+        });
+        // Along the generator, from the apex on.
+        const auto reach = [height, radius, cone = second()] {
+            return height() * cos(cone->size(0)) + radius() * abs(sin(cone->size(0)));
+        };
+        m_builder.addLimits({0.0, {}}, reach, m_builder.length());
+        return true;
     }
 
     bool addCircleOnSphere() {

@@ -71,6 +71,14 @@ void VrexSolverBuilder::addTarget(const Measure& measure, const Measure& target,
     add(1, [measure, target, unit](VrexVariable* row) { row[0] = (measure() - target()) / unit; });
 }
 
+bool VrexSolverBuilder::moveContacts() const {
+    bool hasMoved = false;
+    for (const auto& moveContact : m_checks) {
+        hasMoved = moveContact() || hasMoved;
+    }
+    return hasMoved;
+}
+
 void VrexSolverBuilder::writeResults() const {
     for (const auto* const results : {&m_results, &m_finalResults}) {
         for (const auto& write : *results) {

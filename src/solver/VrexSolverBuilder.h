@@ -57,6 +57,9 @@ public:
     void addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit);
     /// Keeps `measure` at `target`.
     void addTarget(const Measure& measure, const Measure& target, double unit);
+    /// To be asked once all residuals vanish: moves points of contact that are no longer where two entities
+    /// are nearest, and tells whether it did.
+    void addCheck(std::function<bool()> moveContact) { m_checks.push_back(std::move(moveContact)); }
     /// To be done once the component is solved: writes what was measured into the constraint.
     void addResult(std::function<void()> write) { m_results.push_back(std::move(write)); }
     /// To be done behind those: what of them it writes again counts.
@@ -64,6 +67,8 @@ public:
     /// The constraint is of no kind, or between kinds, that this solver knows.
     void refuse(const std::string& reason) { m_refusal = reason; }
 
+    /// Whether any point of contact had to move, so that the search goes on.
+    bool moveContacts() const;
     void writeResults() const;
 
 private:
@@ -71,6 +76,7 @@ private:
     std::size_t m_place = 0;
     const VrexBaseConstraint* m_constraint = nullptr;
     std::string m_refusal;
+    std::vector<std::function<bool()>> m_checks;
     std::vector<std::function<void()>> m_results;
     std::vector<std::function<void()>> m_finalResults;
     std::deque<VrexSolverShape> m_helpShapes; ///< Functions hold their addresses.

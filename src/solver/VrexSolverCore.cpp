@@ -3,6 +3,24 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexSolverBuilder.h"
 
+VrexSolverCore::VrexSolverCore(Kind kind, const VrexSolverShape& shape, std::optional<std::size_t> offset)
+    : m_kind(kind), m_shape(&shape), m_offset(offset) {
+    for (const std::size_t i : {0U, 1U}) {
+        m_senses[i] = shape.sizeValue(i) < 0.0 ? -1.0 : 1.0;
+    }
+}
+
+void VrexSolverCore::keepSigns(VrexSolverBuilder& builder) const {
+    const bool hasRadius = m_kind == Kind::CIRCLE || m_kind == Kind::ELLIPSE || hasOffset();
+    for (const std::size_t i : {0U, 1U}) {
+        const VrexSolverBody& body = m_shape->body();
+        if (hasRadius && body.mobility().sizes[i] && body.isLength(i)) {
+            builder.addLimits(
+                {0.0, {}}, [core = *this, i] { return core.size(i); }, builder.length());
+        }
+    }
+}
+
 std::optional<VrexSolverCore> VrexSolverCore::of(const VrexSolverBuilder& builder,
                                                  const std::shared_ptr<VrexGeometry3D>& entity,
                                                  VrexGeometryComponentType component) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <optional>
 
@@ -25,7 +27,12 @@ public:
     const VrexSolverShape& shape() const { return *m_shape; }
     bool hasOffset() const { return m_offset.has_value(); }
     /// Zero without one.
-    VrexVariable offset() const { return hasOffset() ? m_shape->size(*m_offset) : VrexVariable(); }
+    VrexVariable offset() const { return hasOffset() ? size(*m_offset) : VrexVariable(); }
+    /// A radius below zero means the same circle or surface: sizes are those of the one above. They keep the
+    /// sign that they had at first only with `keepSigns`.
+    VrexVariable size(std::size_t index) const { return m_shape->size(index) * m_senses[index]; }
+    /// Adds what holds back radii that would pass zero.
+    void keepSigns(VrexSolverBuilder& builder) const;
     /// Whether it is of one dimension: a line, a circle, an ellipse.
     bool isCurve() const {
         return !hasOffset() && (m_kind == Kind::LINE || m_kind == Kind::CIRCLE || m_kind == Kind::ELLIPSE);
@@ -34,11 +41,10 @@ public:
     VrexSolverCore withoutOffset() const { return {m_kind, *m_shape}; }
 
 private:
-    VrexSolverCore(Kind kind, const VrexSolverShape& shape) : m_kind(kind), m_shape(&shape) {}
-    VrexSolverCore(Kind kind, const VrexSolverShape& shape, std::size_t offset)
-        : m_kind(kind), m_shape(&shape), m_offset(offset) {}
+    VrexSolverCore(Kind kind, const VrexSolverShape& shape, std::optional<std::size_t> offset = {});
 
     Kind m_kind;
     const VrexSolverShape* m_shape;
     std::optional<std::size_t> m_offset; ///< The size that the surface is away.
+    std::array<double, 2> m_senses{1.0, 1.0};
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <numbers>
 #include <string>
 #include <vector>
 
@@ -18,42 +17,18 @@
 #include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "data/geometry/3d/VrexTorus3D.h"
+#include "solver/RandomEntities.h"
 #include "support/RandomShapes.h"
 
-/// An entity of this kind anywhere, of a size near 1.
+/// An entity of this kind anywhere, surfaces that are made of others included.
 inline std::shared_ptr<VrexGeometry3D> makeRandom(VrexGeometry3DType type, RandomShapes& random) {
-    const auto place = random.point();
-    const auto direction = random.direction();
-    switch (type) {
-        using enum VrexGeometry3DType;
-    case POINT:
-        return VrexPoint3D::create(place.x(), place.y(), place.z());
-    case LINE:
-        return VrexLine3D::create(place, direction);
-    case PLANE:
-        return VrexPlane3D::create(place, direction);
-    case SPHERE:
-        return VrexSphere3D::create(place, random.number(0.5, 1.5));
-    case CYLINDER:
-        return VrexCylinder3D::create(place, direction, random.number(0.5, 1.5));
-    case CIRCLE:
-        return VrexCircle3D::create(place, direction, random.number(0.5, 1.5));
-    case CONE:
-        return VrexCone3D::create(place, direction, random.number(0.3, 1.2));
-    case TORUS:
-        return VrexTorus3D::create(place, direction, random.number(1.0, 2.0), random.number(0.2, 0.8));
-    case ELLIPSE: {
-        const auto across = direction.crossProduct(random.direction());
-        return VrexEllipse3D::create(place, across, direction, random.number(1.0, 2.0),
-                                     random.number(0.2, 0.8));
-    }
-    case SPIN_SURFACE:
+    if (type == VrexGeometry3DType::SPIN_SURFACE) {
         return VrexSpinSurface3D::create(random.circle(), random.line());
-    case SWEEP_SURFACE:
-        return VrexSweepSurface3D::create(random.circle(), random.line(), {});
-    default:
-        return nullptr;
     }
+    if (type == VrexGeometry3DType::SWEEP_SURFACE) {
+        return VrexSweepSurface3D::create(random.circle(), random.line(), {});
+    }
+    return nsRandomEntities::make(type, random);
 }
 
 /// Reads with the entities' own accessors where they stand and which way they point.

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "data/constraint/3d/VrexVariableFixation3D.h"
+#include "data/constraint/3d/VrexFixation3D.h"
 #include "data/constraint/equation/VrexCallbackEquation.h"
 #include "data/constraint/equation/VrexEquationCallback.h"
 #include "data/constraint/equation/VrexExpressionEquation.h"
@@ -72,6 +72,19 @@ TEST(VrexEquationResiduals, FollowPlainNumbersAndPlacesOfSets) {
     EXPECT_NEAR(pattern->getValue() * element->getValue() - std::pow(variable->getValue(), 2) +
                     std::sin(set->getOrigin().y()),
                 0.0, TOLERANCE);
+}
+
+TEST(VrexEquationResiduals, PlaneIsWhereItsDistanceSays) {
+    const auto plane = VrexPlane3D::create({5, 6, 1}, {0, 0, 1});
+    VrexVariableDescriptor distance(plane, VrexPlane3D::DIST, "d");
+    distance.setValue(4.0); // leaves the stored origin behind
+    const auto point = VrexPoint3D::create(0, 0, 0);
+    const auto equation =
+        VrexExpressionEquation::create({distance, {point, VrexPoint3D::Z, "z"}}, equalToZero, "d - z");
+    expectSolved(
+        solveOne({plane, point}, {equation, VrexFixation3D::create(plane, VrexFixation3DType::Complete3D)}));
+    EXPECT_NEAR(point->getPosition().z(), 4.0, TOLERANCE);
+    EXPECT_EQ(plane->getOrigin().z(), 1.0);
 }
 
 TEST(VrexEquationResiduals, DirectionAtThePoleIsNoReasonForNaN) {

@@ -172,13 +172,12 @@ parallelPair(const VrexBaseConstraint& constraint) {
 }
 
 /// Without nulls, in order.
-std::vector<const VrexDimension3D*> dimensionsInEqualities(const VrexSolverModel::Constraints& constraints) {
-    std::vector<const VrexDimension3D*> result;
+VrexEqualDimension3D::Dimensions dimensionsInEqualities(const VrexSolverModel::Constraints& constraints) {
+    VrexEqualDimension3D::Dimensions result;
     for (const auto& constraint : constraints) {
         if (const auto* const equality = dynamic_cast<const VrexEqualDimension3D*>(constraint.get())) {
-            for (const auto& dimension : equality->getDimensions()) {
-                result.push_back(dimension.get());
-            }
+            const auto& dimensions = equality->getDimensions();
+            result.insert(result.end(), dimensions.begin(), dimensions.end());
         }
     }
     std::erase(result, nullptr);
@@ -266,9 +265,9 @@ void VrexSolverModel::addCommonValues(const Constraints& constraints) {
     }
     for (const auto& dimension : dimensionsInEqualities(constraints)) {
         const bool isOwn =
-            known.contains(dimension) && dimension->getVariable() == nullptr && !dimension->isRigid();
-        if (isOwn && !m_commonValues.contains(dimension)) {
-            m_commonValues[dimension] = &addNumber(dimension->value(), isLength(*dimension));
+            known.contains(dimension.get()) && dimension->getVariable() == nullptr && !dimension->isRigid();
+        if (isOwn && !m_commonValues.contains(dimension.get())) {
+            m_commonValues[dimension.get()] = &addNumber(dimension->value(), isLength(*dimension));
         }
     }
 }

@@ -219,8 +219,7 @@ makeApart(VrexGeometry3DType first, VrexGeometry3DType second, RandomShapes& ran
     const auto isEndless = [](VrexGeometry3DType kind) {
         return kind == PLANE || kind == LINE || kind == CYLINDER || kind == CONE;
     };
-    const bool mayCross =
-        (first == PLANE && isEndless(second)) || (second == PLANE && isEndless(first));
+    const bool mayCross = (first == PLANE && isEndless(second)) || (second == PLANE && isEndless(first));
     while (true) {
         const auto one = nsRandomEntities::make(first, random);
         const auto other = nsRandomEntities::make(second, random);

@@ -72,9 +72,11 @@ Reach nsContactFormulas::reachFrom(const VrexSolverCore& core, const Vector& poi
     case VrexSolverCore::Kind::CONE:
         return fromCone(shape, point);
     case VrexSolverCore::Kind::ELLIPSE:
+    case VrexSolverCore::Kind::CURVE:
+    case VrexSolverCore::Kind::SURFACE:
         break;
     }
-    throw std::logic_error("The distance from an ellipse has no closed form.");
+    throw std::logic_error("The distance from such a curve or surface has no closed form.");
 }
 
 nsContactFormulas::Rows nsContactFormulas::touchRows(const VrexSolverCore& core, const Vector& point,
@@ -98,8 +100,7 @@ nsContactFormulas::Rows nsContactFormulas::touchRows(const VrexSolverCore& core,
         const Reach stretched = reachOf({x / core.size(0), y / core.size(1), 0.0}, {1.0, 0.0, 0.0});
         return {{(stretched.length - 1.0) * core.size(1), shape.axisZ().dotProduct(arm), {}}, 2};
     }
-    case VrexSolverCore::Kind::PLANE:
-    case VrexSolverCore::Kind::CONE:
+    default:
         break;
     }
     return {{reachFrom(core, point, false).length, {}, {}}, 1};

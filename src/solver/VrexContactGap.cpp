@@ -30,6 +30,9 @@ int rankOf(Kind kind) {
         return 4;
     case Kind::PLANE:
         return 5;
+    case Kind::CURVE:
+    case Kind::SURFACE:
+        return -1;
     }
     return 0;
 }
@@ -59,6 +62,8 @@ VrexContactGap::Measure VrexContactGap::build() {
     case Kind::LINE:
         return first == Kind::LINE ? lines() : pathAndReach();
     case Kind::ELLIPSE:
+    case Kind::CURVE:
+    case Kind::SURFACE:
         return paths();
     case Kind::PLANE:
         switch (first) {

@@ -242,14 +242,14 @@ double VrexContactGap::pathsCost(const VrexContactPath& first, const VrexContact
 
 /// Both carry a point of contact: p - q is at a right angle to both, or they are one.
 VrexContactGap::Measure VrexContactGap::paths() {
-    const VrexContactPath first = nsContactPaths::on(m_builder, m_first.core, secondShape().frame().origin);
-    const VrexContactPath second = nsContactPaths::on(m_builder, m_second.core, firstShape().frame().origin);
+    const VrexContactPath first = nsContactPaths::on(m_builder, m_first.core, {});
+    const VrexContactPath second = nsContactPaths::on(m_builder, m_second.core, {});
     const auto cost = [=, this] { return pathsCost(first, second); };
     nsContactPaths::scan({first, second}, cost);
     if (m_isTouch) {
         return meet(first, second);
     }
-    const auto fallback = firstShape().frame().axes[2];
+    const auto fallback = VrexVector3DT<double>::OZ();
     const std::size_t count = first.parameterCount() + second.parameterCount();
     const auto rows = [first, second, fallback](VrexVariable* values) {
         const VrexSolverContact p = first.contact();

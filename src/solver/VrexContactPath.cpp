@@ -11,6 +11,7 @@
 #include <Eigen/QR>
 
 #include "solver/VrexContactFormulas.h"
+#include "solver/VrexParametricPath.h"
 
 namespace {
 
@@ -157,6 +158,9 @@ bool areNear(const std::vector<Slot>& slots) {
 
 VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverCore& core,
                                    const VrexVector3DT<double>& near) {
+    if (!core.hasShape()) {
+        return nsParametricPath::on(builder, core.entity());
+    }
     const VrexSolverShape& shape = core.shape();
     switch (core.kind()) {
     case VrexSolverCore::Kind::LINE:
@@ -177,7 +181,7 @@ void nsContactPaths::scan(const std::vector<VrexContactPath>& paths, const std::
     if (slots.empty()) {
         return;
     }
-    constexpr std::size_t stepsBySlots[] = {1, 144, 60, 16, 9};
+    constexpr std::size_t stepsBySlots[] = {1, 96, 32, 11, 7};
     const std::size_t steps = stepsBySlots[slots.size()];
     std::size_t places = 1;
     for (std::size_t i = 0; i < slots.size(); ++i) {

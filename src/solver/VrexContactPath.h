@@ -34,8 +34,8 @@ struct VrexContactPath {
 /// Ways to run, and places to start.
 namespace nsContactPaths {
 
-/// On a point, a line, a circle, an ellipse or a cone; offsets are left out. `near` is a place that the run
-/// along a line starts from.
+/// On a point, a line, a circle, an ellipse or a cone, and on what `nsParametricPath` knows; offsets are left
+/// out. `near` is a place that the run along a line starts from.
 ///
 ///   line     o + t z
 ///   circle   c + R (cos t x + sin t y)

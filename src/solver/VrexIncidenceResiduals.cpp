@@ -8,6 +8,7 @@
 #include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
+#include "solver/VrexContactGap.h"
 #include "solver/VrexDirectionRows.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
@@ -29,6 +30,7 @@ public:
         : m_builder(builder), m_incidence(incidence), m_first(first), m_second(second) {
         if (rankOf(second) < rankOf(first)) {
             std::swap(m_first, m_second);
+            m_isSwapped = true;
         }
     }
 
@@ -36,11 +38,12 @@ public:
     bool add() {
         m_first.keepSigns(m_builder);
         m_second.keepSigns(m_builder);
-        if (m_first.kind() == m_second.kind() && m_first.hasOffset() == m_second.hasOffset()) {
+        if (m_first.hasShape() && m_first.kind() == m_second.kind() &&
+            m_first.hasOffset() == m_second.hasOffset()) {
             return addEqual();
         }
         if (isBare(m_first, Kind::POINT)) {
-            return addPoint();
+            return m_second.hasShape() ? addPoint() : addPointOnPath();
         }
         if (isBare(m_first, Kind::LINE)) {
             return addLine();
@@ -141,6 +144,9 @@ private:
             nsDirectionRows::addParallel(m_builder, 1.0, *first(), *second());
             addEqualSize(0, 1.0);
             break;
+        case Kind::CURVE:
+        case Kind::SURFACE:
+            return false;
         case Kind::ELLIPSE:
             addOriginOnOrigin();
             addParallel();
@@ -170,6 +176,13 @@ private:
         const bool isOpposite = m_second.kind() == Kind::CIRCLE &&
                                 std::abs(distance(true).value()) < std::abs(distance(false).value());
         addLength([distance, isOpposite] { return distance(isOpposite); });
+        return true;
+    }
+
+    bool addPointOnPath() {
+        const VrexSolverCore& one = m_isSwapped ? m_second : m_first; // as the help points are numbered
+        const VrexSolverCore& other = m_isSwapped ? m_first : m_second;
+        VrexContactGap(m_builder, m_incidence, one, other, true).build();
         return true;
     }
 
@@ -299,6 +312,7 @@ private:
     const VrexIncidence3D& m_incidence;
     VrexSolverCore m_first;
     VrexSolverCore m_second;
+    bool m_isSwapped = false;
 };
 
 /// `ToSpine` binds the spine, whatever the component says.

@@ -1,6 +1,9 @@
 #include "solver/VrexSolverCore.h"
 
+#include <utility>
+
 #include "data/geometry/3d/VrexGeometry3D.h"
+#include "solver/VrexParametricPath.h"
 #include "solver/VrexSolverBuilder.h"
 
 VrexSolverCore::VrexSolverCore(Kind kind, const VrexSolverShape& shape, std::optional<std::size_t> offset)
@@ -10,11 +13,17 @@ VrexSolverCore::VrexSolverCore(Kind kind, const VrexSolverShape& shape, std::opt
     }
 }
 
+VrexSolverCore::VrexSolverCore(Kind kind, std::shared_ptr<VrexGeometry3D> entity)
+    : m_kind(kind), m_entity(std::move(entity)) {}
+
 void VrexSolverCore::keepSigns(VrexSolverBuilder& builder) const {
     const bool hasRadius = m_kind == Kind::CIRCLE || m_kind == Kind::ELLIPSE || hasOffset();
     for (const std::size_t i : {0U, 1U}) {
+        if (!hasRadius) {
+            return;
+        }
         const VrexSolverBody& body = m_shape->body();
-        if (hasRadius && body.mobility().sizes[i] && body.isLength(i)) {
+        if (body.mobility().sizes[i] && body.isLength(i)) {
             builder.addLimits(
                 {0.0, {}}, [core = *this, i] { return core.size(i); }, builder.length());
         }
@@ -24,6 +33,14 @@ void VrexSolverCore::keepSigns(VrexSolverBuilder& builder) const {
 std::optional<VrexSolverCore> VrexSolverCore::of(const VrexSolverBuilder& builder,
                                                  const std::shared_ptr<VrexGeometry3D>& entity,
                                                  VrexGeometryComponentType component) {
+    if (entity != nullptr && component == VrexGeometryComponentType::UNKNOWN &&
+        nsParametricPath::isKnown(entity->type())) {
+        if (!nsParametricPath::canRun(builder, entity)) {
+            return std::nullopt;
+        }
+        return VrexSolverCore(nsParametricPath::isSurface(entity->type()) ? Kind::SURFACE : Kind::CURVE,
+                              entity);
+    }
     const VrexSolverShape* const shape = builder.shape(entity);
     if (shape == nullptr) {
         return std::nullopt;

@@ -1,7 +1,8 @@
 #include "solver/VrexTangencyResiduals.h"
 
-#include <algorithm>
-#include <utility>
+#include <cstddef>
+#include <optional>
+#include <vector>
 
 #include "data/constraint/3d/VrexTangency3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
@@ -48,44 +49,105 @@ void addLineAndRim(VrexSolverBuilder& builder, const VrexSolverShape& line, cons
         });
 }
 
-void addCurves(VrexSolverBuilder& builder, const VrexTangency3D& tangency, const VrexSolverCore& first,
-               const VrexSolverCore& second) {
-    const VrexContactPath one = nsContactPaths::on(builder, first, second.shape().frame().origin);
-    const VrexContactPath other = nsContactPaths::on(builder, second, first.shape().frame().origin);
-    const double length = builder.length();
-    const auto meet = [one, other, second, length](VrexVariable* rows) {
-        const VrexSolverContact p = one.contact();
-        const VrexSolverContact q = other.contact();
+/// A tangency by two points of contact that meet.
+class Contact {
+public:
+    Contact(VrexSolverBuilder& builder, const VrexTangency3D& tangency, const VrexSolverCore& first,
+            const VrexSolverCore& second, bool isSwapped = false)
+        : m_builder(builder),
+          m_help1(isSwapped ? tangency.helpPoint2() : tangency.helpPoint1()),
+          m_help2(isSwapped ? tangency.helpPoint1() : tangency.helpPoint2()),
+          m_first(nsContactPaths::on(builder, first, middleOf(second))),
+          m_second(nsContactPaths::on(builder, second, middleOf(first))) {}
+
+    void add() const {
+        const std::size_t directions = m_second.parameterCount() == 1 ? 2 : m_first.parameterCount();
+        const std::size_t count = 3 + directions;
+        start(m_second.parameterCount() == 1 ? curveRows(VrexVector3DT<double>()) : surfaceRows(), count);
+        const auto rows = m_second.parameterCount() == 1 ? curveRows(asideOfSecond()) : surfaceRows();
+        nsContactPaths::settle({m_first, m_second}, count, rows);
+        m_builder.add(count, rows);
+    }
+
+private:
+    static VrexVector3DT<double> middleOf(const VrexSolverCore& core) {
+        return core.hasShape() ? core.shape().frame().origin : VrexVector3DT<double>();
+    }
+
+    VrexVector3DT<double> asideOfSecond() const {
+        return VrexSolverFrame::along({}, nsContactFormulas::valueOf(m_second.contact().tangents[0])).axes[0];
+    }
+
+    static void setMeeting(VrexVariable* rows, const VrexSolverContact& p, const VrexSolverContact& q,
+                           double length) {
         const Vector gap = (q.point - p.point) / length;
-        const Vector normal = second.shape().axisZ();
         rows[0] = gap.x();
         rows[1] = gap.y();
         rows[2] = gap.z();
-        rows[3] = p.tangents[0].dotProduct(normal);
-        rows[4] = p.tangents[0].dotProduct(normal.crossProduct(q.tangents[0]));
-    };
-    nsContactPaths::scan({one, other}, [&] {
-        const auto p = nsContactFormulas::valueOf(one.contact().point);
-        const auto q = nsContactFormulas::valueOf(other.contact().point);
-        double cost = 0.0;
-        if (tangency.helpPoint1().has_value()) {
-            cost += (p - *tangency.helpPoint1()).magnitudeSquared();
-        }
-        if (tangency.helpPoint2().has_value()) {
-            cost += (q - *tangency.helpPoint2()).magnitudeSquared();
-        }
-        if (cost > 0.0) {
+    }
+
+    /// Across the second tangent in two directions, of which `aside` gives one; where it is none, as it
+    /// comes.
+    VrexSolverBuilder::Rows curveRows(const VrexVector3DT<double>& aside) const {
+        return [first = m_first, second = m_second, aside, length = m_builder.length()](VrexVariable* rows) {
+            const VrexSolverContact p = first.contact();
+            const VrexSolverContact q = second.contact();
+            setMeeting(rows, p, q, length);
+            const Vector& tangent = q.tangents[0];
+            const auto way = aside.magnitudeSquared() > 0.0
+                                 ? aside
+                                 : VrexSolverFrame::along({}, nsContactFormulas::valueOf(tangent)).axes[0];
+            const Vector one = reachOf(tangent.crossProduct(nsContactFormulas::constant(way)), way).direction;
+            rows[3] = p.tangents[0].dotProduct(one);
+            rows[4] = p.tangents[0].dotProduct(tangent.crossProduct(one));
+        };
+    }
+
+    VrexSolverBuilder::Rows surfaceRows() const {
+        return [first = m_first, second = m_second, length = m_builder.length()](VrexVariable* rows) {
+            const VrexSolverContact p = first.contact();
+            const VrexSolverContact q = second.contact();
+            setMeeting(rows, p, q, length);
+            const Vector normal =
+                reachOf(q.tangents[0].crossProduct(q.tangents[1]), VrexVector3DT<double>::OZ()).direction;
+            for (std::size_t i = 0; i < first.parameterCount(); ++i) {
+                rows[3 + i] = p.tangents[i].dotProduct(normal);
+            }
+        };
+    }
+
+    /// At the help points, else where the two are nearest to touching.
+    void start(const VrexSolverBuilder::Rows& rows, std::size_t count) const {
+        std::vector<VrexVariable> values(count);
+        nsContactPaths::scan({m_first, m_second}, [&] {
+            const auto p = nsContactFormulas::valueOf(m_first.contact().point);
+            const auto q = nsContactFormulas::valueOf(m_second.contact().point);
+            if (m_help1.has_value() || m_help2.has_value()) {
+                return (m_help1.has_value() ? (p - *m_help1).magnitudeSquared() : 0.0) +
+                       (m_help2.has_value() ? (q - *m_help2).magnitudeSquared() : 0.0);
+            }
+            rows(values.data());
+            double cost = 0.0;
+            for (const VrexVariable& value : values) {
+                cost += value.value() * value.value();
+            }
             return cost;
-        }
-        VrexVariable values[5];
-        meet(values);
-        for (const VrexVariable& value : values) {
-            cost += value.value() * value.value();
-        }
-        return cost;
-    });
-    nsContactPaths::settle({one, other}, 5, meet);
-    builder.add(5, meet);
+        });
+    }
+
+    VrexSolverBuilder& m_builder;
+    std::optional<VrexVector3DT<double>> m_help1;
+    std::optional<VrexVector3DT<double>> m_help2;
+    VrexContactPath m_first;
+    VrexContactPath m_second;
+};
+
+/// Whether both need a point of contact of their own.
+bool areBothTraced(const VrexSolverCore& first, const VrexSolverCore& second) {
+    const auto isTraced = [](const VrexSolverCore& core) {
+        return core.isCurve() || core.kind() == Kind::SURFACE;
+    };
+    return isTraced(first) && isTraced(second);
 }
 
 } // namespace
@@ -97,18 +159,22 @@ void nsTangencyResiduals::add(VrexSolverBuilder& builder, VrexTangency3D& tangen
         builder.refuse("A tangency between such entities is not supported.");
         return;
     }
-    if (!first->isCurve() || !second->isCurve()) {
+    if (!areBothTraced(*first, *second)) {
         const auto gap = VrexContactGap(builder, tangency, *first, *second, true).build();
         const double length = builder.length();
         builder.add(1, [gap, length](VrexVariable* rows) { rows[0] = gap() / length; });
         return;
     }
-    if (second->kind() == Kind::LINE) {
-        std::swap(first, second);
-    }
-    if (first->kind() == Kind::LINE) {
+    const auto isRim = [](const VrexSolverCore& core) {
+        return core.kind() == Kind::CIRCLE || core.kind() == Kind::ELLIPSE;
+    };
+    if (first->kind() == Kind::LINE && isRim(*second)) {
         addLineAndRim(builder, first->shape(), *second);
+    } else if (second->kind() == Kind::LINE && isRim(*first)) {
+        addLineAndRim(builder, second->shape(), *first);
+    } else if (first->kind() == Kind::SURFACE) {
+        Contact(builder, tangency, *second, *first, true).add(); // the surface comes second
     } else {
-        addCurves(builder, tangency, *first, *second);
+        Contact(builder, tangency, *first, *second).add();
     }
 }

@@ -9,6 +9,8 @@ class VrexTangency3D;
 ///   line and circle or ellipse   d.z = 0, (o - c).z = 0, |(o - c).m| = sqrt((a m.x)^2 + (b m.y)^2), with m
 ///                                the line's normal in their plane
 ///   two curves                   p(s) = q(t), p' x q' = 0
+///   curve or surface and a surface that has but its parameters
+///                                p = q(u, v), each tangent of p at a right angle to dq/du x dq/dv
 namespace nsTangencyResiduals {
 
 void add(VrexSolverBuilder& builder, VrexTangency3D& tangency);

@@ -18,6 +18,7 @@
 #include "solver/VrexRankAnalysis.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverModel.h"
+#include "solver/VrexSolverNames.h"
 
 namespace {
 
@@ -25,6 +26,9 @@ std::string kindOf(const VrexBaseConstraint& constraint) {
     const auto* const known = dynamic_cast<const VrexConstraint3D*>(&constraint);
     return known != nullptr ? nsEnum::toText(known->type()) : "Equation";
 }
+
+/// Contacts that move that often go from side to side for ever.
+constexpr int MOST_CONTACT_MOVES = 20;
 
 /// One component on its way.
 class Work {
@@ -45,7 +49,8 @@ public:
     VrexSolverComponentReport run() {
         try {
             if (const VrexBaseGeometry* const entity = m_model.notFinite()) {
-                m_report.refusal = nameOf(*entity).append(" holds a number that is not finite.");
+                m_report.refusal =
+                    nsSolverNames::nameOf(*entity).append(" holds a number that is not finite.");
             } else {
                 build();
                 converge();
@@ -64,15 +69,6 @@ public:
     }
 
 private:
-    std::string nameOf(const VrexBaseGeometry& entity) const {
-        std::string name = entity.getNamePrefix();
-        name.append(std::to_string(m_sourceId(entity.getID())));
-        if (!entity.label().empty()) {
-            name.append(" (").append(entity.label()).append(")");
-        }
-        return name;
-    }
-
     void build() {
         for (std::size_t i = 0; i < m_constraints.size(); ++i) {
             const std::string reason = m_builder.build(i, *m_constraints[i]);
@@ -97,15 +93,24 @@ private:
                 system.bodies() = start;
                 disturb(attempt);
             }
-            const VrexLeastSquaresResult result = method.solve(system, false);
-            m_report.iterations += result.iterations;
-            m_report.largestResidual = result.largestResidual;
-            m_report.isConverged = result.isConverged;
-            m_report.isCancelled = result.isCancelled;
-            if (result.isConverged || result.isCancelled) {
+            search(method);
+            // Contacts that moved open a search from where the bodies are now.
+            for (int again = 0; m_report.isConverged && m_builder.moveContacts(); ++again) {
+                search(method);
+                m_report.isConverged = m_report.isConverged && again < MOST_CONTACT_MOVES;
+            }
+            if (m_report.isConverged || m_report.isCancelled) {
                 return;
             }
         }
+    }
+
+    void search(const VrexLeastSquares& method) {
+        const VrexLeastSquaresResult result = method.solve(m_model.system(), false);
+        m_report.iterations += result.iterations;
+        m_report.largestResidual = result.largestResidual;
+        m_report.isConverged = result.isConverged;
+        m_report.isCancelled = result.isCancelled;
     }
 
     /// A start from which a search may go another way: half turns and points on each other are saddles.

@@ -1,9 +1,9 @@
 #include "solver/VrexMateResiduals.h"
 
-#include <cmath>
 #include <utility>
 
 #include "data/constraint/3d/VrexMate3D.h"
+#include "solver/VrexSolverDirections.h"
 
 namespace {
 
@@ -16,29 +16,17 @@ struct Joint {
     const VrexSolverShape* second;
     double sense; ///< -1 where the Z axes point opposite ways.
 
-    VrexVariable shift(Vector axis) const { return axis.dotProduct(second->origin() - first->origin()); }
-    /// Zero where the Z axes agree, and without bounds where they are opposite, so that a search turns them
-    /// the right way round.
-    VrexVariable tilt(const Vector& axis) const {
-        const Vector z = second->axisZ() * sense;
-        constexpr double least = 1e-3;
-        return axis.dotProduct(z) * 2.0 / (first->axisZ().dotProduct(z) + (1.0 + least));
+    VrexVariable shift(const Vector& axis) const {
+        return axis.dotProduct(second->origin() - first->origin());
+    }
+    VrexVariable tilt(int index) const {
+        return nsSolverDirections::tilt(*first, second->axisZ() * sense, index);
     }
     VrexVariable twist() const {
         const Vector x = second->axisX();
         return atan2(first->axisY().dotProduct(x), first->axisX().dotProduct(x));
     }
-    /// Through the sine or the cosine, whichever tells small changes.
-    VrexVariable swing() const {
-        const Vector a = first->axisZ();
-        const Vector b = second->axisZ() * sense;
-        const Vector cross = a.crossProduct(b);
-        constexpr double least = 1e-12;
-        if (cross.magnitudeSquared().value() < least * least) {
-            return a.dotProduct(b).value() > 0.0 ? VrexVariable(0.0) : VrexVariable(M_PI);
-        }
-        return atan2(cross.magnitude(), a.dotProduct(b));
-    }
+    VrexVariable swing() const { return nsSolverDirections::angleTo(*first, second->axisZ() * sense); }
     VrexVariable measure(Degree degree) const {
         switch (degree) {
         case Degree::SHIFT_X:
@@ -48,9 +36,9 @@ struct Joint {
         case Degree::SHIFT_Z:
             return shift(first->axisZ());
         case Degree::TILT_X:
-            return tilt(first->axisX());
+            return tilt(0);
         case Degree::TILT_Y:
-            return tilt(first->axisY());
+            return tilt(1);
         case Degree::TWIST:
             return twist();
         case Degree::SWING:
@@ -64,18 +52,11 @@ bool isShift(Degree degree) {
     return degree == Degree::SHIFT_X || degree == Degree::SHIFT_Y || degree == Degree::SHIFT_Z;
 }
 
-/// An angle that passes a half turn goes on growing: of its turns the one next to `known`.
-VrexVariable nearTo(VrexVariable angle, double known) {
-    constexpr double turn = 2.0 * M_PI;
-    angle += turn * std::round((known - angle.value()) / turn);
-    return angle;
-}
-
-/// The free degree as the mate counts it.
+/// The free degree as the mate counts it: an angle that passes a half turn goes on growing.
 VrexSolverBuilder::Measure measureOf(const Joint& joint, Degree degree, double known) {
     return [joint, degree, known] {
         const VrexVariable value = joint.measure(degree);
-        return degree == Degree::TWIST ? nearTo(value, known) : value;
+        return degree == Degree::TWIST ? nsSolverDirections::nearTo(value, known) : value;
     };
 }
 
@@ -102,26 +83,101 @@ void addHeld(VrexSolverBuilder& builder, const Joint& joint, std::vector<Degree>
     });
 }
 
+std::vector<Degree> heldBy(VrexConstraint3DType type) {
+    using enum Degree;
+    switch (type) {
+    case VrexConstraint3DType::FastenedMate3D:
+        return {SHIFT_X, SHIFT_Y, SHIFT_Z, TILT_X, TILT_Y, TWIST};
+    case VrexConstraint3DType::SliderMate3D:
+        return {SHIFT_X, SHIFT_Y, TILT_X, TILT_Y, TWIST};
+    case VrexConstraint3DType::RevoluteMate3D:
+        return {SHIFT_X, SHIFT_Y, SHIFT_Z, TILT_X, TILT_Y};
+    case VrexConstraint3DType::CylinderMate3D:
+        return {SHIFT_X, SHIFT_Y, TILT_X, TILT_Y};
+    case VrexConstraint3DType::PinSlotMate3D:
+        return {SHIFT_Y, SHIFT_Z, TILT_X, TILT_Y};
+    case VrexConstraint3DType::PlanarMate3D:
+        return {SHIFT_Z, TILT_X, TILT_Y};
+    case VrexConstraint3DType::ParallelMate3D:
+        return {TILT_X, TILT_Y};
+    case VrexConstraint3DType::BallMate3D:
+        return {SHIFT_X, SHIFT_Y, SHIFT_Z};
+    default:
+        return {};
+    }
+}
+
+/// What the dimensions of the mate are, by index.
+std::vector<Degree> leftBy(VrexConstraint3DType type) {
+    using enum Degree;
+    switch (type) {
+    case VrexConstraint3DType::SliderMate3D:
+        return {SHIFT_Z};
+    case VrexConstraint3DType::RevoluteMate3D:
+        return {TWIST};
+    case VrexConstraint3DType::CylinderMate3D:
+        return {SHIFT_Z, TWIST};
+    case VrexConstraint3DType::PinSlotMate3D:
+        return {SHIFT_X, TWIST};
+    case VrexConstraint3DType::PlanarMate3D:
+        return {SHIFT_X, SHIFT_Y, TWIST};
+    case VrexConstraint3DType::ParallelMate3D:
+        return {SHIFT_X, SHIFT_Y, SHIFT_Z, TWIST};
+    case VrexConstraint3DType::BallMate3D:
+        return {SWING};
+    default:
+        return {};
+    }
+}
+
+void addDimension(VrexSolverBuilder& builder, const Joint& joint, Degree degree,
+                  VrexMateDimension3D& dimension) {
+    const auto measure = measureOf(joint, degree, dimension.value);
+    const double unit = isShift(degree) ? builder.length() : 1.0;
+    if (dimension.fixed()) {
+        builder.addTarget(
+            measure, [value = dimension.value] { return VrexVariable(value); }, unit);
+    } else {
+        builder.addLimits(dimension.limits, measure, unit);
+    }
+    builder.addResult([&dimension, measure] { dimension.value = measure().value(); });
+}
+
 } // namespace
 
-void nsMateResiduals::add(VrexSolverBuilder& builder, VrexMate3D& mate, std::vector<Degree> held,
-                          const std::vector<Degree>& free) {
+void nsMateResiduals::add(VrexSolverBuilder& builder, VrexMate3D& mate) {
     const auto joint = jointOf(builder, mate);
     if (!joint.has_value()) {
         builder.refuse("A mate needs two connectors.");
         return;
     }
-    addHeld(builder, *joint, std::move(held));
-    for (std::size_t i = 0; i < free.size(); ++i) {
-        VrexMateDimension3D& dimension = mate.getDimension(i);
-        const auto measure = measureOf(*joint, free[i], dimension.value);
-        const double unit = isShift(free[i]) ? builder.length() : 1.0;
-        if (dimension.fixed()) {
-            builder.addTarget(
-                measure, [value = dimension.value] { return VrexVariable(value); }, unit);
-        } else {
-            builder.addLimits(dimension.limits, measure, unit);
-        }
-        builder.addResult([&dimension, measure] { dimension.value = measure().value(); });
+    addHeld(builder, *joint, heldBy(mate.type()));
+    const std::vector<Degree> left = leftBy(mate.type());
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        addDimension(builder, *joint, left[i], mate.getDimension(i));
     }
+}
+
+std::optional<nsMateResiduals::Dimension> nsMateResiduals::dimension(VrexSolverBuilder& builder,
+                                                                     VrexMate3D& mate, std::uint64_t index,
+                                                                     const VrexSolverShape* counter) {
+    const auto joint = jointOf(builder, mate);
+    const std::vector<Degree> left = leftBy(mate.type());
+    if (!joint.has_value() || index >= left.size()) {
+        return std::nullopt;
+    }
+    const Degree degree = left[index];
+    VrexMateDimension3D& dimension = mate.getDimension(index);
+    if (degree != Degree::TWIST) {
+        return Dimension{measureOf(*joint, degree, 0.0), isShift(degree) ? builder.length() : 1.0, false};
+    }
+    if (counter == nullptr) {
+        const double now = measureOf(*joint, degree, dimension.value)().value();
+        counter = &builder.model().addNumber(now, false);
+    }
+    builder.add(1, [joint = *joint, counter](VrexVariable* rows) {
+        rows[0] = nsSolverDirections::nearTo(joint.twist(), counter->sizeValue(0)) - counter->size(0);
+    });
+    builder.addFinalResult([&dimension, counter] { dimension.value = counter->sizeValue(0); });
+    return Dimension{[counter] { return counter->size(0); }, 1.0, true};
 }

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
-#include <vector>
+#include <optional>
 
 #include "solver/VrexSolverBuilder.h"
 
@@ -22,15 +21,25 @@ enum class Degree : std::int32_t {
     SWING, ///< The angle between the Z axes.
 };
 
-/// Holds the degrees of `held` at zero. Those of `free` are the mate's dimensions, in order: held where
-/// the dimension is fixed, else kept within its limits; where they end up is written into the mate.
+/// Holds the degrees that the kind of mate takes away at zero. Those that it leaves are its dimensions: held
+/// where the dimension is fixed, else kept within its limits; where they end up is written into the mate.
 ///
 /// The Z axes point the same way, with the alignment `Negative` opposite ways.
-void add(VrexSolverBuilder& builder, VrexMate3D& mate, std::vector<Degree> held,
-         const std::vector<Degree>& free);
+void add(VrexSolverBuilder& builder, VrexMate3D& mate);
 
-/// The dimension of this index as a number that varies: what a relation between mates ties. Empty for a
-/// mate that the component lacks, and for an index beyond the dimensions.
-VrexSolverBuilder::Measure dimension(VrexSolverBuilder& builder, VrexMate3D& mate, std::uint64_t index);
+/// A dimension as a number that varies.
+struct Dimension {
+    VrexSolverBuilder::Measure measure;
+    double unit = 1.0;
+    /// Whether it is the value of the counter.
+    bool isCounter = false;
+};
+
+/// The dimension of this index. An angle is told up to whole turns by where the bodies stand; the turns are
+/// counted by `counter`, a number that is tied to the angle here, or by a new one if it is null, so that the
+/// angle grows without end, and is written into the mate. Empty for a mate that the component lacks, and for
+/// an index beyond the dimensions.
+std::optional<Dimension> dimension(VrexSolverBuilder& builder, VrexMate3D& mate, std::uint64_t index,
+                                   const VrexSolverShape* counter);
 
 } // namespace nsMateResiduals

@@ -41,17 +41,31 @@ Matrix unitRows(const Matrix& jacobian) {
     return result;
 }
 
+/// How far the columns from this one on are from being independent: the freedom of points of contact to slide
+/// while everything else stands still.
+std::size_t slack(const Matrix& jacobian, Eigen::Index firstColumn) {
+    const Eigen::Index count = jacobian.cols() - firstColumn;
+    if (count == 0) {
+        return 0;
+    }
+    const Matrix columns = jacobian.rightCols(count);
+    const VrexRowFactor factor(unitRows(columns.transpose()), RANK_TOLERANCE);
+    return static_cast<std::size_t>(count - factor.rank());
+}
+
 } // namespace
 
 VrexRankAnalysis::VrexRankAnalysis(VrexSolverSystem& system) {
     system.evaluate(true, false);
-    const VrexRowFactor factor(unitRows(system.jacobian()), RANK_TOLERANCE);
-    findFreedom(factor, system.unknownCount());
+    const Matrix jacobian = unitRows(system.jacobian());
+    const VrexRowFactor factor(jacobian, RANK_TOLERANCE);
+    m_freedom =
+        static_cast<std::size_t>(system.unknownCount() - factor.rank()) - slack(jacobian, system.firstHelp());
+    findMotions(factor, system.unknownCount());
     findDependence(factor, system);
 }
 
-void VrexRankAnalysis::findFreedom(const VrexRowFactor& factor, Eigen::Index unknowns) {
-    m_freedom = static_cast<std::size_t>(unknowns - factor.rank());
+void VrexRankAnalysis::findMotions(const VrexRowFactor& factor, Eigen::Index unknowns) {
     if (m_freedom == 0) {
         return;
     }

@@ -29,7 +29,7 @@ public:
     const std::set<std::vector<std::size_t>>& dependentConstraints() const { return m_dependent; }
 
 private:
-    void findFreedom(const VrexRowFactor& factor, Eigen::Index unknowns);
+    void findMotions(const VrexRowFactor& factor, Eigen::Index unknowns);
     void findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system);
 
     std::size_t m_freedom = 0;

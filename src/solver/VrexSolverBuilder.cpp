@@ -1,12 +1,26 @@
 #include "solver/VrexSolverBuilder.h"
 
+#include <limits>
+#include <stdexcept>
 #include <utility>
 
 #include "data/VrexBaseConstraint.h"
+#include "solver/VrexSolverNames.h"
 #include "solver/VrexSolverResiduals.h"
+
+namespace {
+
+/// False for a limit that is not a number, too.
+bool areSound(const VrexDimensionLimits& limits) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    return limits.first.value_or(-infinity) <= limits.second.value_or(infinity);
+}
+
+} // namespace
 
 std::string VrexSolverBuilder::build(std::size_t place, VrexBaseConstraint& constraint) {
     m_place = place;
+    m_constraint = &constraint;
     m_refusal.clear();
     VrexSolverResiduals residuals(*this);
     constraint.accept(residuals);
@@ -15,6 +29,16 @@ std::string VrexSolverBuilder::build(std::size_t place, VrexBaseConstraint& cons
 
 const VrexSolverShape* VrexSolverBuilder::shape(const std::shared_ptr<VrexBaseGeometry>& geometry) const {
     return geometry != nullptr ? m_model.shape(*geometry) : nullptr;
+}
+
+VrexSolverBuilder::Help VrexSolverBuilder::addHelp(const std::array<bool, 2>& isFree,
+                                                   const std::array<bool, 2>& isLength) {
+    VrexSolverMobility mobility;
+    mobility.sizes = isFree;
+    VrexSolverBody& body = m_model.system().addHelp({{}, mobility});
+    body.setSize(0, 0.0, isLength[0]);
+    body.setSize(1, 0.0, isLength[1]);
+    return {&body, &m_helpShapes.emplace_back(body, VrexSolverFrame())};
 }
 
 void VrexSolverBuilder::add(std::size_t rows, Rows evaluate) {
@@ -28,6 +52,10 @@ void VrexSolverBuilder::addWish(std::size_t rows, Rows evaluate) {
 void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit) {
     if (!limits.first.has_value() && !limits.second.has_value()) {
         return;
+    }
+    if (!areSound(limits)) {
+        throw std::invalid_argument(
+            nsSolverNames::nameOf(*m_constraint).append(" has limits that contradict each other."));
     }
     add(1, [limits, measure, unit](VrexVariable* row) {
         const VrexVariable value = measure();
@@ -43,8 +71,18 @@ void VrexSolverBuilder::addTarget(const Measure& measure, const Measure& target,
     add(1, [measure, target, unit](VrexVariable* row) { row[0] = (measure() - target()) / unit; });
 }
 
+bool VrexSolverBuilder::moveContacts() const {
+    bool hasMoved = false;
+    for (const auto& moveContact : m_checks) {
+        hasMoved = moveContact() || hasMoved;
+    }
+    return hasMoved;
+}
+
 void VrexSolverBuilder::writeResults() const {
-    for (const auto& write : m_results) {
-        write();
+    for (const auto* const results : {&m_results, &m_finalResults}) {
+        for (const auto& write : *results) {
+            write();
+        }
     }
 }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "data/VrexVariable.h"
@@ -25,7 +28,7 @@ public:
 
     explicit VrexSolverBuilder(VrexSolverModel& model) : m_model(model) {}
 
-    VrexSolverModel& model() { return m_model; }
+    VrexSolverModel& model() const { return m_model; }
     double length() const { return m_model.length(); }
 
     /// Adds what the constraint at this place of the component's list asks for. Empty where that is done,
@@ -34,26 +37,47 @@ public:
 
     // For the families.
 
+    /// A pair of numbers of the constraint's own, such as the parameters of a point of contact. It starts at
+    /// the values that the body is given; no part of it is seen from outside.
+    struct Help {
+        VrexSolverBody* body;
+        const VrexSolverShape* shape; ///< With sizes 0 and 1.
+    };
+    /// Numbers that are not free keep their values.
+    Help addHelp(const std::array<bool, 2>& isFree, const std::array<bool, 2>& isLength);
+
     /// Null for a null, and for what has no shape.
     const VrexSolverShape* shape(const std::shared_ptr<VrexBaseGeometry>& geometry) const;
     void add(std::size_t rows, Rows evaluate);
     /// What pulls, but need not be reached.
     void addWish(std::size_t rows, Rows evaluate);
     /// Keeps `measure` between the limits, of which either may be missing. `unit` is what one row is of it:
-    /// the component's length for a length, 1 for an angle.
+    /// the component's length for a length, 1 for an angle. Throws `std::invalid_argument` that names the
+    /// constraint for limits that contradict each other or are no numbers.
     void addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit);
     /// Keeps `measure` at `target`.
     void addTarget(const Measure& measure, const Measure& target, double unit);
+    /// To be asked once all residuals vanish: moves points of contact that are no longer where two entities
+    /// are nearest, and tells whether it did.
+    void addCheck(std::function<bool()> moveContact) { m_checks.push_back(std::move(moveContact)); }
     /// To be done once the component is solved: writes what was measured into the constraint.
     void addResult(std::function<void()> write) { m_results.push_back(std::move(write)); }
+    /// To be done behind those: what of them it writes again counts.
+    void addFinalResult(std::function<void()> write) { m_finalResults.push_back(std::move(write)); }
     /// The constraint is of no kind, or between kinds, that this solver knows.
     void refuse(const std::string& reason) { m_refusal = reason; }
 
+    /// Whether any point of contact had to move, so that the search goes on.
+    bool moveContacts() const;
     void writeResults() const;
 
 private:
     VrexSolverModel& m_model;
     std::size_t m_place = 0;
+    const VrexBaseConstraint* m_constraint = nullptr;
     std::string m_refusal;
+    std::vector<std::function<bool()>> m_checks;
     std::vector<std::function<void()>> m_results;
+    std::vector<std::function<void()>> m_finalResults;
+    std::deque<VrexSolverShape> m_helpShapes; ///< Functions hold their addresses.
 };

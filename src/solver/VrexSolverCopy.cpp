@@ -1,5 +1,6 @@
 #include "solver/VrexSolverCopy.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <unordered_set>
 
@@ -71,18 +72,33 @@ VrexSolverCopy::VrexSolverCopy(const Geometries& geometries, const Constraints& 
     const VrexConstraintSystemCloner3D cloner(m_geometries, m_constraints);
     for (const auto& source : m_geometries) {
         m_geometryCopies.push_back(std::static_pointer_cast<VrexBaseGeometry>(cloner.findClone(source)));
-        number(source, m_geometryCopies.back());
     }
     for (const auto& source : m_constraints) {
         m_constraintCopies.push_back(std::static_pointer_cast<VrexBaseConstraint>(cloner.findClone(source)));
-        number(source, m_constraintCopies.back());
+    }
+    if (hasClashingIds()) {
+        renumber();
     }
 }
 
-template <class Object>
-void VrexSolverCopy::number(const std::shared_ptr<Object>& source, const std::shared_ptr<Object>& copy) {
-    copy->setID(m_sourceIds.size());
-    m_sourceIds.push_back(source->getID());
+bool VrexSolverCopy::hasClashingIds() const {
+    std::unordered_set<std::uint64_t> known{0};
+    const auto isKnown = [&known](const auto& object) { return !known.insert(object->getID()).second; };
+    return std::any_of(m_geometries.begin(), m_geometries.end(), isKnown) ||
+           std::any_of(m_constraints.begin(), m_constraints.end(), isKnown);
+}
+
+void VrexSolverCopy::renumber() {
+    m_sourceIds.push_back(0);
+    const auto number = [this](const auto& copies) {
+        for (const auto& copy : copies) {
+            const std::uint64_t sourceId = copy->getID();
+            copy->setID(m_sourceIds.size());
+            m_sourceIds.push_back(sourceId);
+        }
+    };
+    number(m_geometryCopies);
+    number(m_constraintCopies);
 }
 
 std::shared_ptr<VrexTransform3D> VrexSolverCopy::copyOf(const VrexTransform3D& drag) const {

@@ -11,8 +11,8 @@ class VrexTransform3D;
 
 /// A copy of a system for the solver to move, and the way back.
 ///
-/// The copies are numbered from 1, geometries and constraints in one row, whatever the identifiers of the
-/// sources, since a graph tells its vertices apart by number.
+/// The copies have the identifiers of their sources where these are told apart by them, geometries and
+/// constraints together, as a graph needs it. Otherwise the copies are numbered from 1.
 class VrexSolverCopy {
 public:
     using Geometries = VrexConnectedComponent::Geometries;
@@ -26,17 +26,19 @@ public:
     /// The same drag of the copies.
     std::shared_ptr<VrexTransform3D> copyOf(const VrexTransform3D& drag) const;
     /// The identifier of the source that the copy of this number was made of.
-    std::uint64_t sourceId(std::uint64_t number) const { return m_sourceIds[number]; }
+    std::uint64_t sourceId(std::uint64_t number) const {
+        return m_sourceIds.empty() ? number : m_sourceIds[number];
+    }
     /// Writes what the solver found into the sources: numbers and statuses, and nothing else.
     void layBack() const;
 
 private:
-    template <class Object>
-    void number(const std::shared_ptr<Object>& source, const std::shared_ptr<Object>& copy);
+    bool hasClashingIds() const;
+    void renumber();
 
     Geometries m_geometries; ///< Parts of the listed ones included.
     Constraints m_constraints;
     Geometries m_geometryCopies;
     Constraints m_constraintCopies;
-    std::vector<std::uint64_t> m_sourceIds{0};
+    std::vector<std::uint64_t> m_sourceIds; ///< By number; empty where copies kept them.
 };

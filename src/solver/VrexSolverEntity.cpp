@@ -1,5 +1,8 @@
 #include "solver/VrexSolverEntity.h"
 
+#include <memory>
+
+#include "data/VrexVariableDescriptor.h"
 #include "data/VrexVisitor3D.h"
 #include "data/geometry/3d/VrexCircle3D.h"
 #include "data/geometry/3d/VrexCone3D.h"
@@ -25,6 +28,15 @@ constexpr std::array<bool, 3> ALL{true, true, true};
 constexpr std::array<bool, 3> ACROSS{true, true, false}; ///< Across the third axis, or tilting it.
 constexpr std::array<bool, 3> ALONG{false, false, true};
 
+/// The stored origin, moved along the normal to the distance that the parameter tells: the plane is where its
+/// parameters are.
+VrexVector3DT<double> footOf(VrexPlane3D& plane) {
+    const auto self = std::static_pointer_cast<VrexPlane3D>(plane.shared_from_this());
+    const double distance = VrexVariableDescriptor(self, VrexPlane3D::DIST, nullptr).getValue();
+    const auto normal = plane.getNormal();
+    return plane.getOrigin() + normal * (distance - normal.dotProduct(plane.getOrigin()));
+}
+
 /// Reads the entity that it visits.
 class Reader final : public VrexVisitor3D {
 public:
@@ -37,7 +49,7 @@ public:
         set(VrexSolverFrame::along(line.getOrigin(), line.getDirection()), ACROSS, ACROSS);
     }
     void visitPlane3D(VrexPlane3D& plane) override {
-        set(VrexSolverFrame::along(plane.getOrigin(), plane.getNormal()), ALONG, ACROSS);
+        set(VrexSolverFrame::along(footOf(plane), plane.getNormal()), ALONG, ACROSS);
     }
     void visitSphere3D(VrexSphere3D& sphere) override {
         set(VrexSolverFrame::at(sphere.getCenter()), ALL, NONE);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <unordered_set>
 #include <utility>
@@ -11,10 +12,18 @@
 #include "data/VrexBaseGeometry.h"
 #include "data/VrexTransformation3DT.h"
 #include "data/constraint/3d/VrexDimension3D.h"
+#include "data/constraint/3d/VrexEqualDimension3D.h"
+#include "data/constraint/3d/VrexParallelism3D.h"
 #include "data/geometry/3d/VrexConnector3D.h"
+#include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexPattern3D.h"
+#include "data/geometry/3d/VrexPlane3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
 #include "solver/VrexSolverEntity.h"
+#include "solver/VrexSolverNames.h"
 
 namespace {
 
@@ -120,23 +129,68 @@ bool isFinite(const VrexSolverEntity& entity) {
            isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
 }
 
-/// The lengths that a dimension asks for, so that points that still lie on each other have a scale too.
-double lengthOf(const VrexBaseConstraint& constraint) {
-    const auto* dimension = dynamic_cast<const VrexDimension3D*>(&constraint);
-    if (dimension == nullptr) {
-        return 0.0;
-    }
-    switch (dimension->type()) {
+bool isLength(const VrexDimension3D& dimension) {
+    switch (dimension.type()) {
     case VrexConstraint3DType::Distance3D:
     case VrexConstraint3DType::DirectionDistance3D:
     case VrexConstraint3DType::ParallelDistance3D:
     case VrexConstraint3DType::Radius3D:
     case VrexConstraint3DType::MajorRadius3D:
     case VrexConstraint3DType::MinorRadius3D:
-        return std::abs(dimension->value());
+        return true;
     default:
-        return 0.0;
+        return false;
     }
+}
+
+/// The lengths that a dimension asks for, so that points that still lie on each other have a scale too.
+double lengthOf(const VrexBaseConstraint& constraint) {
+    const auto* dimension = dynamic_cast<const VrexDimension3D*>(&constraint);
+    return dimension != nullptr && isLength(*dimension) ? std::abs(dimension->value()) : 0.0;
+}
+
+/// Whether the direction of the entity is that of its every part.
+bool isStraight(const VrexBaseGeometry* geometry) {
+    return dynamic_cast<const VrexLine3D*>(geometry) != nullptr ||
+           dynamic_cast<const VrexPlane3D*>(geometry) != nullptr ||
+           dynamic_cast<const VrexCylinder3D*>(geometry) != nullptr;
+}
+
+/// The two that a parallelism binds; nulls for another constraint, and for circles and their like.
+std::pair<const VrexBaseGeometry*, const VrexBaseGeometry*>
+parallelPair(const VrexBaseConstraint& constraint) {
+    const auto* const known = dynamic_cast<const VrexParallelism3D*>(&constraint);
+    if (known == nullptr || known->getGeometries().size() != 2) {
+        return {};
+    }
+    const VrexBaseGeometry* const first = known->getGeometries()[0].get();
+    const VrexBaseGeometry* const second = known->getGeometries()[1].get();
+    if (!isStraight(first) || !isStraight(second)) {
+        return {};
+    }
+    return std::minmax(first, second, std::less<>());
+}
+
+/// Without nulls, in order.
+VrexEqualDimension3D::Dimensions dimensionsInEqualities(const VrexSolverModel::Constraints& constraints) {
+    VrexEqualDimension3D::Dimensions result;
+    for (const auto& constraint : constraints) {
+        if (const auto* const equality = dynamic_cast<const VrexEqualDimension3D*>(constraint.get())) {
+            const auto& dimensions = equality->getDimensions();
+            result.insert(result.end(), dimensions.begin(), dimensions.end());
+        }
+    }
+    std::erase(result, nullptr);
+    return result;
+}
+
+/// The longest of its sizes that are lengths.
+double lengthOf(const VrexSolverBody& body) {
+    double length = 0.0;
+    for (const std::size_t i : {0U, 1U}) {
+        length = body.isLength(i) ? std::max(length, std::abs(body.size(i))) : length;
+    }
+    return length;
 }
 
 /// The box of all points that count.
@@ -160,21 +214,70 @@ private:
 
 VrexSolverModel::VrexSolverModel(const Geometries& geometries, const Constraints& constraints) {
     addBodies(Grouping(geometries).groups(), constraints);
+    findLengths(constraints);
     Extent extent;
     double length = 0.0;
     for (const VrexSolverBody& body : m_system.bodies()) {
         extent.add(body.frame().origin);
-        for (const std::size_t i : {0U, 1U}) {
-            if (body.isLength(i)) {
-                length = std::max(length, std::abs(body.size(i)));
-            }
-        }
+        length = std::max(length, lengthOf(body));
     }
     for (const auto& constraint : constraints) {
-        length = constraint != nullptr ? std::max(length, lengthOf(*constraint)) : length;
+        if (constraint != nullptr) {
+            length = std::max(length, lengthOf(*constraint));
+            m_parallel.insert(parallelPair(*constraint));
+        }
     }
     length = std::max(length, extent.diagonal());
     m_system.numberUnknowns(length > 0.0 && std::isfinite(length) ? length : 1.0);
+    addCommonValues(constraints);
+}
+
+void VrexSolverModel::findLengths(const Constraints& constraints) {
+    const auto mark = [this](const VrexBaseGeometry* number) {
+        const auto found = m_carried.find(number);
+        if (found != m_carried.end() && found->second.body != nullptr) {
+            found->second.body->setSize(0, found->second.body->size(0), true);
+        }
+    };
+    for (const auto& [entity, carried] : m_carried) {
+        const auto* const pattern = dynamic_cast<const VrexPattern3D*>(entity);
+        if (pattern != nullptr && pattern->getPatternType() == VrexPattern3DType::Linear3D) {
+            mark(pattern);
+        }
+    }
+    for (const auto& constraint : constraints) {
+        const auto* const dimension = dynamic_cast<const VrexDimension3D*>(constraint.get());
+        if (dimension != nullptr && isLength(*dimension)) {
+            mark(dimension->getVariable().get());
+        }
+        const auto* const equality = dynamic_cast<const VrexEqualDimension3D*>(constraint.get());
+        if (equality != nullptr && !equality->getDimensions().empty() &&
+            equality->getDimensions().front() != nullptr && isLength(*equality->getDimensions().front())) {
+            mark(equality->getElement().get());
+        }
+    }
+}
+
+void VrexSolverModel::addCommonValues(const Constraints& constraints) {
+    std::unordered_set<const VrexBaseConstraint*> known;
+    for (const auto& constraint : constraints) {
+        known.insert(constraint.get());
+    }
+    for (const auto& dimension : dimensionsInEqualities(constraints)) {
+        const bool isOwn =
+            known.contains(dimension.get()) && dimension->getVariable() == nullptr && !dimension->isRigid();
+        if (isOwn && !m_commonValues.contains(dimension.get())) {
+            m_commonValues[dimension.get()] = &addNumber(dimension->value(), isLength(*dimension));
+        }
+    }
+}
+
+const VrexSolverShape& VrexSolverModel::addNumber(double value, bool isLength) {
+    VrexSolverMobility mobility;
+    mobility.sizes[0] = true;
+    VrexSolverBody& body = m_system.addHelp({VrexSolverFrame(), mobility});
+    body.setSize(0, value, isLength);
+    return m_numbers.emplace_back(body, VrexSolverFrame());
 }
 
 void VrexSolverModel::addBodies(const std::vector<Geometries>& groups, const Constraints& constraints) {
@@ -252,6 +355,19 @@ const VrexSolverBody* VrexSolverModel::body(const VrexBaseGeometry& geometry) co
 VrexVariable VrexSolverModel::value(const VrexGeometryVariable& variable) const {
     const VrexSolverShape* const known = shape(variable);
     return known != nullptr ? known->size(0) : VrexVariable(variable.getValue());
+}
+
+bool VrexSolverModel::isNumber(const VrexDimension3D& dimension) const {
+    return dimension.getVariable() == nullptr && commonValue(dimension) == nullptr;
+}
+
+const VrexSolverShape* VrexSolverModel::commonValue(const VrexDimension3D& dimension) const {
+    const auto found = m_commonValues.find(&dimension);
+    return found != m_commonValues.end() ? found->second : nullptr;
+}
+
+bool VrexSolverModel::isHeldParallel(const VrexBaseGeometry& first, const VrexBaseGeometry& second) const {
+    return m_parallel.contains(std::minmax(&first, &second, std::less<>()));
 }
 
 void VrexSolverModel::writeBack() const {

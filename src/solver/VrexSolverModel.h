@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <memory>
 #include <optional>
+#include <set>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "data/VrexVariable.h"
@@ -12,6 +15,7 @@
 
 class VrexBaseConstraint;
 class VrexBaseGeometry;
+class VrexDimension3D;
 class VrexGeometryVariable;
 struct VrexSolverEntity;
 
@@ -36,6 +40,16 @@ public:
     const VrexSolverBody* body(const VrexBaseGeometry& geometry) const;
     /// The variable's value with its derivative.
     VrexVariable value(const VrexGeometryVariable& variable) const;
+    /// Whether the value of the dimension is its own number, which nothing varies.
+    bool isNumber(const VrexDimension3D& dimension) const;
+    /// The unknown that stands for the value of a dimension in an equality; null for a dimension that is in
+    /// none, is rigid, or is bound to a variable.
+    const VrexSolverShape* commonValue(const VrexDimension3D& dimension) const;
+    /// Adds an unknown number that belongs to no entity. It stays where it is in memory.
+    const VrexSolverShape& addNumber(double value, bool isLength);
+
+    /// Whether a constraint of its own keeps the two parallel, so that others need not say so again.
+    bool isHeldParallel(const VrexBaseGeometry& first, const VrexBaseGeometry& second) const;
 
     /// An entity with a number that is not finite, for which nothing can be solved; null where there is none.
     const VrexBaseGeometry* notFinite() const { return m_notFinite; }
@@ -62,9 +76,15 @@ private:
     void addFree(const std::shared_ptr<VrexBaseGeometry>& entity);
     void noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity);
     void writeSet(const Carrier& carrier) const;
+    /// Numbers that stand for lengths are counted in lengths.
+    void findLengths(const Constraints& constraints);
+    void addCommonValues(const Constraints& constraints);
 
     VrexSolverSystem m_system;
     std::vector<Carrier> m_carriers;
     std::unordered_map<const VrexBaseGeometry*, Carried> m_carried;
     const VrexBaseGeometry* m_notFinite = nullptr;
+    std::deque<VrexSolverShape> m_numbers;
+    std::unordered_map<const VrexDimension3D*, const VrexSolverShape*> m_commonValues;
+    std::set<std::pair<const VrexBaseGeometry*, const VrexBaseGeometry*>> m_parallel;
 };

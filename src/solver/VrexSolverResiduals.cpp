@@ -1,62 +1,146 @@
 #include "solver/VrexSolverResiduals.h"
 
-#include "data/constraint/3d/VrexBallMate3D.h"
-#include "data/constraint/3d/VrexCylinderMate3D.h"
-#include "data/constraint/3d/VrexFastenedMate3D.h"
+#include "data/constraint/3d/VrexAngle3D.h"
+#include "data/constraint/3d/VrexConcentricity3D.h"
+#include "data/constraint/3d/VrexDirectionDistance3D.h"
+#include "data/constraint/3d/VrexDistance3D.h"
+#include "data/constraint/3d/VrexEqualDimension3D.h"
+#include "data/constraint/3d/VrexEqualDimensionValue3D.h"
+#include "data/constraint/3d/VrexEqualRadius3D.h"
 #include "data/constraint/3d/VrexFixation3D.h"
-#include "data/constraint/3d/VrexParallelMate3D.h"
-#include "data/constraint/3d/VrexPinSlotMate3D.h"
-#include "data/constraint/3d/VrexPlanarMate3D.h"
-#include "data/constraint/3d/VrexRevoluteMate3D.h"
-#include "data/constraint/3d/VrexSliderMate3D.h"
+#include "data/constraint/3d/VrexHalfAngle3D.h"
+#include "data/constraint/3d/VrexIncidence3D.h"
+#include "data/constraint/3d/VrexIncidenceToCenter3D.h"
+#include "data/constraint/3d/VrexInstance3D.h"
+#include "data/constraint/3d/VrexMate3D.h"
+#include "data/constraint/3d/VrexMateDimensionInterval3D.h"
+#include "data/constraint/3d/VrexMateRelation3D.h"
+#include "data/constraint/3d/VrexMidPoint3D.h"
+#include "data/constraint/3d/VrexParallelDistance3D.h"
+#include "data/constraint/3d/VrexParallelism3D.h"
+#include "data/constraint/3d/VrexPatternValue3D.h"
+#include "data/constraint/3d/VrexPerpendicularity3D.h"
+#include "data/constraint/3d/VrexPlanarAngle3D.h"
+#include "data/constraint/3d/VrexRadius3D.h"
+#include "data/constraint/3d/VrexSymmetry3D.h"
+#include "data/constraint/3d/VrexTangency3D.h"
+#include "data/constraint/3d/VrexVariableFixation3D.h"
+#include "data/constraint/equation/VrexBaseEquation.h"
+#include "solver/VrexCenterResiduals.h"
+#include "solver/VrexDirectionResiduals.h"
+#include "solver/VrexDistanceResiduals.h"
+#include "solver/VrexEquationResiduals.h"
 #include "solver/VrexFixationResiduals.h"
+#include "solver/VrexImageResiduals.h"
+#include "solver/VrexIncidenceResiduals.h"
 #include "solver/VrexMateResiduals.h"
+#include "solver/VrexRelationResiduals.h"
+#include "solver/VrexSizeResiduals.h"
 #include "solver/VrexSolverBuilder.h"
+#include "solver/VrexTangencyResiduals.h"
 
 void VrexSolverResiduals::visitBaseConstraint(VrexBaseConstraint& /*constraint*/) {
     m_builder.refuse("This kind of constraint is not supported.");
+}
+
+void VrexSolverResiduals::visitBaseEquation(VrexBaseEquation& constraint) {
+    nsEquationResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitDistance3D(VrexDistance3D& constraint) {
+    nsDistanceResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitDirectionDistance3D(VrexDirectionDistance3D& constraint) {
+    nsDistanceResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitParallelDistance3D(VrexParallelDistance3D& constraint) {
+    nsDistanceResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitIncidence3D(VrexIncidence3D& constraint) {
+    nsIncidenceResiduals::add(m_builder, constraint);
 }
 
 void VrexSolverResiduals::visitFixation3D(VrexFixation3D& constraint) {
     nsFixationResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitFastenedMate3D(VrexFastenedMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {SHIFT_X, SHIFT_Y, SHIFT_Z, TILT_X, TILT_Y, TWIST}, {});
+void VrexSolverResiduals::visitAngle3D(VrexAngle3D& constraint) {
+    nsDirectionResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitSliderMate3D(VrexSliderMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {SHIFT_X, SHIFT_Y, TILT_X, TILT_Y, TWIST}, {SHIFT_Z});
+void VrexSolverResiduals::visitPlanarAngle3D(VrexPlanarAngle3D& constraint) {
+    nsDirectionResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitRevoluteMate3D(VrexRevoluteMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {SHIFT_X, SHIFT_Y, SHIFT_Z, TILT_X, TILT_Y}, {TWIST});
+void VrexSolverResiduals::visitParallelism3D(VrexParallelism3D& constraint) {
+    nsDirectionResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitCylinderMate3D(VrexCylinderMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {SHIFT_X, SHIFT_Y, TILT_X, TILT_Y}, {SHIFT_Z, TWIST});
+void VrexSolverResiduals::visitPerpendicularity3D(VrexPerpendicularity3D& constraint) {
+    nsDirectionResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitPinSlotMate3D(VrexPinSlotMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {SHIFT_Y, SHIFT_Z, TILT_X, TILT_Y}, {SHIFT_X, TWIST});
+void VrexSolverResiduals::visitConcentricity3D(VrexConcentricity3D& constraint) {
+    nsCenterResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitPlanarMate3D(VrexPlanarMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {SHIFT_Z, TILT_X, TILT_Y}, {SHIFT_X, SHIFT_Y, TWIST});
+void VrexSolverResiduals::visitIncidenceToCenter3D(VrexIncidenceToCenter3D& constraint) {
+    nsCenterResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitParallelMate3D(VrexParallelMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {TILT_X, TILT_Y}, {SHIFT_X, SHIFT_Y, SHIFT_Z, TWIST});
+void VrexSolverResiduals::visitSymmetry3D(VrexSymmetry3D& constraint) {
+    nsImageResiduals::add(m_builder, constraint);
 }
 
-void VrexSolverResiduals::visitBallMate3D(VrexBallMate3D& mate) {
-    using enum nsMateResiduals::Degree;
-    nsMateResiduals::add(m_builder, mate, {SHIFT_X, SHIFT_Y, SHIFT_Z}, {SWING});
+void VrexSolverResiduals::visitMidPoint3D(VrexMidPoint3D& constraint) {
+    nsCenterResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitTangency3D(VrexTangency3D& constraint) {
+    nsTangencyResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitRadius3D(VrexRadius3D& constraint) {
+    nsSizeResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitEqualRadius3D(VrexEqualRadius3D& constraint) {
+    nsSizeResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitMate3D(VrexMate3D& constraint) { nsMateResiduals::add(m_builder, constraint); }
+
+void VrexSolverResiduals::visitMateDimensionInterval3D(VrexMateDimensionInterval3D& constraint) {
+    nsRelationResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitVariableFixation3D(VrexVariableFixation3D& constraint) {
+    nsSizeResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitHalfAngle3D(VrexHalfAngle3D& constraint) {
+    nsSizeResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitInstance3D(VrexInstance3D& constraint) {
+    nsImageResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitPatternValue3D(VrexPatternValue3D& constraint) {
+    nsSizeResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitEqualDimension3D(VrexEqualDimension3D& constraint) {
+    nsRelationResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitEqualDimensionValue3D(VrexEqualDimensionValue3D& constraint) {
+    nsSizeResiduals::add(m_builder, constraint);
+}
+
+void VrexSolverResiduals::visitMateRelation3D(VrexMateRelation3D& constraint) {
+    nsRelationResiduals::add(m_builder, constraint);
 }

@@ -20,6 +20,15 @@ void VrexSolverSystem::numberUnknowns(double length) {
         unknown += body.unknownCount();
     }
     m_unknownCount = static_cast<Eigen::Index>(unknown);
+    m_firstHelp = m_unknownCount;
+}
+
+VrexSolverBody& VrexSolverSystem::addHelp(const VrexSolverBody& body) {
+    VrexSolverBody& help = m_bodies.emplace_back(body);
+    help.setLength(m_length);
+    help.setFirstUnknown(static_cast<std::size_t>(m_unknownCount));
+    m_unknownCount += static_cast<Eigen::Index>(help.unknownCount());
+    return help;
 }
 
 void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {

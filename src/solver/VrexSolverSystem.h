@@ -16,6 +16,9 @@ class VrexSolverSystem {
 public:
     /// The body stays where it is in memory.
     VrexSolverBody& addBody(const VrexSolverBody& body);
+    /// A body that the constraints alone know, such as a parameter of a point of contact: its freedom is none
+    /// of the component's. To be added once the unknowns are numbered.
+    VrexSolverBody& addHelp(const VrexSolverBody& body);
     void addResidual(VrexSolverResidual residual);
     /// Numbers the unknowns; to be called once all bodies are there and held as far as they are.
     void numberUnknowns(double length);
@@ -25,6 +28,8 @@ public:
     const std::vector<VrexSolverResidual>& residuals() const { return m_residuals; }
     double length() const { return m_length; }
     Eigen::Index unknownCount() const { return m_unknownCount; }
+    /// The first unknown of those of helps, which come last.
+    Eigen::Index firstHelp() const { return m_firstHelp; }
     Eigen::Index rowCount() const { return m_rowCount; }
     /// The constraint that each row belongs to.
     const std::vector<std::size_t>& rowConstraints() const { return m_rowConstraints; }
@@ -51,6 +56,7 @@ private:
     std::vector<std::size_t> m_rowConstraints;
     double m_length = 1.0;
     Eigen::Index m_unknownCount = 0;
+    Eigen::Index m_firstHelp = 0;
     Eigen::Index m_rowCount = 0;
     std::vector<VrexVariable> m_rows;
     std::vector<Eigen::Triplet<double>> m_entries;

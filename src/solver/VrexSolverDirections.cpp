@@ -1,0 +1,97 @@
+#include "solver/VrexSolverDirections.h"
+
+#include <cmath>
+#include <numbers>
+
+#include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexSpinSurface3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
+#include "solver/VrexSolverBuilder.h"
+
+namespace {
+
+/// Below this the sine of an angle says nothing about a direction.
+constexpr double LEAST_SINE = 1e-12;
+
+bool hasDirection(VrexGeometry3DType type) {
+    switch (type) {
+        using enum VrexGeometry3DType;
+    case LINE:
+    case PLANE:
+    case CYLINDER:
+    case CIRCLE:
+    case CONE:
+    case ELLIPSE:
+    case TORUS:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+const VrexSolverShape* nsSolverDirections::directed(const VrexSolverBuilder& builder,
+                                                    const std::shared_ptr<VrexBaseGeometry>& geometry) {
+    if (const auto spin = std::dynamic_pointer_cast<VrexSpinSurface3D>(geometry)) {
+        return builder.shape(spin->getAxisLine());
+    }
+    if (const auto sweep = std::dynamic_pointer_cast<VrexSweepSurface3D>(geometry)) {
+        return builder.shape(sweep->getTrajectoryLine());
+    }
+    const auto known = std::dynamic_pointer_cast<VrexGeometry3D>(geometry);
+    return known != nullptr && hasDirection(known->type()) ? builder.shape(geometry) : nullptr;
+}
+
+double nsSolverDirections::senseOf(VrexConstraintAlignment alignment, double cosine) {
+    switch (alignment) {
+    case VrexConstraintAlignment::Positive:
+        return 1.0;
+    case VrexConstraintAlignment::Negative:
+        return -1.0;
+    default:
+        return cosine < 0.0 ? -1.0 : 1.0;
+    }
+}
+
+VrexVariable nsSolverDirections::nearTo(VrexVariable angle, double known) {
+    constexpr double turn = 2.0 * std::numbers::pi;
+    angle += turn * std::round((known - angle.value()) / turn);
+    return angle;
+}
+
+VrexVariable nsSolverDirections::tilt(const VrexSolverShape& shape, const Vector& direction, int index) {
+    const VrexVariable along = shape.axisZ().dotProduct(direction);
+    const VrexVariable component = (index == 0 ? shape.axisX() : shape.axisY()).dotProduct(direction);
+    if (along.value() > 0.0) {
+        return component * 2.0 / (along + 1.0);
+    }
+    VrexVariable across = shape.axisX().dotProduct(direction);
+    const VrexVariable aside = shape.axisY().dotProduct(direction);
+    // Opposite, where no way round is shorter than another, one is chosen.
+    constexpr double least = 1e-3;
+    if (std::hypot(across.value(), aside.value()) < least) {
+        across += across.value() < 0.0 ? -least : least;
+    }
+    const VrexVariable sine = hypot(across, aside);
+    return (index == 0 ? across : aside) / sine * (atan2(-along, sine) + 1.0) * 2.0;
+}
+
+VrexVariable nsSolverDirections::angleTo(const VrexSolverShape& shape, const Vector& direction) {
+    const VrexVariable across = shape.axisX().dotProduct(direction);
+    const VrexVariable aside = shape.axisY().dotProduct(direction);
+    const VrexVariable along = shape.axisZ().dotProduct(direction);
+    if (std::hypot(across.value(), aside.value()) < LEAST_SINE) {
+        return along.value() > 0.0 ? across : std::numbers::pi - across;
+    }
+    return atan2(hypot(across, aside), along);
+}
+
+VrexVariable nsSolverDirections::angleAbout(const Vector& axis, const Vector& from, const Vector& to) {
+    const VrexVariable sine = Vector::mixedProduct(from, to, axis);
+    const VrexVariable cosine = from.dotProduct(to) - from.dotProduct(axis) * to.dotProduct(axis);
+    if (std::hypot(sine.value(), cosine.value()) < LEAST_SINE) {
+        return {};
+    }
+    return atan2(sine, cosine);
+}

@@ -10,6 +10,9 @@
 #include <Eigen/Core>
 #include <Eigen/QR>
 
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/geometry/3d/VrexParametricCurve3D.h"
+#include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexParametricPath.h"
 
@@ -174,6 +177,26 @@ VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverC
     default:
         return {[&shape] { return VrexSolverContact{shape.origin(), {}, 1.0}; }, nullptr, {}};
     }
+}
+
+std::optional<VrexVector3DT<double>> nsContactPaths::helpPointOf(const VrexConstraint3D& constraint,
+                                                                 std::uint32_t number) {
+    const auto& point = number == 1 ? constraint.helpPoint1() : constraint.helpPoint2();
+    const auto& parameters = number == 1 ? constraint.helpParam1() : constraint.helpParam2();
+    if (point.has_value() || !parameters.has_value()) {
+        return point;
+    }
+    const auto entity = constraint.geometry(number);
+    if (const auto curve = std::dynamic_pointer_cast<VrexParametricCurve3D>(entity)) {
+        return curve->evaluate(parameters->x(), 0).front();
+    }
+    const auto surface = std::dynamic_pointer_cast<VrexParametricSurface3D>(entity);
+    return surface != nullptr ? std::optional(surface->evaluate(parameters->x(), parameters->y(), 0)[0])
+                              : std::nullopt;
+}
+
+bool nsContactPaths::isHelpHeld(const VrexConstraint3D& constraint) {
+    return constraint.fixHelpParameter1() || constraint.fixHelpParameter2();
 }
 
 void nsContactPaths::scan(const std::vector<VrexContactPath>& paths, const std::function<double()>& cost) {

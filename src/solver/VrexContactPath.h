@@ -1,12 +1,16 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
 #include "solver/VrexSolverShape.h"
+
+class VrexConstraint3D;
 
 /// Where a point of contact is, and the directions of unit length in which its parameters take it.
 struct VrexSolverContact {
@@ -42,6 +46,12 @@ namespace nsContactPaths {
 ///   ellipse  c + a cos t x + b sin t y
 ///   cone     apex + v (cos(alpha) z + sin(alpha) (cos u x + sin u y)), v = w^2 / length
 VrexContactPath on(VrexSolverBuilder& builder, const VrexSolverCore& core, const VrexVector3DT<double>& near);
+
+/// The help point of geometry 1 or 2, or the point at its help parameter; empty without both.
+std::optional<VrexVector3DT<double>> helpPointOf(const VrexConstraint3D& constraint, std::uint32_t number);
+
+/// Whether a help parameter of the constraint is held, which no path can.
+bool isHelpHeld(const VrexConstraint3D& constraint);
 
 /// Sets all parameters of the paths to where, of a grid of places, `cost` is least.
 void scan(const std::vector<VrexContactPath>& paths, const std::function<double()>& cost);

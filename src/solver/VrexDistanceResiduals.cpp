@@ -10,6 +10,7 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
+#include "solver/VrexContactPath.h"
 #include "solver/VrexDimensionResiduals.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
@@ -48,6 +49,10 @@ void addAlong(VrexSolverBuilder& builder, const VrexDimension3D& distance,
 } // namespace
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDistance3D& distance) {
+    if (nsContactPaths::isHelpHeld(distance)) {
+        builder.refuse("A help parameter that is held is not supported.");
+        return;
+    }
     const auto first = VrexSolverCore::of(builder, distance.geometry(1), distance.getGeomComponentType(1));
     const auto second = VrexSolverCore::of(builder, distance.geometry(2), distance.getGeomComponentType(2));
     if (!first.has_value() || !second.has_value()) {

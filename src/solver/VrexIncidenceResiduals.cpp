@@ -9,6 +9,7 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
+#include "solver/VrexContactPath.h"
 #include "solver/VrexDirectionRows.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
@@ -326,6 +327,10 @@ VrexGeometryComponentType componentOf(const VrexIncidence3D& incidence, std::uin
 } // namespace
 
 void nsIncidenceResiduals::add(VrexSolverBuilder& builder, VrexIncidence3D& incidence) {
+    if (nsContactPaths::isHelpHeld(incidence)) {
+        builder.refuse("A help parameter that is held is not supported.");
+        return;
+    }
     const auto first = VrexSolverCore::of(builder, incidence.geometry(1), componentOf(incidence, 1));
     const auto second = VrexSolverCore::of(builder, incidence.geometry(2), componentOf(incidence, 2));
     if (!first.has_value() || !second.has_value() || !Incidence(builder, incidence, *first, *second).add()) {

@@ -55,8 +55,8 @@ public:
     Contact(VrexSolverBuilder& builder, const VrexTangency3D& tangency, const VrexSolverCore& first,
             const VrexSolverCore& second, bool isSwapped = false)
         : m_builder(builder),
-          m_help1(isSwapped ? tangency.helpPoint2() : tangency.helpPoint1()),
-          m_help2(isSwapped ? tangency.helpPoint1() : tangency.helpPoint2()),
+          m_help1(nsContactPaths::helpPointOf(tangency, isSwapped ? 2 : 1)),
+          m_help2(nsContactPaths::helpPointOf(tangency, isSwapped ? 1 : 2)),
           m_first(nsContactPaths::on(builder, first, middleOf(second))),
           m_second(nsContactPaths::on(builder, second, middleOf(first))) {}
 
@@ -153,8 +153,12 @@ bool areBothTraced(const VrexSolverCore& first, const VrexSolverCore& second) {
 } // namespace
 
 void nsTangencyResiduals::add(VrexSolverBuilder& builder, VrexTangency3D& tangency) {
-    auto first = VrexSolverCore::of(builder, tangency.geometry(1), tangency.getGeomComponentType(1));
-    auto second = VrexSolverCore::of(builder, tangency.geometry(2), tangency.getGeomComponentType(2));
+    if (nsContactPaths::isHelpHeld(tangency)) {
+        builder.refuse("A help parameter that is held is not supported.");
+        return;
+    }
+    const auto first = VrexSolverCore::of(builder, tangency.geometry(1), tangency.getGeomComponentType(1));
+    const auto second = VrexSolverCore::of(builder, tangency.geometry(2), tangency.getGeomComponentType(2));
     if (!first.has_value() || !second.has_value() || !canTouch(*first, *second)) {
         builder.refuse("A tangency between such entities is not supported.");
         return;

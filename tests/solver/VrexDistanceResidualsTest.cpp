@@ -1,5 +1,6 @@
 #include <memory>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -57,6 +58,43 @@ TEST(VrexDistanceResiduals, IsTheDistanceBetweenTheNearestPoints) {
             EXPECT_NEAR(nsNearest::distance(*one, *other), value, 1e-5);
         }
     });
+}
+
+TEST(VrexDistanceResiduals, HelpPointOnTheFarSideMeansTheFarSide) {
+    Mechanism mechanism;
+    const auto point = mechanism.add(VrexPoint3D::create(4.0, 0.0, 0.0));
+    const auto sphere = mechanism.add(VrexSphere3D::create({0.0, 0.0, 0.0}, 1.0));
+    mechanism.bind(VrexFixation3D::create(sphere, VrexFixation3DType::Complete3D));
+    const auto distance = mechanism.bind(distanceOf(point, sphere, 3.0));
+    distance->setHelpPoint2({-1.0, 0.0, 0.0});
+    ASSERT_TRUE(VrexSolver3D().solve({mechanism.component()}).isConverged());
+    EXPECT_NEAR(point->getPosition().magnitude(), 2.0, 1e-9);
+}
+
+TEST(VrexDistanceResiduals, OrientationChoosesTheSideOfAPlane) {
+    for (const auto& [orientation, height] : {std::pair{VrexConstraintOrientation::Positive, 3.0},
+                                              std::pair{VrexConstraintOrientation::Negative, -3.0},
+                                              std::pair{VrexConstraintOrientation::Current, -3.0}}) {
+        Mechanism mechanism;
+        const auto point = mechanism.add(VrexPoint3D::create(4.0, 0.0, -1.0));
+        const auto plane = mechanism.add(VrexPlane3D::create({0.0, 0.0, 0.0}, {0.0, 0.0, 1.0}));
+        mechanism.bind(VrexFixation3D::create(plane, VrexFixation3DType::Complete3D));
+        mechanism.bind(distanceOf(point, plane, 3.0))->orientation() = orientation;
+        ASSERT_TRUE(VrexSolver3D().solve({mechanism.component()}).isConverged());
+        EXPECT_NEAR(point->getPosition().z(), height, 1e-9);
+    }
+}
+
+TEST(VrexDistanceResiduals, HelpParameterThatIsHeldIsNotSupported) {
+    Mechanism mechanism;
+    const auto point = mechanism.add(VrexPoint3D::create(4.0, 0.0, -1.0));
+    const auto plane = mechanism.add(VrexPlane3D::create({0.0, 0.0, 0.0}, {0.0, 0.0, 1.0}));
+    const auto distance = mechanism.bind(distanceOf(plane, point, 3.0));
+    distance->fixHelpParameter1(true);
+    const auto report = VrexSolver3D().solve({mechanism.component()});
+    ASSERT_EQ(report.components[0].remarks.size(), 1U);
+    EXPECT_EQ(report.components[0].remarks[0].reason, "A help parameter that is held is not supported.");
+    EXPECT_EQ(distance->status(), VrexConstraintStatus::NotSolved);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-# The installed package: both libraries, the public headers under include/vrex.data3d/ with the spelling that they
+# The installed package: the libraries, the public headers under include/vrex.data3d/ with the spelling that they
 # have under src/, the umbrella header beside them, the schema of documents under share/vrex.data3d/, the CMake package Vrex
 # and a .pc file a library.
 include(CMakePackageConfigHelpers)
@@ -6,7 +6,7 @@ include(CMakePackageConfigHelpers)
 set(VREX_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/vrex.data3d)
 set(VREX_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Vrex)
 
-install(TARGETS vrex_data3d vrex_tolvbase EXPORT VrexTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS vrex_data3d vrex_solver vrex_tolvbase EXPORT VrexTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 foreach(header IN LISTS VREX_PUBLIC_HEADERS)
   cmake_path(GET header PARENT_PATH folder)
   install(FILES ${PROJECT_SOURCE_DIR}/src/${header} DESTINATION ${VREX_INCLUDE_DIR}/${folder})
@@ -36,3 +36,4 @@ function(vrex_install_pc library)
 endfunction()
 vrex_install_pc(tolvbase DESCRIPTION "Logging, formatting, timing and JSON values")
 vrex_install_pc(vrex.data3d DESCRIPTION "${PROJECT_DESCRIPTION}" REQUIRES tolvbase CFLAGS " -ffp-contract=off")
+vrex_install_pc(vrex.solver DESCRIPTION "Solver of systems of vrex.data3d" REQUIRES vrex.data3d)

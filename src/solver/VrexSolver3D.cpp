@@ -7,6 +7,8 @@
 #include "data/graph/VrexConnectedComponent.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexDepthFirstSearch.h"
+#include "data/serialization/3d/VrexStreamGraphDecoder3D.h"
+#include "data/serialization/3d/VrexStreamGraphEncoder3D.h"
 #include "solver/VrexComponentSolver.h"
 #include "solver/VrexSolverCopy.h"
 
@@ -51,4 +53,15 @@ VrexSolverReport VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexBaseG
                                     [&copy](std::uint64_t id) { return copy.sourceId(id); });
     copy.layBack();
     return report;
+}
+
+bool VrexSolver3D::solve(const unsigned char* buffer, unsigned int size, VrexStreamGraphEncoder3D& result,
+                         VrexSolverReport& report) const {
+    result.reset();
+    std::vector<std::shared_ptr<VrexConnectedComponent>> components;
+    if (!VrexStreamGraphDecoder3D().decodeConstraintGraphs(buffer, size, components)) {
+        return false;
+    }
+    report = solve(components);
+    return result.encodeConstraintGraphs(components);
 }

@@ -12,6 +12,7 @@
 class VrexBaseConstraint;
 class VrexBaseGeometry;
 class VrexConnectedComponent;
+class VrexStreamGraphEncoder3D;
 class VrexTransform3D;
 
 /// Moves entities so that constraints hold.
@@ -35,6 +36,14 @@ public:
     /// Solves these components themselves.
     VrexSolverReport solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components,
                            const VrexTransform3D* drag = nullptr) const;
+
+    /// Solves the components of a stream, as `VrexStreamGraphEncoder::encodeConstraintGraphs` writes them,
+    /// and leaves them in `result` as the same kind of stream, with statuses and groups of over-constrained
+    /// identifiers. False, and nothing in `result`, for a buffer that is no such stream and where what was
+    /// solved cannot be written. Functions of equations in the stream are called: only streams of this
+    /// process are to be trusted.
+    bool solve(const unsigned char* buffer, unsigned int size, VrexStreamGraphEncoder3D& result,
+               VrexSolverReport& report) const;
 
 private:
     VrexSolverReport solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components,

@@ -5,6 +5,8 @@
 
 #include "data/3d/VrexTransform3D.h"
 #include "data/VrexTransformMatrix3D.h"
+#include "data/serialization/3d/VrexStreamGraphDecoder3D.h"
+#include "data/serialization/3d/VrexStreamGraphEncoder3D.h"
 #include "solver/Mechanism.h"
 #include "solver/VrexSolver3D.h"
 
@@ -134,6 +136,34 @@ TEST(VrexSolver3D, ANumberThatIsNotFiniteIsRefusedByName) {
     ASSERT_EQ(report.components.size(), 1U);
     EXPECT_FALSE(report.components[0].isConverged);
     EXPECT_EQ(report.components[0].refusal, "rs3 (crank) holds a number that is not finite.");
+}
+
+TEST(VrexSolver3D, AStreamComesBackSolved) {
+    FourBar linkage(0.3);
+    linkage.input->getAngle().value = 0.9;
+    linkage.input->getAngle().setFixed(true);
+    VrexStreamGraphEncoder3D problem;
+    ASSERT_TRUE(problem.encodeConstraintGraphs({linkage.component()}));
+    unsigned int size = 0;
+    unsigned char* const buffer = problem.dumpBuffer(size);
+    VrexStreamGraphEncoder3D answer;
+    VrexSolverReport report;
+    EXPECT_TRUE(VrexSolver3D().solve(buffer, size, answer, report));
+    EXPECT_FALSE(VrexSolver3D().solve(buffer, size - 1, problem, report));
+    VrexStreamGraphEncoder::freeBuffer(buffer);
+
+    unsigned char* const solved = answer.dumpBuffer(size);
+    std::vector<std::shared_ptr<VrexConnectedComponent>> components;
+    EXPECT_TRUE(VrexStreamGraphDecoder3D().decodeConstraintGraphs(solved, size, components));
+    VrexStreamGraphEncoder::freeBuffer(solved);
+    ASSERT_EQ(components.size(), 1U);
+    for (const auto& constraint : components[0]->getConstraints()) {
+        if (constraint->getID() == linkage.output->getID()) {
+            EXPECT_NEAR(std::static_pointer_cast<VrexRevoluteMate3D>(constraint)->getAngle().value,
+                        FourBar::rockerAngle(1.2) - FourBar::rockerAngle(0.3), 1e-9);
+            EXPECT_EQ(constraint->satisfiedStatus(), VrexConstraintSatisfiedStatus::Satisfied);
+        }
+    }
 }
 
 } // namespace

@@ -143,16 +143,21 @@ private:
             LumoJson::toJson(value, text);
             return;
         }
-        // All bytes that a short text may have are read, and those that are not its own are erased.
-        std::array<std::uint64_t, 2> bytes{};
-        std::array<std::uint64_t, 2> mask{};
-        std::memcpy(bytes.data(), text.data(), SHORT);
-        std::memcpy(mask.data(), OWN_BYTES.data() + SHORT - text.size(), SHORT);
-        bytes[0] &= mask[0];
-        bytes[1] &= mask[1];
+        // All bytes that a short text may have are copied, and those that are not its own are erased.
         value.m_tag = LumoJson::Tag::ShortString;
         value.m_bytes[0] = static_cast<char>(text.size());
-        std::memcpy(value.m_bytes + 1, bytes.data(), SHORT);
+        const unsigned char* const mask = OWN_BYTES.data() + SHORT - text.size();
+        copyWord(value.m_bytes + 1, text.data(), mask);
+        copyWord(value.m_bytes + 1 + LATER_WORD, text.data() + LATER_WORD, mask + LATER_WORD);
+    }
+
+    static void copyWord(char* to, const char* from, const unsigned char* mask) {
+        std::uint64_t word = 0;
+        std::uint64_t kept = 0;
+        std::memcpy(&word, from, sizeof word);
+        std::memcpy(&kept, mask, sizeof kept);
+        word &= kept;
+        std::memcpy(to, &word, sizeof word);
     }
 
     bool takeScalar(char byte) {
@@ -228,14 +233,13 @@ private:
     static std::uint64_t mark(const LumoJson& key) {
         constexpr std::uint64_t SPREAD = 0x9E3779B97F4A7C15;
         constexpr unsigned int KEPT = 64 - 6;
-        std::array<std::uint64_t, 2> words{};
-        if (key.m_tag == LumoJson::Tag::ShortString) {
-            std::memcpy(words.data(), &key, sizeof key); // The bytes behind a text that was read are zero.
-        } else {
-            std::memcpy(words.data(), key.text().data(), sizeof words[0]); // A long text has them.
-            words[1] = key.text().size();
-        }
-        return (words[0] * SPREAD ^ words[1]) * SPREAD >> KEPT;
+        const std::string_view text = key.text();
+        const bool isShort = key.m_tag == LumoJson::Tag::ShortString; // What follows a short text is zero.
+        std::uint64_t first = 0;
+        std::uint64_t later = 0;
+        std::memcpy(&first, text.data(), sizeof first);
+        std::memcpy(&later, text.data() + (isShort ? LATER_WORD : 0), sizeof later);
+        return ((first * SPREAD ^ later) + text.size()) * SPREAD >> KEPT;
     }
 
     static bool isAmong(std::string_view key, std::span<const LumoJson> keysAndValues) {
@@ -247,6 +251,8 @@ private:
         return false;
     }
 
+    /// Two words cover all bytes of a short text: the first ones, and the last ones from here on.
+    static constexpr std::size_t LATER_WORD = LumoJson::SHORT_TEXT - sizeof(std::uint64_t);
     /// From the place `SHORT_TEXT - n` on: n bytes to keep, then bytes to erase.
     static constexpr std::array<unsigned char, 2 * LumoJson::SHORT_TEXT> OWN_BYTES = [] {
         std::array<unsigned char, 2 * LumoJson::SHORT_TEXT> bytes{};

@@ -20,7 +20,8 @@ LumoJsonNode::Owner LumoJsonNode::make(std::size_t capacity) {
 
 LumoJsonNode::Owner LumoJsonNode::takeOver(std::span<LumoJson> values) {
     Owner node = make(values.size());
-    std::memcpy(static_cast<void*>(node->place(0)), values.data(), values.size_bytes());
+    std::memcpy(static_cast<void*>(node->place(0)), static_cast<const void*>(values.data()),
+                values.size_bytes());
     node->m_size = values.size();
     return node;
 }
@@ -34,7 +35,8 @@ LumoJsonNode* LumoJsonNode::withRoom(LumoJsonNode* node, std::size_t count) {
     }
     Owner grown = make(2 * node->m_size + count);
     const std::span<LumoJson> values = node->values();
-    std::memcpy(static_cast<void*>(grown->place(0)), values.data(), values.size_bytes());
+    std::memcpy(static_cast<void*>(grown->place(0)), static_cast<const void*>(values.data()),
+                values.size_bytes());
     grown->m_size = std::exchange(node->m_size, 0);
     grown->m_index = std::move(node->m_index);
     release(node);

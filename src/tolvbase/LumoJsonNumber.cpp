@@ -152,7 +152,8 @@ bool toDoubleByTable(std::uint64_t digits, int exponent, std::uint64_t& bits) {
     const std::uint64_t factor = digits << shift;
     const Wide product =
         Wide{power.high} * factor + static_cast<std::uint64_t>((Wide{power.low} * factor) >> WORD_BITS);
-    const int lost = std::bit_width(static_cast<std::uint64_t>(product >> WORD_BITS)) - (FRACTION_BITS + 1);
+    const auto high = static_cast<std::uint64_t>(product >> WORD_BITS); // Its highest bit, or the next, is 1.
+    const int lost = static_cast<int>(WORD_BITS) - std::countl_zero(high) - (FRACTION_BITS + 1);
     const int exponentBits =
         floorLog2OfPower10(exponent) - static_cast<int>(shift) + lost + BIAS + FRACTION_BITS;
     const unsigned int below = WORD_BITS + static_cast<unsigned int>(lost);

@@ -274,7 +274,8 @@ TEST(LumoJsonParse, EqualKeysAreFoundAtEveryLengthAndNumberOfMembers) {
     for (std::size_t length = 0; length < 40; ++length) {
         for (int others = 0; others < 20; ++others) {
             const std::string key(length, 'k');
-            std::string text = "{\"" + key + "\":0";
+            std::string text("{\"");
+            text.append(key).append("\":0");
             for (int other = 0; other < others; ++other) {
                 text.append(",\"").append(key).append("-").append(std::to_string(other)).append("\":1");
             }
@@ -289,7 +290,7 @@ TEST(LumoJsonParse, EqualKeysAreFoundAtEveryLengthAndNumberOfMembers) {
 TEST(LumoJsonParse, StringsOfEveryLengthAreReadAtTheEndAndBeforeIt) {
     for (std::size_t length = 0; length < 40; ++length) {
         for (std::size_t blanks = 0; blanks < 20; ++blanks) {
-            const std::string text = "\"" + std::string(length, 'x') + "\"";
+            const std::string text = std::string("\"").append(length, 'x').append("\"");
             EXPECT_EQ(LumoJson::parse(text + std::string(blanks, ' ')).dump(), text);
         }
     }
@@ -302,8 +303,9 @@ TEST(LumoJsonParse, NumbersAreThoseOfTheStandardLibrary) {
         const std::string places = std::to_string(digits);
         const auto point = static_cast<std::size_t>(random() % places.size()) + 1;
         const int exponent = static_cast<int>(random() % 640) - 340;
-        const std::string text = (turn % 2 == 0 ? "-" : "") + places.substr(0, point) + "." +
-                                 places.substr(point) + "0e" + std::to_string(exponent);
+        std::string text(turn % 2 == 0 ? "-" : "");
+        text.append(places, 0, point).append(".").append(places, point).append("0e");
+        text.append(std::to_string(exponent));
         const double expected = std::strtod(text.c_str(), nullptr);
         if (std::isfinite(expected)) {
             EXPECT_EQ(number(text), expected) << text;

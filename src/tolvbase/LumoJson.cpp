@@ -38,7 +38,7 @@ LumoJson::LumoJson(std::initializer_list<LumoJson> elements, bool deduceType) {
     }
     LumoJson object = emptyContainer(LumoJsonType::Object);
     for (const LumoJson& element : elements) {
-        object.ensureNode()->member(element.front().text()) = element.back();
+        object.member(element.front().text()) = element.back();
     }
     swap(object);
 }
@@ -46,7 +46,10 @@ LumoJson::LumoJson(std::initializer_list<LumoJson> elements, bool deduceType) {
 LumoJson LumoJson::array(std::initializer_list<LumoJson> elements) {
     LumoJson result = emptyContainer(LumoJsonType::Array);
     if (elements.size() != 0) {
-        result.ensureNode()->values.assign(elements.begin(), elements.end());
+        LumoJsonNode* const node = result.ensureRoom(elements.size());
+        for (const LumoJson& element : elements) {
+            node->push(element);
+        }
     }
     return result;
 }
@@ -104,11 +107,17 @@ void LumoJson::release() noexcept {
     m_tag = Tag::Null;
 }
 
-LumoJsonNode* LumoJson::ensureNode() {
-    LumoJsonNode* elements = node();
-    if (elements == nullptr) {
-        elements = std::make_unique<LumoJsonNode>().release();
-        setPayload(elements);
-    }
+LumoJsonNode* LumoJson::ensureRoom(std::size_t count) {
+    LumoJsonNode* const elements = LumoJsonNode::withRoom(node(), count);
+    setPayload(elements);
     return elements;
+}
+
+LumoJson& LumoJson::member(std::string_view key) {
+    LumoJsonNode* const elements = node();
+    if (LumoJson* const found = elements == nullptr ? nullptr : elements->findMember(key)) {
+        return *found;
+    }
+    LumoJson copied(key); // The key may be a view into this very object.
+    return ensureRoom(LumoJsonNode::MEMBER_STRIDE)->append(std::move(copied));
 }

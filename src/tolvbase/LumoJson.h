@@ -15,7 +15,7 @@
 #include "tolvbase/LumoJsonType.h"
 #include "tolvbase/TolvExport.h"
 
-struct LumoJsonNode;
+class LumoJsonNode;
 
 /// A JSON value of 16 bytes: null, object, array, string, boolean or number.
 ///
@@ -190,7 +190,7 @@ public:
     }
 
 private:
-    friend struct LumoJsonNode;
+    friend class LumoJsonNode;
     friend class LumoJsonIteratorImpl;
     friend class LumoJsonKeyIndex;
     friend class LumoJsonTreeBuilder;
@@ -245,8 +245,10 @@ private:
     [[nodiscard]] LumoJsonNode* node() const noexcept {
         return m_tag >= Tag::Array ? payload<LumoJsonNode*>() : nullptr;
     }
-    /// The elements of a container, made if there are none yet.
-    LumoJsonNode* ensureNode();
+    /// The elements of a container, made if there are none yet, with room for `count` values more.
+    LumoJsonNode* ensureRoom(std::size_t count);
+    /// The member of an object, made if it is missing.
+    LumoJson& member(std::string_view key);
     /// Takes the elements away, for their release by the caller.
     LumoJsonNode* detachNode() noexcept {
         LumoJsonNode* const elements = node();

@@ -20,7 +20,7 @@ LumoJson& LumoJson::operator[](std::string_view key) & {
     if (!is_object()) {
         throw std::runtime_error("JSON value is no object and takes no member.");
     }
-    return ensureNode()->member(key);
+    return member(key);
 }
 
 LumoJson& LumoJson::operator[](const char* key) & {
@@ -71,18 +71,19 @@ LumoJson::const_iterator LumoJson::cbegin() const {
     if (!is_array() && !is_object()) {
         throw std::runtime_error("JSON value is no container and has no elements.");
     }
-    return empty() ? cend() : const_iterator(node()->values.data(), stride());
+    return empty() ? cend() : const_iterator(node()->values().data(), stride());
 }
 
 LumoJson::const_iterator LumoJson::cend() const {
     const LumoJsonNode* const elements = node();
-    return elements == nullptr ? const_iterator()
-                               : const_iterator(elements->values.data() + elements->values.size(), stride());
+    return elements == nullptr
+               ? const_iterator()
+               : const_iterator(elements->values().data() + elements->values().size(), stride());
 }
 
 std::size_t LumoJson::size() const noexcept {
     const LumoJsonNode* const elements = node();
-    return elements == nullptr ? 0 : elements->values.size() / static_cast<std::size_t>(stride());
+    return elements == nullptr ? 0 : elements->values().size() / static_cast<std::size_t>(stride());
 }
 
 void LumoJson::makeArray() {
@@ -96,7 +97,7 @@ void LumoJson::makeArray() {
 
 void LumoJson::push_back(LumoJson value) {
     makeArray();
-    ensureNode()->values.push_back(std::move(value));
+    ensureRoom(1)->push(std::move(value));
 }
 
 LumoJson& LumoJson::back() { return const_cast<LumoJson&>(atEdge(true)); }
@@ -114,7 +115,7 @@ const LumoJson* LumoJson::findMember(std::string_view key) const {
 
 const LumoJson* LumoJson::findElement(std::size_t index) const noexcept {
     const LumoJsonNode* const elements = is_array() ? node() : nullptr;
-    return elements == nullptr || index >= elements->values.size() ? nullptr : &elements->values[index];
+    return elements == nullptr || index >= elements->values().size() ? nullptr : &elements->values()[index];
 }
 
 const LumoJson& LumoJson::atEdge(bool isBack) const {
@@ -122,7 +123,7 @@ const LumoJson& LumoJson::atEdge(bool isBack) const {
         throwMissing(NO_ELEMENT);
     }
     const LumoJsonNode* const elements = node();
-    return isBack ? elements->values.back() : elements->values[static_cast<std::size_t>(stride()) - 1];
+    return isBack ? elements->values().back() : elements->values()[static_cast<std::size_t>(stride()) - 1];
 }
 
 int LumoJson::stride() const noexcept {

@@ -19,8 +19,9 @@ using nsLumoJsonPowersOfTen::Power;
 
 constexpr std::uint64_t HUNDRED_MILLION = 100'000'000;
 
-/// The whole logarithms, exact for the exponents of doubles.
-constexpr int floorLog2OfPower10(int exponent) { return (exponent * 1741647) >> 19; }
+using nsLumoJsonPowersOfTen::floorLog2OfPower10;
+
+/// The whole logarithm, exact for the exponents of doubles.
 constexpr int floorLog10OfPower2(int exponent) { return (exponent * 1262611) >> 22; }
 /// Of three quarters of the power.
 constexpr int floorLog10OfThreeQuarters(int exponent) { return (exponent * 1262611 - 524031) >> 22; }

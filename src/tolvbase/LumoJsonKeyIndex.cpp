@@ -27,11 +27,11 @@ std::size_t placeOf(std::uint32_t member) { return std::size_t{member} * LumoJso
 
 } // namespace
 
-LumoJsonKeyIndex::LumoJsonKeyIndex(const std::vector<LumoJson>& keysAndValues) {
+LumoJsonKeyIndex::LumoJsonKeyIndex(std::span<const LumoJson> keysAndValues) {
     rebuild(keysAndValues, SMALLEST_TABLE);
 }
 
-std::size_t LumoJsonKeyIndex::find(const std::vector<LumoJson>& keysAndValues, std::string_view key) const {
+std::size_t LumoJsonKeyIndex::find(std::span<const LumoJson> keysAndValues, std::string_view key) const {
     const std::uint32_t hash = hashOf(key);
     const std::size_t mask = m_slots.size() - 1;
     for (std::size_t at = hash & mask; m_slots[at].member != 0; at = (at + 1) & mask) {
@@ -43,8 +43,7 @@ std::size_t LumoJsonKeyIndex::find(const std::vector<LumoJson>& keysAndValues, s
     return NOT_FOUND;
 }
 
-void LumoJsonKeyIndex::add(const std::vector<LumoJson>& keysAndValues, std::string_view key,
-                           std::size_t place) {
+void LumoJsonKeyIndex::add(std::span<const LumoJson> keysAndValues, std::string_view key, std::size_t place) {
     const std::uint32_t member = memberAt(place);
     if (2 * (m_size + 1) > m_slots.size()) {
         rebuild(keysAndValues, 2 * m_slots.size());
@@ -52,7 +51,7 @@ void LumoJsonKeyIndex::add(const std::vector<LumoJson>& keysAndValues, std::stri
     enter(hashOf(key), member);
 }
 
-void LumoJsonKeyIndex::rebuild(const std::vector<LumoJson>& keysAndValues, std::size_t slotCount) {
+void LumoJsonKeyIndex::rebuild(std::span<const LumoJson> keysAndValues, std::size_t slotCount) {
     m_slots.assign(slotCount, {});
     m_size = 0;
     for (std::size_t place = 1; place < keysAndValues.size(); place += LumoJsonNode::MEMBER_STRIDE) {

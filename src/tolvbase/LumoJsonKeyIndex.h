@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -16,12 +17,12 @@ class LumoJsonKeyIndex {
 public:
     static constexpr std::size_t NOT_FOUND = std::numeric_limits<std::size_t>::max();
 
-    explicit LumoJsonKeyIndex(const std::vector<LumoJson>& keysAndValues);
+    explicit LumoJsonKeyIndex(std::span<const LumoJson> keysAndValues);
 
     /// The place of the value that belongs to the key, or `NOT_FOUND`.
-    [[nodiscard]] std::size_t find(const std::vector<LumoJson>& keysAndValues, std::string_view key) const;
+    [[nodiscard]] std::size_t find(std::span<const LumoJson> keysAndValues, std::string_view key) const;
     /// Enters a key that is not there yet, for the value that will stand at `place`.
-    void add(const std::vector<LumoJson>& keysAndValues, std::string_view key, std::size_t place);
+    void add(std::span<const LumoJson> keysAndValues, std::string_view key, std::size_t place);
 
     /// The most slots that a key stands behind its own, plus one: what the slowest look-up compares.
     [[nodiscard]] std::size_t longestProbe() const;
@@ -32,7 +33,7 @@ private:
         std::uint32_t member = 0; ///< Number of the member, from 1; 0 marks a free slot.
     };
 
-    void rebuild(const std::vector<LumoJson>& keysAndValues, std::size_t slotCount);
+    void rebuild(std::span<const LumoJson> keysAndValues, std::size_t slotCount);
     void enter(std::uint32_t hash, std::uint32_t member);
 
     std::vector<Slot> m_slots;

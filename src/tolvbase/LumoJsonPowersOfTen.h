@@ -12,6 +12,9 @@ struct Power {
 /// The exponent of the first row; those of the others rise by one.
 constexpr int LOWEST = -292;
 
+/// The whole logarithm, exact for the exponents of doubles.
+constexpr int floorLog2OfPower10(int exponent) { return (exponent * 1741647) >> 19; }
+
 // clang-format off
 constexpr Power ROWS[] = {
     {0xFF77B1FCBEBCDC4F, 0x25E8E89C13BB0F7B}, {0x9FAACF3DF73609B1, 0x77B191618C54E9AD},

@@ -167,7 +167,7 @@ bool LumoJsonScanner::scanNumber() {
     if (length == 0) {
         return fail("a value is expected");
     }
-    LumoJson number;
+    nsLumoJsonNumber::Number number;
     if (nsLumoJsonNumber::read(m_text.substr(m_at, length), number) != nsLumoJsonNumber::Result::Read) {
         return fail("the number is too large");
     }

@@ -1,8 +1,10 @@
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -151,6 +153,14 @@ const BadRow BAD_ROWS[] = {
     {"\"\xF4\x90\x80\x80\"", "line 1, column 2: the string is not valid UTF-8"},
     {"\"\xE2\x82\"", "line 1, column 2: the string is not valid UTF-8"},
     {"[1]\xFF", "line 1, column 4: text follows the value"},
+    {R"("a"x)", "line 1, column 4: text follows the value"},
+    {R"("a""b")", "line 1, column 4: text follows the value"},
+    {R"(["a"1])", "line 1, column 5: ',' or ']' is expected"},
+    {R"([1"a"])", "line 1, column 3: ',' or ']' is expected"},
+    {R"(["a"\"])", "line 1, column 5: ',' or ']' is expected"},
+    {R"(["a"\])", "line 1, column 5: ',' or ']' is expected"},
+    {R"({"a"x:1})", "line 1, column 5: a colon is expected after the key"},
+    {R"([nul"l"])", "line 1, column 2: a value is expected"},
 };
 
 struct DoubleRow {
@@ -258,6 +268,63 @@ TEST(LumoJsonParse, MinusZeroKeepsItsSign) {
 
 TEST(LumoJsonParse, LastOfEqualKeysWinsAtThePlaceOfTheFirst) {
     EXPECT_EQ(LumoJson::parse(R"({"a":[1,2],"b":2,"a":{"c":3},"a":"x"})").dump(), R"({"a":"x","b":2})");
+}
+
+TEST(LumoJsonParse, EqualKeysAreFoundAtEveryLengthAndNumberOfMembers) {
+    for (std::size_t length = 0; length < 40; ++length) {
+        for (int others = 0; others < 20; ++others) {
+            const std::string key(length, 'k');
+            std::string text("{\"");
+            text.append(key).append("\":0");
+            for (int other = 0; other < others; ++other) {
+                text.append(",\"").append(key).append("-").append(std::to_string(other)).append("\":1");
+            }
+            const std::string once = text + "}";
+            text.append(",\"").append(key).append("\":0}");
+            EXPECT_EQ(LumoJson::parse(text).dump(), once);
+            EXPECT_EQ(LumoJson::parse(once).dump(), once);
+        }
+    }
+}
+
+TEST(LumoJsonParse, StringsOfEveryLengthAreReadAtTheEndAndBeforeIt) {
+    for (std::size_t length = 0; length < 40; ++length) {
+        for (std::size_t blanks = 0; blanks < 20; ++blanks) {
+            const std::string text = std::string("\"").append(length, 'x').append("\"");
+            EXPECT_EQ(LumoJson::parse(text + std::string(blanks, ' ')).dump(), text);
+        }
+    }
+}
+
+TEST(LumoJsonParse, NumbersAreThoseOfTheStandardLibrary) {
+    std::mt19937_64 random(1);
+    for (int turn = 0; turn < 20000; ++turn) {
+        const std::uint64_t digits = random() >> (random() % 64);
+        const std::string places = std::to_string(digits);
+        const auto point = static_cast<std::size_t>(random() % places.size()) + 1;
+        const int exponent = static_cast<int>(random() % 640) - 340;
+        std::string text(turn % 2 == 0 ? "-" : "");
+        text.append(places, 0, point).append(".").append(places, point).append("0e");
+        text.append(std::to_string(exponent));
+        const double expected = std::strtod(text.c_str(), nullptr);
+        if (std::isfinite(expected)) {
+            EXPECT_EQ(number(text), expected) << text;
+        }
+    }
+}
+
+TEST(LumoJsonParse, NumbersBetweenTwoDoublesGoToTheEvenOne) {
+    std::mt19937_64 random(1);
+    for (int turn = 0; turn < 20000; ++turn) {
+        // 54 bits, the lowest of them set: half way between two doubles, which are two apart.
+        const std::uint64_t half = (random() | std::uint64_t{1} << 63U) >> 10U | 1U;
+        const std::uint64_t even = (half & 2U) == 0 ? half - 1 : half + 1;
+        const std::string text = std::to_string(half);
+        EXPECT_EQ(number(text + ".0"), static_cast<double>(even)) << text;
+        EXPECT_EQ(number(text + "00e-2"), static_cast<double>(even)) << text;
+        EXPECT_EQ(number(text + ".001"), static_cast<double>(half + 1)) << text;
+        EXPECT_EQ(number(std::to_string(half - 1) + ".999"), static_cast<double>(half - 1)) << text;
+    }
 }
 
 TEST(LumoJsonParse, EmbeddedZeroByteIsKeptInAString) {

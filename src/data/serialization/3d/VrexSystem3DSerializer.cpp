@@ -181,8 +181,9 @@ bool VrexSystem3DSerializer::addExtendedInformation(std::string_view key, const 
     if (m_result == nullptr || isOwn) {
         return false;
     }
-    (*m_result)[key] = value;
+    LumoJson copy = value; // Value and key may lie in the document, which grows.
     addExtendedInformationTag(key);
+    (*m_result)[key] = std::move(copy);
     m_lines->dropEnd();
     return true;
 }

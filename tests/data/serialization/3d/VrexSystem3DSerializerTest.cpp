@@ -5,6 +5,7 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -116,6 +117,7 @@ TEST(VrexSystem3DSerializer, AFailureLeavesNoDocument) {
               }),
               "The system contains a duplicate geometry (geometries are duplicates if they have the same "
               "address).");
+    EXPECT_FALSE(serializer.addExtendedInformation("more", 1));
     EXPECT_TRUE(serializer.json().is_null());
     EXPECT_TRUE(serializer.jsonStream().empty());
     LumoJson document = "as it was";
@@ -195,6 +197,24 @@ TEST(VrexSystem3DSerializer, ExtendedInformationStandsInValueAndText) {
     EXPECT_EQ(serializer.jsonStream(), expected);
     EXPECT_EQ(serializer.json()["more"].dump(), "2");
     EXPECT_EQ(serializer.json()["objects"].size(), 1U);
+}
+
+TEST(VrexSystem3DSerializer, ExtendedInformationMayComeFromTheDocumentItself) {
+    VrexSystem3DSerializer serializer({});
+    serialized(serializer, {{VrexPoint3D::create(1.0, 2.0, 3.0)}});
+    const std::string before = serializer.json().dump();
+    EXPECT_TRUE(serializer.addExtendedInformation("all", serializer.json()));
+    EXPECT_EQ(serializer.json()["all"].dump(), before);
+    EXPECT_TRUE(serializer.addExtendedInformation("next", "k0"));
+    for (int i = 0; i < 40; ++i) { // So many that the members of the document move more than once.
+        std::string_view key;
+        getValue(serializer.json()["next"], key);
+        const std::string name(key);
+        EXPECT_TRUE(serializer.addExtendedInformation(key, serializer.json()["LinearTolerance"]));
+        EXPECT_EQ(serializer.json()[name].dump(), "1e-06");
+        EXPECT_THAT(std::string(serializer.jsonStream()), HasSubstr("    \"" + name + "\": 1e-06,\n"));
+        EXPECT_TRUE(serializer.addExtendedInformation("next", "k" + std::to_string(i + 1)));
+    }
 }
 
 TEST(VrexSystem3DSerializer, KeysOfTheSystemAreNotTakenAsExtendedInformation) {

@@ -167,7 +167,7 @@ bool VrexStreamGraphEncoder::encodeConstraintGraph(const Geometries& geometries,
     VrexOutputLength length;
     const auto measuring = getEncoder(&length);
     std::vector<VrexOrderedObjects> objects(1);
-    if (!order(geometries, constraints, measuring.get(), objects.front()) ||
+    if (measuring == nullptr || !order(geometries, constraints, measuring.get(), objects.front()) ||
         !encodeGraph(objects.front(), Content::BLOCKS, *measuring)) {
         return false;
     }
@@ -183,6 +183,9 @@ bool VrexStreamGraphEncoder::encodeConstraintGraphs(const Components& components
                  [](const auto& component) { return component != nullptr; });
     VrexOutputLength length;
     const auto measuring = getEncoder(&length);
+    if (measuring == nullptr) {
+        return false;
+    }
     std::vector<VrexOrderedObjects> objects(present.size());
     for (std::size_t i = 0; i < present.size(); ++i) {
         // The component goes on holding what is in its lists.
@@ -227,7 +230,8 @@ bool VrexStreamGraphEncoder::encodeInto(unsigned int size,
         return false;
     }
     VrexOutputMemory memory(m_buffer, m_bufferSize);
-    return write(*getEncoder(&memory));
+    const auto encoder = getEncoder(&memory);
+    return encoder != nullptr && write(*encoder);
 }
 
 bool VrexStreamGraphEncoder::order(const Geometries& geometries, const Constraints& constraints,

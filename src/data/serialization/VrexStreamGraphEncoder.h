@@ -43,7 +43,7 @@ public:
     VrexStreamGraphEncoder(const VrexStreamGraphEncoder&) = delete;
     VrexStreamGraphEncoder& operator=(const VrexStreamGraphEncoder&) = delete;
     virtual ~VrexStreamGraphEncoder();
-    /// An encoder of objects onto the output.
+    /// An encoder of objects onto the output; with null nothing is encoded.
     virtual std::unique_ptr<VrexStreamEncoder> getEncoder(VrexOutputStream* output) = 0;
     /// Writes what the solver found of the freedoms of the component's geometries.
     virtual bool encodeGeometriesDOF(const std::shared_ptr<VrexConnectedComponent>& component,

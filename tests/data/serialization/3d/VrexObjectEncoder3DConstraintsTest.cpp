@@ -277,6 +277,7 @@ TEST(VrexObjectEncoder3D, MatesHaveARecordADegree) {
     expectMate(VrexPlanarMate3D::create(a, b, {}, {}, {}), 25, {1.5, 2.5, 3.5});
     expectMate(VrexPinSlotMate3D::create(a, b, {}, {}), 26, {1.5, 2.5});
     expectMate(VrexParallelMate3D::create(a, b, {}, {}, {}, {}), 27, {1.5, 2.5, 3.5, 4.5});
+    expectMate(VrexBallMate3D::create(a, b, {}), 28, {1.5});
 }
 
 TEST(VrexObjectEncoder3D, TheLimitsOfAMateStandBeforeItsValue) {

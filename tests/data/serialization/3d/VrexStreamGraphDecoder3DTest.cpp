@@ -98,6 +98,16 @@ TEST(VrexStreamGraphDecoder3D, AGraphKeepsTheOrderOfItsObjects) {
     EXPECT_THAT(graph.constraints[0]->getGeometries(), ElementsAre(graph.geometries[2], graph.geometries[0]));
 }
 
+TEST(VrexStreamGraphDecoder3D, OfGeometriesWithEqualIdentifiersTheLastIsReferredTo) {
+    Flat graph;
+    ASSERT_TRUE(graph.decode(flat(join({point(1), point(2), point(1)}), join({distance(7), distance(7)}))));
+    ASSERT_THAT(idsOf(graph.geometries), ElementsAre(1, 2, 1));
+    ASSERT_THAT(idsOf(graph.constraints), ElementsAre(7, 7));
+    for (const auto& read : graph.constraints) {
+        EXPECT_THAT(read->getGeometries(), ElementsAre(graph.geometries[2], graph.geometries[1]));
+    }
+}
+
 TEST(VrexStreamGraphDecoder3D, AGraphHasObjectsOfAllKinds) {
     Flat graph;
     ASSERT_TRUE(graph.decode(flat(nsStreamOfAllKinds::geometries(), nsStreamOfAllKinds::constraints())));

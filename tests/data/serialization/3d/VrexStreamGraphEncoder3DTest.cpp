@@ -461,8 +461,10 @@ TEST(VrexStreamGraphEncoder3D, ARingIsCutWhereItCloses) {
 /// Of another dimension, say.
 class Freedoms final : public VrexStreamGraphEncoder {
 public:
+    int passes = 100; ///< That it has an encoder for.
+
     std::unique_ptr<VrexStreamEncoder> getEncoder(VrexOutputStream* output) override {
-        return std::make_unique<VrexStreamEncoder3D>(output);
+        return passes-- > 0 ? std::make_unique<VrexStreamEncoder3D>(output) : nullptr;
     }
     bool encodeGeometriesDOF(const std::shared_ptr<VrexConnectedComponent>& component,
                              VrexStreamEncoder* encoder) override {
@@ -476,6 +478,16 @@ TEST(VrexStreamGraphEncoder, FreedomsStandBehindTheSubsets) {
     EXPECT_EQ(dumped(encoder),
               block(join({u64(4), none(), none(), none(), u64(5), u64(6), none(), none(), none(), u64(7)})));
     EXPECT_FALSE(encoder.encodeConstraintGraphs({component({}, {}, 0)}));
+}
+
+TEST(VrexStreamGraphEncoder, WithoutAnEncoderNothingIsEncoded) {
+    for (const int passes : {0, 1}) {
+        Freedoms encoder;
+        encoder.passes = passes;
+        EXPECT_FALSE(encoder.encodeConstraintGraph({point(1)}, {}));
+        encoder.passes = passes;
+        EXPECT_FALSE(encoder.encodeConstraintGraphs({component({point(1)}, {}, 1)}));
+    }
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <optional>
@@ -16,9 +17,14 @@
 #include "data/3d/VrexTransform3D.h"
 #include "data/VrexInvalidArgumentException.h"
 #include "data/graph/VrexConnectedComponent.h"
+#include "data/serialization/3d/VrexStreamEncoder3D.h"
 #include "data/serialization/3d/VrexStreamGraphDecoder3D.h"
 #include "data/serialization/3d/VrexStreamGraphEncoder3D.h"
+#include "data/serialization/VrexOutputLength.h"
+#include "data/serialization/VrexOutputMemory.h"
+#include "support/CopyChecks.h"
 #include "support/ObjectGraph.h"
+#include "support/RandomFields.h"
 #include "support/RandomSystems.h"
 
 namespace {
@@ -66,6 +72,18 @@ Graph graphOf(const VrexImmutableSystem3D& system, bool isNumberedApart) {
             }
         }
     }
+    return graph;
+}
+
+/// The lists of a system as they are, variables first, without the equations that streams do not have.
+Graph listsOf(const VrexImmutableSystem3D& system) {
+    const auto& variables = system.variables();
+    const auto& geometries = system.geometries();
+    const auto& constraints = system.constraints();
+    Graph graph{{variables.begin(), variables.end()}, {constraints.begin(), constraints.end()}};
+    graph.geometries.insert(graph.geometries.end(), geometries.begin(), geometries.end());
+    std::ranges::copy_if(system.equations(), std::back_inserter(graph.constraints),
+                         [](const auto& equation) { return isStreamed(*equation, true); });
     return graph;
 }
 
@@ -238,6 +256,71 @@ TEST(VrexStream, RandomSystemsComeBackAsTheyWere) {
         ASSERT_TRUE(areAlike(*bytes, *again)) << i;
     }
     EXPECT_GT(compared, SYSTEMS / 3) << "the others have nulls, or objects that streams do not have";
+}
+
+/// Expects a list that is in order to be written as it is: as long as measured, and into no less.
+void expectWritten(const Graph& graph, const Bytes& expected) {
+    const auto write = [&](VrexOutputStream& output) {
+        VrexStreamEncoder3D encoder(&output);
+        return encoder.beginBlock() && encoder.writeObjectList(graph.geometries) &&
+               encoder.writeObjectList(graph.constraints) && encoder.endBlock();
+    };
+    VrexOutputLength length;
+    ASSERT_TRUE(write(length));
+    Bytes bytes(length.length());
+    VrexOutputMemory memory(bytes.data(), length.length());
+    ASSERT_TRUE(write(memory));
+    ASSERT_EQ(memory.length(), length.length());
+    ASSERT_EQ(memory.position(), length.length());
+    ASSERT_EQ(bytes, expected);
+    VrexOutputMemory less(bytes.data(), length.length() - 1);
+    ASSERT_FALSE(write(less));
+}
+
+/// With directions along Z and no rotations there is nothing to be rounded.
+TEST(VrexStream, RandomFieldsComeBackByteForByte) {
+    RandomSystems systems(RandomSystems::Style::Writable);
+    RandomFields fields(RandomFields::Directions::Exact);
+    int compared = 0;
+    for (int i = 0; i < SYSTEMS && !testing::Test::HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        const auto system = systems.next();
+        system.accept(fields);
+        const Graph graph = listsOf(system);
+        for (const auto& geometry : graph.geometries) {
+            geometry->setDirty(i % 2 == 0);
+        }
+        for (const auto& constraint : graph.constraints) {
+            constraint->setDirty(i % 2 == 0);
+        }
+        const auto bytes = flatBytes(graph);
+        if (!bytes || !isReadable(graph)) {
+            continue;
+        }
+        ++compared;
+        expectWritten(graph, *bytes);
+        const auto read = decoded(*bytes);
+        ASSERT_TRUE(read.has_value());
+        ASSERT_EQ(idsOf(read->geometries), idsOf(graph.geometries));
+        ASSERT_EQ(idsOf(read->constraints), idsOf(graph.constraints));
+        ASSERT_EQ(flatBytes(*read), bytes);
+    }
+    EXPECT_GT(compared, SYSTEMS / 3) << "the others have objects that streams do not have";
+}
+
+TEST(VrexStream, DeepCopiesAreEncodedAsTheirSources) {
+    const auto encode = [](const VrexImmutableSystem3D& system) { return flatBytes(listsOf(system)); };
+    RandomSystems systems;
+    int compared = 0;
+    for (int i = 0; i < SYSTEMS / 10 && !testing::Test::HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        const auto system = systems.next();
+        if (encode(system).has_value()) {
+            ++compared;
+            nsCopyChecks::expectCopyIsWrittenAlike(system, encode);
+        }
+    }
+    EXPECT_GT(compared, SYSTEMS / 40);
 }
 
 /// A constraint with what it is made of, and the entities that these bind.

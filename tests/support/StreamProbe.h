@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,7 +66,9 @@ inline Bytes written(const Write& write) {
     return bytes;
 }
 
-inline void append(Bytes& bytes, const Bytes& more) { bytes.insert(bytes.end(), more.begin(), more.end()); }
+inline void append(Bytes& bytes, const Bytes& more) {
+    std::copy(more.begin(), more.end(), std::back_inserter(bytes));
+}
 
 /// The `size` low bytes of a number, the lowest first.
 inline Bytes little(std::uint64_t number, int size) {

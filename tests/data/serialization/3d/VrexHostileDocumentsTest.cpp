@@ -255,7 +255,9 @@ TEST(VrexHostileDocuments, ALatticeOfSetsIsReadAndWalkedSetBySet) {
 TEST(VrexHostileDocuments, AChainOfSetsNeedsNoStack) {
     std::string objects = POINT;
     for (int i = 0; i < 20'000; ++i) {
-        objects.append(", ").append(set("[" + std::to_string(i) + "]"));
+        std::string member = "[";
+        member.append(std::to_string(i)).append("]");
+        objects.append(", ").append(set(member));
     }
     runOnSmallStack([&] { EXPECT_TRUE(nsSystemUse::readAndUse(textOf({.objects = objects}))); });
 }

@@ -372,11 +372,9 @@ TEST(VrexStreamDecoder3D, AnObjectFillsItsBlock) {
     Bytes longer = good;
     longer.push_back(0);
     longer[1] += 1;
-    Bytes shorter = good;
-    shorter.pop_back();
+    const Bytes cut(good.begin(), good.end() - 1);
+    Bytes shorter = cut;
     shorter[1] -= 1;
-    Bytes cut = good;
-    cut.pop_back();
     Bytes untagged = good;
     untagged[0] = 0x31;
     expectRead({{"good", good}});

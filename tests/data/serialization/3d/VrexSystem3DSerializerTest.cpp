@@ -213,7 +213,9 @@ TEST(VrexSystem3DSerializer, ExtendedInformationMayComeFromTheDocumentItself) {
         EXPECT_TRUE(serializer.addExtendedInformation(key, serializer.json()["LinearTolerance"]));
         EXPECT_EQ(serializer.json()[name].dump(), "1e-06");
         EXPECT_THAT(std::string(serializer.jsonStream()), HasSubstr("    \"" + name + "\": 1e-06,\n"));
-        EXPECT_TRUE(serializer.addExtendedInformation("next", "k" + std::to_string(i + 1)));
+        std::string next = "k";
+        next.append(std::to_string(i + 1));
+        EXPECT_TRUE(serializer.addExtendedInformation("next", next));
     }
 }
 

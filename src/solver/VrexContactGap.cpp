@@ -46,8 +46,8 @@ VrexContactGap::VrexContactGap(VrexSolverBuilder& builder, const VrexConstraint3
                                VrexSolverCore first, VrexSolverCore second, bool isTouch)
     : m_builder(builder),
       m_constraint(constraint),
-      m_first{first, nsContactPaths::helpPointOf(constraint, 1)},
-      m_second{second, nsContactPaths::helpPointOf(constraint, 2)},
+      m_first{std::move(first), nsContactPaths::helpPointOf(constraint, 1)},
+      m_second{std::move(second), nsContactPaths::helpPointOf(constraint, 2)},
       m_isTouch(isTouch) {
     if (rankOf(m_second.core.kind()) < rankOf(m_first.core.kind())) {
         std::swap(m_first, m_second);

@@ -72,8 +72,8 @@ void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDirectionDistance3
                                         .append(std::to_string(distance.getID()))
                                         .append(" has a direction without length."));
     }
-    const Vector unit = nsContactFormulas::constant(direction / length);
-    addAlong(builder, distance, [unit] { return unit; });
+    addAlong(builder, distance,
+             [unit = nsContactFormulas::constant(direction / length)] { return Vector(unit); });
 }
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexParallelDistance3D& distance) {

@@ -46,15 +46,20 @@ bool VrexStreamGraphDecoder::decodeConstraintGraph(const unsigned char* buffer, 
 bool VrexStreamGraphDecoder::decodeConstraintGraphs(const unsigned char* buffer, unsigned int size,
                                                     Components& components) {
     components.clear();
-    return decode(buffer, size, [&](VrexStreamDecoder& decoder) {
-        while (!decoder.isAtEnd()) {
-            auto component = decodeComponent(decoder);
-            if (component == nullptr) {
-                return false;
-            }
+    const auto addNext = [&](VrexStreamDecoder& decoder) {
+        auto component = decodeComponent(decoder);
+        const bool isRead = component != nullptr;
+        if (isRead) {
             components.push_back(std::move(component));
         }
-        return true;
+        return isRead;
+    };
+    return decode(buffer, size, [&](VrexStreamDecoder& decoder) {
+        bool isRead = true;
+        while (isRead && !decoder.isAtEnd()) {
+            isRead = addNext(decoder);
+        }
+        return isRead;
     });
 }
 

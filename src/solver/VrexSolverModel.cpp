@@ -81,16 +81,19 @@ private:
         while (!open.empty()) {
             const std::size_t owner = open.back();
             open.pop_back();
-            if (m_isJoined[owner]) {
-                continue;
+            if (!m_isJoined[owner]) {
+                m_isJoined[owner] = true;
+                joinParts(owner, open);
             }
-            m_isJoined[owner] = true;
-            for (const auto& part : m_entities[owner]->getGeometries()) {
-                if (part != nullptr && dynamic_cast<const VrexGeometryVariable*>(part.get()) == nullptr) {
-                    const std::size_t place = enter(part);
-                    m_parents[rootOf(place)] = rootOf(owner);
-                    open.push_back(place);
-                }
+        }
+    }
+
+    void joinParts(std::size_t owner, std::vector<std::size_t>& open) {
+        for (const auto& part : m_entities[owner]->getGeometries()) {
+            if (part != nullptr && dynamic_cast<const VrexGeometryVariable*>(part.get()) == nullptr) {
+                const std::size_t place = enter(part);
+                m_parents[rootOf(place)] = rootOf(owner);
+                open.push_back(place);
             }
         }
     }

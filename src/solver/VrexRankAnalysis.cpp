@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <random>
 
-#include <Eigen/SVD>
+#include <Eigen/QR>
 
 #include "solver/VrexRowFactor.h"
 #include "solver/VrexSolverSystem.h"
@@ -93,8 +93,9 @@ std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
     }
     const auto first = static_cast<Eigen::Index>(body.firstUnknown());
     const auto count = static_cast<Eigen::Index>(body.unknownCount());
-    const Eigen::JacobiSVD<Eigen::MatrixXd> factor(m_motions.middleRows(first, count));
-    return static_cast<std::size_t>((factor.singularValues().array() > m_leastMotion).count());
+    using Part = Eigen::Matrix<double, MOTIONS, Eigen::Dynamic, Eigen::ColMajor, MOTIONS, MOTIONS>;
+    const Eigen::ColPivHouseholderQR<Part> factor(m_motions.middleRows(first, count).transpose());
+    return static_cast<std::size_t>((factor.matrixR().diagonal().cwiseAbs().array() > m_leastMotion).count());
 }
 
 void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system) {

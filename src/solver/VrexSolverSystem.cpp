@@ -1,8 +1,25 @@
 #include "solver/VrexSolverSystem.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <utility>
+
+namespace {
+
+/// What is this small beside the largest derivative of its row is left of directions at right angles, and
+/// comes and goes from place to place.
+constexpr double ROUNDING = 1e-14;
+
+double largestFinite(const VrexVariable::Derivatives& derivatives) {
+    double largest = 0.0;
+    for (const auto& entry : derivatives) {
+        largest = std::isfinite(entry.value) ? std::max(largest, std::abs(entry.value)) : largest;
+    }
+    return largest;
+}
+
+} // namespace
 
 VrexSolverBody& VrexSolverSystem::addBody(const VrexSolverBody& body) {
     VrexSolverBody& added = m_bodies.emplace_back(body);
@@ -66,8 +83,9 @@ void VrexSolverSystem::addRows(Eigen::Index row, const VrexSolverResidual& resid
 
 void VrexSolverSystem::addRow(Eigen::Index row, const VrexVariable& value) {
     m_values[row] = value.value();
+    const double least = ROUNDING * largestFinite(value.derivatives());
     for (const auto& entry : value.derivatives()) {
-        if (entry.value != 0.0) {
+        if (!(std::abs(entry.value) <= least)) { // also what is not finite
             ++m_rowEntries[static_cast<std::size_t>(row)];
             m_entries.emplace_back(row, static_cast<Eigen::Index>(entry.key), entry.value);
         }

@@ -66,7 +66,7 @@ private:
     Eigen::Index m_rowCount = 0;
     std::vector<VrexVariable> m_rows;
     std::vector<Eigen::Triplet<double>> m_entries;
-    std::vector<int> m_rowEntries; ///< How many derivatives are not zero.
+    std::vector<int> m_rowEntries; ///< How many derivatives count.
     Eigen::VectorXd m_values;
     Eigen::SparseMatrix<double> m_jacobian;
 };

@@ -214,6 +214,7 @@ void nsContactPaths::scan(const std::vector<VrexContactPath>& paths, const std::
     for (std::size_t i = 0; i < slots.size(); ++i) {
         places *= steps;
     }
+    const VrexSolverSpace::ValuesOnly valuesOnly(slots.front().body->space());
     std::size_t best = 0;
     double least = std::numeric_limits<double>::infinity();
     for (std::size_t place = 0; place < places; ++place) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "data/constraint/3d/VrexMate3D.h"
+#include "solver/VrexContactFormulas.h"
 #include "solver/VrexSolverDirections.h"
 
 namespace {
@@ -10,14 +11,35 @@ namespace {
 using nsMateResiduals::Degree;
 using Vector = VrexSolverShape::Vector;
 
+bool isShift(Degree degree) {
+    return degree == Degree::SHIFT_X || degree == Degree::SHIFT_Y || degree == Degree::SHIFT_Z;
+}
+
 /// The second connector as the first one sees it.
 struct Joint {
     const VrexSolverShape* first;
     const VrexSolverShape* second;
     double sense; ///< -1 where the Z axes point opposite ways.
 
-    VrexVariable shift(const Vector& axis) const {
-        return axis.dotProduct(second->origin() - first->origin());
+    /// Both origins as seen from where the first one is now. Apart from each other they have the derivatives
+    /// of one body each, which a number holds without an allocation.
+    struct Arms {
+        Vector first;
+        Vector second;
+    };
+    Arms arms() const {
+        const Vector origin = first->origin();
+        const Vector place = nsContactFormulas::constant(nsContactFormulas::valueOf(origin));
+        return {origin - place, second->origin() - place};
+    }
+    Vector axisOf(Degree shift) const {
+        return shift == Degree::SHIFT_X   ? first->axisX()
+               : shift == Degree::SHIFT_Y ? first->axisY()
+                                          : first->axisZ();
+    }
+    VrexVariable shift(Degree degree, const Arms& arms) const {
+        const Vector axis = axisOf(degree);
+        return axis.dotProduct(arms.second) - axis.dotProduct(arms.first);
     }
     VrexVariable tilt(int index) const {
         return nsSolverDirections::tilt(*first, second->axisZ() * sense, index);
@@ -27,14 +49,8 @@ struct Joint {
         return atan2(first->axisY().dotProduct(x), first->axisX().dotProduct(x));
     }
     VrexVariable swing() const { return nsSolverDirections::angleTo(*first, second->axisZ() * sense); }
-    VrexVariable measure(Degree degree) const {
+    VrexVariable turn(Degree degree) const {
         switch (degree) {
-        case Degree::SHIFT_X:
-            return shift(first->axisX());
-        case Degree::SHIFT_Y:
-            return shift(first->axisY());
-        case Degree::SHIFT_Z:
-            return shift(first->axisZ());
         case Degree::TILT_X:
             return tilt(0);
         case Degree::TILT_Y:
@@ -43,14 +59,14 @@ struct Joint {
             return twist();
         case Degree::SWING:
             return swing();
+        default:
+            return {};
         }
-        return {};
+    }
+    VrexVariable measure(Degree degree) const {
+        return isShift(degree) ? shift(degree, arms()) : turn(degree);
     }
 };
-
-bool isShift(Degree degree) {
-    return degree == Degree::SHIFT_X || degree == Degree::SHIFT_Y || degree == Degree::SHIFT_Z;
-}
 
 /// The free degree as the mate counts it: an angle that passes a half turn goes on growing.
 VrexSolverBuilder::Measure measureOf(const Joint& joint, Degree degree, double known) {
@@ -76,9 +92,9 @@ void addHeld(VrexSolverBuilder& builder, const Joint& joint, std::vector<Degree>
     }
     const std::size_t count = held.size();
     builder.add(count, [joint, held = std::move(held), length = builder.length()](VrexVariable* rows) {
+        const Joint::Arms arms = joint.arms();
         for (std::size_t i = 0; i < held.size(); ++i) {
-            const VrexVariable value = joint.measure(held[i]);
-            rows[i] = isShift(held[i]) ? value / length : value;
+            rows[i] = isShift(held[i]) ? joint.shift(held[i], arms) / length : joint.turn(held[i]);
         }
     });
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <numbers>
 #include <optional>
 #include <utility>
@@ -74,15 +75,18 @@ public:
         m_isComplete = m_isComplete && m_shapes.back() != nullptr;
     }
     bool isComplete() const { return m_isComplete && !m_shapes.empty(); }
-    std::function<std::vector<VrexVariable>()> parameters() const {
-        return [shapes = m_shapes] {
-            std::vector<VrexVariable> result;
-            result.reserve(3 * shapes.size());
+    /// Good until the next call. A scan asks a thousand times, so that the list is made once.
+    std::function<const std::vector<VrexVariable>&()> parameters() const {
+        const auto list = std::make_shared<std::vector<VrexVariable>>(3 * m_shapes.size());
+        return [shapes = m_shapes, list]() -> const std::vector<VrexVariable>& {
+            auto place = list->begin();
             for (const VrexSolverShape* const shape : shapes) {
                 const Vector position = shape->origin();
-                result.insert(result.end(), {position.x(), position.y(), position.z()});
+                *place++ = position.x();
+                *place++ = position.y();
+                *place++ = position.z();
             }
-            return result;
+            return *list;
         };
     }
 

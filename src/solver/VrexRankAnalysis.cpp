@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <random>
 
-#include <Eigen/SVD>
+#include <Eigen/QR>
 
 #include "solver/VrexRowFactor.h"
 #include "solver/VrexSolverSystem.h"
@@ -84,6 +84,7 @@ void VrexRankAnalysis::findMotions(const VrexRowFactor& factor, Eigen::Index unk
     std::uniform_real_distribution<double> uniform(-1.0, 1.0);
     m_motions = factor.withoutRows(Eigen::MatrixXd::NullaryExpr(
         unknowns, MOTIONS, [&](Eigen::Index, Eigen::Index) { return uniform(random); }));
+    m_leastMotion = STANDING_STILL * std::max(1.0, m_motions.cwiseAbs().maxCoeff());
 }
 
 std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
@@ -92,9 +93,9 @@ std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
     }
     const auto first = static_cast<Eigen::Index>(body.firstUnknown());
     const auto count = static_cast<Eigen::Index>(body.unknownCount());
-    const Eigen::JacobiSVD<Eigen::MatrixXd> factor(m_motions.middleRows(first, count));
-    const double least = STANDING_STILL * std::max(1.0, m_motions.cwiseAbs().maxCoeff());
-    return static_cast<std::size_t>((factor.singularValues().array() > least).count());
+    using Part = Eigen::Matrix<double, MOTIONS, Eigen::Dynamic, Eigen::ColMajor, MOTIONS, MOTIONS>;
+    const Eigen::ColPivHouseholderQR<Part> factor(m_motions.middleRows(first, count).transpose());
+    return static_cast<std::size_t>((factor.matrixR().diagonal().cwiseAbs().array() > m_leastMotion).count());
 }
 
 void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system) {

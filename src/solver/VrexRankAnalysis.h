@@ -33,6 +33,7 @@ private:
     void findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system);
 
     std::size_t m_freedom = 0;
-    Eigen::MatrixXd m_motions; ///< One column a motion.
+    Eigen::MatrixXd m_motions;  ///< One column a motion.
+    double m_leastMotion = 0.0; ///< What is less counts as standing still.
     std::set<std::vector<std::size_t>> m_dependent;
 };

@@ -10,7 +10,7 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
-#include "solver/VrexContactPath.h"
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexDimensionResiduals.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
@@ -49,7 +49,7 @@ void addAlong(VrexSolverBuilder& builder, const VrexDimension3D& distance,
 } // namespace
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDistance3D& distance) {
-    if (nsContactPaths::isHelpHeld(distance)) {
+    if (VrexContactHelp::asksTooMuch(distance)) {
         builder.refuse("A help parameter that is held is not supported.");
         return;
     }

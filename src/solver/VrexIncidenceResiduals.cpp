@@ -9,7 +9,7 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
-#include "solver/VrexContactPath.h"
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexDirectionRows.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
@@ -328,7 +328,7 @@ VrexGeometryComponentType componentOf(const VrexIncidence3D& incidence, std::uin
 } // namespace
 
 void nsIncidenceResiduals::add(VrexSolverBuilder& builder, VrexIncidence3D& incidence) {
-    if (nsContactPaths::isHelpHeld(incidence)) {
+    if (VrexContactHelp::asksTooMuch(incidence)) {
         builder.refuse("A help parameter that is held is not supported.");
         return;
     }

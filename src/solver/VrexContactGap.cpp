@@ -42,8 +42,8 @@ constexpr double PARALLEL = 1e-9;
 
 } // namespace
 
-VrexContactGap::VrexContactGap(VrexSolverBuilder& builder, VrexConstraint3D& constraint,
-                               VrexSolverCore first, VrexSolverCore second, bool isTouch)
+VrexContactGap::VrexContactGap(VrexSolverBuilder& builder, VrexConstraint3D& constraint, VrexSolverCore first,
+                               VrexSolverCore second, bool isTouch)
     : m_builder(builder),
       m_constraint(constraint),
       m_first{std::move(first), VrexContactHelp::of(constraint, 1)},

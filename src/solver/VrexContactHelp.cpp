@@ -3,6 +3,8 @@
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/geometry/3d/VrexParametricCurve3D.h"
 #include "data/geometry/3d/VrexParametricSurface3D.h"
+#include "data/geometry/3d/VrexSpinSurface3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "solver/VrexParametricPath.h"
 
 namespace {
@@ -27,30 +29,40 @@ std::optional<Point> pointAt(VrexGeometry3D* entity, const Parameter& parameter)
                               : std::nullopt;
 }
 
-/// Whether a point of contact on what is bound runs by the entity's own parameters.
-bool runsByParameters(const VrexConstraint3D& constraint, std::uint32_t number) {
-    const auto entity = constraint.geometry(number);
+/// Whether parameters of the entity begin at a place of its own; those about an axis alone do not.
+bool hasOwnParameters(VrexGeometry3D* entity) {
+    if (const auto* const spin = dynamic_cast<const VrexSpinSurface3D*>(entity)) {
+        return hasOwnParameters(spin->getProfileCurve().get());
+    }
+    if (const auto* const sweep = dynamic_cast<const VrexSweepSurface3D*>(entity)) {
+        return hasOwnParameters(sweep->getProfileCurve().get());
+    }
     return entity != nullptr &&
-           constraint.getGeomComponentType(number) == VrexGeometryComponentType::UNKNOWN &&
            (entity->type() == VrexGeometry3DType::ELLIPSE || nsParametricPath::isKnown(entity->type()));
+}
+
+/// Whether a point of contact on what is bound runs by them.
+bool runsByParameters(const VrexConstraint3D& constraint, std::uint32_t number) {
+    return constraint.getGeomComponentType(number) == VrexGeometryComponentType::UNKNOWN &&
+           hasOwnParameters(constraint.geometry(number).get());
 }
 
 } // namespace
 
 VrexContactHelp VrexContactHelp::of(VrexConstraint3D& constraint, std::uint32_t number) {
-    const auto& parameter = parameterOf(constraint, number);
+    const auto& given = parameterOf(constraint, number);
     VrexContactHelp help;
     help.constraint = &constraint;
     help.number = number;
     help.point = number == 1 ? constraint.helpPoint1() : constraint.helpPoint2();
-    if (!parameter.has_value()) {
+    if (!given.has_value()) {
         return help;
     }
     if (!help.point.has_value()) {
-        help.point = pointAt(constraint.geometry(number).get(), *parameter);
+        help.point = pointAt(constraint.geometry(number).get(), *given);
     }
     if (runsByParameters(constraint, number)) {
-        help.parameter = parameter;
+        help.parameter = given;
         help.isHeld = ::isHeld(constraint, number);
     }
     return help;
@@ -68,9 +80,9 @@ bool VrexContactHelp::asksTooMuch(VrexConstraint3D& constraint) {
 }
 
 void VrexContactHelp::write(const std::array<double, 2>& values, std::size_t count) const {
-    Parameter& parameter = parameterOf(*constraint, number).value();
-    parameter.x() = values[0];
+    Parameter& solved = parameterOf(*constraint, number).value();
+    solved.x() = values[0];
     if (count == 2) {
-        parameter.y() = values[1];
+        solved.y() = values[1];
     }
 }

@@ -13,8 +13,8 @@ class VrexConstraint3D;
 struct VrexContactHelp {
     /// The help point, else the point at the help parameter.
     std::optional<VrexVector3DT<double>> point;
-    /// The help parameter of what has parameters of its own that begin at a place of its own: an ellipse, a
-    /// spline, a surface of parameters.
+    /// The help parameter of what has parameters that begin at a place of its own: an ellipse, a spline, a
+    /// NURBS surface, an evaluated shape, what is drawn from those. A circle's begin anywhere.
     std::optional<VrexVector2DT<double>> parameter;
     bool isHeld = false; ///< Whether the parameter keeps its value.
     VrexConstraint3D* constraint = nullptr;

@@ -14,6 +14,7 @@
 #include "solver/VrexDimensionResiduals.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
+#include "solver/VrexSolverDirections.h"
 
 namespace {
 
@@ -77,7 +78,8 @@ void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDirectionDistance3
 }
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexParallelDistance3D& distance) {
-    const VrexSolverShape* const direction = builder.shape(distance.getDirectionGeometry());
+    const VrexSolverShape* const direction =
+        nsSolverDirections::directed(builder, distance.getDirectionGeometry());
     if (direction == nullptr) {
         builder.refuse("The direction of such an entity is not supported.");
         return;

@@ -309,8 +309,8 @@ void nsImageResiduals::add(VrexSolverBuilder& builder, VrexSymmetry3D& symmetry)
         return;
     }
     const auto pairs = pairsOf(builder, symmetry.geometry(1), symmetry.geometry(2), mirrorAt(*plane));
-    const bool hasHand = std::any_of(pairs.begin(), pairs.end(),
-                                     [](const Pair& pair) { return pair.parts.hasHand; });
+    const bool hasHand =
+        std::any_of(pairs.begin(), pairs.end(), [](const Pair& pair) { return pair.parts.hasHand; });
     if (pairs.empty() || hasHand) {
         builder.refuse("A mirror image is supported between two entities of the same make only.");
         return;

@@ -179,7 +179,8 @@ std::optional<nsMateResiduals::Dimension> nsMateResiduals::dimension(VrexSolverB
     const Degree degree = left[index];
     VrexMateDimension3D& dimension = mate.getDimension(index);
     if (degree != Degree::TWIST) {
-        return Dimension{measureOf(*joint, degree, dimension), isShift(degree) ? builder.length() : 1.0, false};
+        return Dimension{measureOf(*joint, degree, dimension), isShift(degree) ? builder.length() : 1.0,
+                         false};
     }
     if (counter == nullptr) {
         const double now = measureOf(*joint, degree, dimension)().value();

@@ -342,7 +342,6 @@ bool nsParametricPath::canRun(const VrexSolverBuilder& builder,
 VrexContactPath nsParametricPath::on(VrexSolverBuilder& builder,
                                      const std::shared_ptr<VrexGeometry3D>& entity,
                                      const VrexContactHelp& help) {
-    return isSurface(entity->type())
-               ? onSurface(builder, surfaceOf(builder, entity).value(), help.areFree(2))
-               : onCurve(builder, curveOf(builder, entity).value(), help.areFree(1));
+    return isSurface(entity->type()) ? onSurface(builder, surfaceOf(builder, entity).value(), help.areFree(2))
+                                     : onCurve(builder, curveOf(builder, entity).value(), help.areFree(1));
 }

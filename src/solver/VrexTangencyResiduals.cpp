@@ -163,8 +163,8 @@ void nsTangencyResiduals::add(VrexSolverBuilder& builder, VrexTangency3D& tangen
         return;
     }
     const auto isRim = [&](const VrexSolverCore& core, std::uint32_t number) {
-        return core.kind() == Kind::CIRCLE || (core.kind() == Kind::ELLIPSE &&
-                                               !VrexContactHelp::of(tangency, number).parameter.has_value());
+        return core.kind() == Kind::CIRCLE ||
+               (core.kind() == Kind::ELLIPSE && !VrexContactHelp::of(tangency, number).parameter.has_value());
     };
     if (first->kind() == Kind::LINE && isRim(*second, 2)) {
         addLineAndRim(builder, first->shape(), *second);

@@ -10,10 +10,11 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
-#include "solver/VrexContactPath.h"
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexDimensionResiduals.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
+#include "solver/VrexSolverDirections.h"
 
 namespace {
 
@@ -49,7 +50,7 @@ void addAlong(VrexSolverBuilder& builder, const VrexDimension3D& distance,
 } // namespace
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDistance3D& distance) {
-    if (nsContactPaths::isHelpHeld(distance)) {
+    if (VrexContactHelp::asksTooMuch(distance)) {
         builder.refuse("A help parameter that is held is not supported.");
         return;
     }
@@ -77,7 +78,8 @@ void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDirectionDistance3
 }
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexParallelDistance3D& distance) {
-    const VrexSolverShape* const direction = builder.shape(distance.getDirectionGeometry());
+    const VrexSolverShape* const direction =
+        nsSolverDirections::directed(builder, distance.getDirectionGeometry());
     if (direction == nullptr) {
         builder.refuse("The direction of such an entity is not supported.");
         return;

@@ -68,11 +68,18 @@ struct Joint {
     }
 };
 
-/// The free degree as the mate counts it: an angle that passes a half turn goes on growing.
-VrexSolverBuilder::Measure measureOf(const Joint& joint, Degree degree, double known) {
-    return [joint, degree, known] {
+/// An angle is the same one a whole turn on, which may be where the limits are.
+double countedValue(Degree degree, const VrexMateDimension3D& dimension) {
+    return degree == Degree::TWIST
+               ? nsSolverDirections::within(dimension.limits, dimension.value, dimension.value).value()
+               : dimension.value;
+}
+
+/// The free degree as the mate counts it: an angle passes a half turn where the limits go on beyond it.
+VrexSolverBuilder::Measure measureOf(const Joint& joint, Degree degree, const VrexMateDimension3D& known) {
+    return [joint, degree, limits = known.limits, known = known.value] {
         const VrexVariable value = joint.measure(degree);
-        return degree == Degree::TWIST ? nsSolverDirections::nearTo(value, known) : value;
+        return degree == Degree::TWIST ? nsSolverDirections::within(limits, value, known) : value;
     };
 }
 
@@ -148,11 +155,14 @@ std::vector<Degree> leftBy(VrexConstraint3DType type) {
 
 void addDimension(VrexSolverBuilder& builder, const Joint& joint, Degree degree,
                   VrexMateDimension3D& dimension) {
-    const auto measure = measureOf(joint, degree, dimension.value);
+    builder.requireFinite(dimension.value);
+    const auto measure = measureOf(joint, degree, dimension);
     const double unit = isShift(degree) ? builder.length() : 1.0;
     if (dimension.fixed()) {
+        const double value = countedValue(degree, dimension);
+        builder.requireWithin(dimension.limits, value);
         builder.addTarget(
-            measure, [value = dimension.value] { return VrexVariable(value); }, unit);
+            measure, [value] { return VrexVariable(value); }, unit);
     } else {
         builder.addLimits(dimension.limits, measure, unit);
     }
@@ -185,10 +195,11 @@ std::optional<nsMateResiduals::Dimension> nsMateResiduals::dimension(VrexSolverB
     const Degree degree = left[index];
     VrexMateDimension3D& dimension = mate.getDimension(index);
     if (degree != Degree::TWIST) {
-        return Dimension{measureOf(*joint, degree, 0.0), isShift(degree) ? builder.length() : 1.0, false};
+        return Dimension{measureOf(*joint, degree, dimension), isShift(degree) ? builder.length() : 1.0,
+                         false};
     }
     if (counter == nullptr) {
-        const double now = measureOf(*joint, degree, dimension.value)().value();
+        const double now = measureOf(*joint, degree, dimension)().value();
         counter = &builder.model().addNumber(now, false);
     }
     builder.add(1, [joint = *joint, counter](VrexVariable* rows) {

@@ -9,6 +9,7 @@
 
 #include "solver/VrexRowFactor.h"
 #include "solver/VrexSolverSystem.h"
+#include "solver/VrexSpareRows.h"
 
 namespace {
 
@@ -68,12 +69,13 @@ std::set<std::size_t> membersOf(const Eigen::VectorXd& parts, const std::vector<
 
 VrexRankAnalysis::VrexRankAnalysis(VrexSolverSystem& system) {
     system.evaluate(true, false);
-    const Matrix jacobian = unitRows(system.jacobian());
+    Matrix jacobian = unitRows(system.jacobian());
+    const auto spares = nsSpareRows::clear(jacobian, system, RANK_TOLERANCE);
     const VrexRowFactor factor(jacobian, RANK_TOLERANCE);
     m_freedom =
         static_cast<std::size_t>(system.unknownCount() - factor.rank()) - slack(jacobian, system.firstHelp());
     findMotions(factor, system.unknownCount());
-    findDependence(factor, system);
+    findDependence(factor, system, spares);
 }
 
 void VrexRankAnalysis::findMotions(const VrexRowFactor& factor, Eigen::Index unknowns) {
@@ -98,10 +100,11 @@ std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
     return static_cast<std::size_t>((factor.matrixR().diagonal().cwiseAbs().array() > m_leastMotion).count());
 }
 
-void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system) {
+void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system,
+                                      const std::unordered_set<Eigen::Index>& spares) {
     const std::vector<std::size_t>& constraints = system.rowConstraints();
     for (const Eigen::Index row : factor.dependentRows()) {
-        if (system.isIdle(row)) {
+        if (system.isIdle(row) || spares.contains(row)) {
             continue; // binds nothing where the bodies stand
         }
         std::set<std::size_t> members = membersOf(factor.combination(row), constraints);

@@ -112,16 +112,42 @@ private:
     std::unordered_map<const VrexBaseGeometry*, std::size_t> m_places;
 };
 
-/// What is completely fixed, by its constraints.
-std::unordered_set<const VrexBaseGeometry*> fixedOf(const VrexSolverModel::Constraints& constraints) {
-    std::unordered_set<const VrexBaseGeometry*> result;
-    for (const auto& constraint : constraints) {
-        if (constraint != nullptr && constraint->isCompleteFixed() && !constraint->getGeometries().empty()) {
-            result.insert(constraint->getGeometries().front().get());
+/// Those that constraints say so of, and what they are made of, such as control points.
+class CompletelyFixed {
+public:
+    explicit CompletelyFixed(const VrexSolverModel::Constraints& constraints) {
+        for (const auto& constraint : constraints) {
+            if (constraint != nullptr && constraint->isCompleteFixed() &&
+                !constraint->getGeometries().empty()) {
+                add(constraint->getGeometries().front());
+            }
         }
     }
-    return result;
-}
+
+    bool contains(const std::shared_ptr<VrexBaseGeometry>& geometry) const {
+        return m_known.contains(geometry.get());
+    }
+
+private:
+    /// The number of a pattern is one thing, the line along which it counts another.
+    static bool hasLineOfItsOwn(const VrexBaseGeometry& geometry) {
+        return dynamic_cast<const VrexPattern3D*>(&geometry) != nullptr;
+    }
+    void add(const std::shared_ptr<VrexBaseGeometry>& fixed) {
+        Geometries open{fixed};
+        while (!open.empty()) {
+            const auto geometry = open.back();
+            open.pop_back();
+            if (geometry == nullptr || !m_known.insert(geometry.get()).second || hasLineOfItsOwn(*geometry)) {
+                continue;
+            }
+            const auto parts = geometry->getGeometries();
+            open.insert(open.end(), parts.begin(), parts.end());
+        }
+    }
+
+    std::unordered_set<const VrexBaseGeometry*> m_known;
+};
 
 bool isFinite(const VrexVector3DT<double>& v) {
     return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
@@ -284,10 +310,10 @@ const VrexSolverShape& VrexSolverModel::addNumber(double value, bool isLength) {
 }
 
 void VrexSolverModel::addBodies(const std::vector<Geometries>& groups, const Constraints& constraints) {
-    const auto fixed = fixedOf(constraints);
+    const CompletelyFixed fixed(constraints);
     for (const Geometries& group : groups) {
         group.size() > 1 ? addSet(group) : addFree(group.front());
-        const auto isFixed = [&fixed](const auto& entity) { return fixed.contains(entity.get()); };
+        const auto isFixed = [&fixed](const auto& entity) { return fixed.contains(entity); };
         if (std::any_of(group.begin(), group.end(), isFixed) && m_carriers.back().body != nullptr) {
             m_carriers.back().body->fix();
         }

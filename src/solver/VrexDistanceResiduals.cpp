@@ -1,5 +1,6 @@
 #include "solver/VrexDistanceResiduals.h"
 
+#include <cmath>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -68,7 +69,7 @@ void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDistance3D& distan
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDirectionDistance3D& distance) {
     const auto direction = distance.getDirectionVector();
     const double length = direction.magnitude();
-    if (!(length > 0.0)) {
+    if (!(length > 0.0 && std::isfinite(length))) {
         throw std::invalid_argument(std::string("DirectionDistance3D ")
                                         .append(std::to_string(distance.getID()))
                                         .append(" has a direction without length."));

@@ -1,10 +1,13 @@
 #include "solver/VrexMateResiduals.h"
 
+#include <cmath>
+#include <stdexcept>
 #include <utility>
 
 #include "data/constraint/3d/VrexMate3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexSolverDirections.h"
+#include "solver/VrexSolverNames.h"
 
 namespace {
 
@@ -153,7 +156,15 @@ std::vector<Degree> leftBy(VrexConstraint3DType type) {
     }
 }
 
-void addDimension(VrexSolverBuilder& builder, const Joint& joint, Degree degree,
+/// What differs in the last digits alone stays as it is, so that solving again changes nothing.
+void write(VrexMateDimension3D& dimension, double value, double unit) {
+    constexpr double lastDigits = 1e-12;
+    if (!(std::abs(dimension.value - value) <= lastDigits * unit)) {
+        dimension.value = value;
+    }
+}
+
+void addDimension(VrexSolverBuilder& builder, const VrexMate3D& mate, const Joint& joint, Degree degree,
                   VrexMateDimension3D& dimension) {
     builder.requireFinite(dimension.value);
     const auto measure = measureOf(joint, degree, dimension);
@@ -166,7 +177,7 @@ void addDimension(VrexSolverBuilder& builder, const Joint& joint, Degree degree,
     } else {
         builder.addLimits(dimension.limits, measure, unit);
     }
-    builder.addResult([&dimension, measure] { dimension.value = measure().value(); });
+    builder.addResult([&dimension, measure, unit] { write(dimension, measure().value(), unit); });
 }
 
 } // namespace
@@ -180,7 +191,7 @@ void nsMateResiduals::add(VrexSolverBuilder& builder, VrexMate3D& mate) {
     addHeld(builder, *joint, heldBy(mate.type()));
     const std::vector<Degree> left = leftBy(mate.type());
     for (std::size_t i = 0; i < left.size(); ++i) {
-        addDimension(builder, *joint, left[i], mate.getDimension(i));
+        addDimension(builder, mate, *joint, left[i], mate.getDimension(i));
     }
 }
 
@@ -205,6 +216,6 @@ std::optional<nsMateResiduals::Dimension> nsMateResiduals::dimension(VrexSolverB
     builder.add(1, [joint = *joint, counter](VrexVariable* rows) {
         rows[0] = nsSolverDirections::nearTo(joint.twist(), counter->sizeValue(0)) - counter->size(0);
     });
-    builder.addFinalResult([&dimension, counter] { dimension.value = counter->sizeValue(0); });
+    builder.addFinalResult([&dimension, counter] { write(dimension, counter->sizeValue(0), 1.0); });
     return Dimension{[counter] { return counter->size(0); }, 1.0, true};
 }

@@ -7,6 +7,7 @@
 
 #include <Eigen/QR>
 
+#include "solver/VrexDependentGroups.h"
 #include "solver/VrexRowFactor.h"
 #include "solver/VrexSolverSystem.h"
 #include "solver/VrexSpareRows.h"
@@ -54,15 +55,11 @@ std::size_t slack(const Matrix& jacobian, Eigen::Index firstColumn) {
     return static_cast<std::size_t>(count - factor.rank());
 }
 
-/// The constraints whose rows have a part in the combination.
-std::set<std::size_t> membersOf(const Eigen::VectorXd& parts, const std::vector<std::size_t>& constraints) {
-    std::set<std::size_t> members;
-    for (Eigen::Index i = 0; i < parts.size(); ++i) {
-        if (std::abs(parts[i]) > RANK_TOLERANCE) {
-            members.insert(constraints[static_cast<std::size_t>(i)]);
-        }
-    }
-    return members;
+nsDependentGroups::Relation relationOf(const VrexRowFactor& factor, Eigen::Index row) {
+    const Eigen::VectorXd parts = factor.combination(row);
+    nsDependentGroups::Relation relation{row, parts.sparseView(1.0, RANK_TOLERANCE)};
+    relation.multiples.coeffRef(row) = -1.0;
+    return relation;
 }
 
 } // namespace
@@ -102,13 +99,11 @@ std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
 
 void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system,
                                       const std::unordered_set<Eigen::Index>& spares) {
-    const std::vector<std::size_t>& constraints = system.rowConstraints();
+    std::vector<nsDependentGroups::Relation> relations;
     for (const Eigen::Index row : factor.dependentRows()) {
-        if (system.isIdle(row) || spares.contains(row)) {
-            continue; // binds nothing where the bodies stand
+        if (!system.isIdle(row) && !spares.contains(row)) { // else it binds nothing where the bodies stand
+            relations.push_back(relationOf(factor, row));
         }
-        std::set<std::size_t> members = membersOf(factor.combination(row), constraints);
-        members.insert(constraints[static_cast<std::size_t>(row)]);
-        m_dependent.emplace(members.begin(), members.end());
     }
+    m_dependent = nsDependentGroups::minimal(relations, system.rowConstraints());
 }

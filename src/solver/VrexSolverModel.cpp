@@ -149,15 +149,6 @@ private:
     std::unordered_set<const VrexBaseGeometry*> m_known;
 };
 
-bool isFinite(const VrexVector3DT<double>& v) {
-    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
-}
-
-bool isFinite(const VrexSolverEntity& entity) {
-    return isFinite(entity.frame.origin) && isFinite(entity.frame.axes[0]) &&
-           isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
-}
-
 bool isLength(const VrexDimension3D& dimension) {
     switch (dimension.type()) {
     case VrexConstraint3DType::Distance3D:
@@ -327,7 +318,6 @@ void VrexSolverModel::addSet(const Geometries& entities) {
     for (const auto& entity : entities) {
         known.push_back(VrexSolverEntity::of(*entity));
         if (known.back().has_value()) {
-            noteUnlessFinite(*known.back(), *entity);
             middle += known.back()->frame.origin;
             count += 1.0;
         }
@@ -354,7 +344,6 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
         m_carriers.push_back({nullptr, {}, {entity}, false});
         return;
     }
-    noteUnlessFinite(*known, *entity);
     VrexSolverBody& body = m_system.addBody({known->frame, known->mobility});
     for (const std::size_t i : {0U, 1U}) {
         body.setSize(i, known->sizes[i], known->isLength[i]);
@@ -363,12 +352,6 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
     carried.body = &body;
     carried.shape.emplace(body, VrexSolverFrame());
     m_carriers.push_back({&body, known->frame, {entity}, false});
-}
-
-void VrexSolverModel::noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
-    if (m_notFinite == nullptr && !isFinite(known)) {
-        m_notFinite = &entity;
-    }
 }
 
 const VrexSolverShape* VrexSolverModel::shape(const VrexBaseGeometry& geometry) const {

@@ -62,7 +62,7 @@ void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {
     }
     Eigen::Index row = 0;
     for (const VrexSolverResidual& residual : m_residuals) {
-        if (!residual.isSoft || withWishes) {
+        if (isInForce(residual, withWishes)) {
             addRows(row, residual);
         }
         row += static_cast<Eigen::Index>(residual.rows);
@@ -71,6 +71,14 @@ void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {
         m_jacobian.resize(m_rowCount, m_unknownCount);
         m_jacobian.setFromTriplets(m_entries.begin(), m_entries.end());
     }
+}
+
+void VrexSolverSystem::holdOnly(const std::vector<std::size_t>& constraints) {
+    m_held.emplace(constraints.begin(), constraints.end());
+}
+
+bool VrexSolverSystem::isInForce(const VrexSolverResidual& residual, bool withWishes) const {
+    return residual.isSoft ? withWishes : !m_held.has_value() || m_held->contains(residual.constraint);
 }
 
 void VrexSolverSystem::addRows(Eigen::Index row, const VrexSolverResidual& residual) {

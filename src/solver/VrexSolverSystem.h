@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <deque>
+#include <optional>
+#include <unordered_set>
 #include <vector>
 
 #include <Eigen/Core>
@@ -39,6 +41,9 @@ public:
     /// The constraint that each row belongs to.
     const std::vector<std::size_t>& rowConstraints() const { return m_rowConstraints; }
 
+    /// Leaves out the rows of all constraints but these: they are zero then.
+    void holdOnly(const std::vector<std::size_t>& constraints);
+
     /// The derivatives only on request. Wishes are zero rows unless they pull.
     void evaluate(bool withDerivatives, bool withWishes);
     const Eigen::VectorXd& values() const { return m_values; }
@@ -53,6 +58,7 @@ public:
     void restore();
 
 private:
+    bool isInForce(const VrexSolverResidual& residual, bool withWishes) const;
     void addRows(Eigen::Index row, const VrexSolverResidual& residual);
     void addRow(Eigen::Index row, const VrexVariable& value);
 
@@ -61,6 +67,7 @@ private:
     std::deque<VrexSolverBody> m_saved;
     std::vector<VrexSolverResidual> m_residuals;
     std::vector<std::size_t> m_rowConstraints;
+    std::optional<std::unordered_set<std::size_t>> m_held; ///< The constraints; all if empty.
     Eigen::Index m_unknownCount = 0;
     Eigen::Index m_firstHelp = 0;
     Eigen::Index m_rowCount = 0;

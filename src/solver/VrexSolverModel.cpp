@@ -132,6 +132,13 @@ bool isFinite(const VrexSolverEntity& entity) {
            isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
 }
 
+/// Whether it stands nowhere for the sake of what carries it, which is an entity of its own.
+bool isCarriedNowhere(const VrexBaseGeometry& entity) {
+    const auto* const connector = dynamic_cast<const VrexConnector3D*>(&entity);
+    return connector != nullptr && connector->getRigidSet() != nullptr &&
+           !isFinite(*VrexSolverEntity::of(*connector->getRigidSet()));
+}
+
 bool isLength(const VrexDimension3D& dimension) {
     switch (dimension.type()) {
     case VrexConstraint3DType::Distance3D:
@@ -340,7 +347,7 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
 }
 
 void VrexSolverModel::noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
-    if (m_notFinite == nullptr && !isFinite(known)) {
+    if (m_notFinite == nullptr && !isFinite(known) && !isCarriedNowhere(entity)) {
         m_notFinite = &entity;
     }
 }
@@ -390,11 +397,6 @@ void VrexSolverModel::writeSet(const Carrier& carrier) const {
     const auto motion = carrier.body->frame().motionFrom(carrier.start);
     VrexGeometryTransformation3DVisitor visitor(motion, false);
     for (const auto& entity : carrier.entities) {
-        auto* const connector = dynamic_cast<VrexConnector3D*>(entity.get());
-        if (connector != nullptr && connector->getRigidSet() != nullptr) {
-            connector->setTransformation(motion * connector->getTransformation());
-        } else {
-            entity->accept(visitor);
-        }
+        entity->accept(visitor);
     }
 }

@@ -2,13 +2,16 @@
 #include <filesystem>
 #include <random>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "data/constraint/3d/VrexMate3D.h"
 #include "data/serialization/3d/VrexSystem3DDeserializer.h"
 #include "data/serialization/3d/VrexSystem3DSerializer.h"
 #include "exchange/FrameProducts.h"
 #include "exchange/ImportedRobot.h"
+#include "support/JsonDifference.h"
 #include "support/SharedFolder.h"
 #include "tolvbase/LumoJson.h"
 
@@ -82,17 +85,39 @@ TEST_P(VrexUrdfFiles, EachLinkStandsWhereTheProductOfFramesSays) {
     EXPECT_EQ(links, GetParam().links);
 }
 
-std::string textOf(const VrexImmutableSystem3D& system) {
-    VrexSystem3DSerializer serializer({});
-    serializer.serialize(system);
-    return std::string(serializer.jsonStream());
+LumoJson documentOf(const VrexImmutableSystem3D& system) {
+    LumoJson document;
+    serialize(system, document, {});
+    return document;
 }
 
-TEST_P(VrexUrdfFiles, TheDocumentOfARobotIsReadAndWrittenByteForByte) {
-    const std::string text = textOf(lenient().system);
+TEST_P(VrexUrdfFiles, TheDocumentOfARobotIsReadAndWrittenAgain) {
+    const LumoJson document = documentOf(lenient().system);
     VrexImmutableSystem3D system;
-    deserialize(LumoJson::parse(text), system, {});
-    EXPECT_EQ(textOf(system), text);
+    deserialize(document, system, {});
+    // Rotations are stored otherwise than written, which costs them a few units of the last place.
+    EXPECT_EQ(JsonDifference(4e-15).find(document, documentOf(system)), "");
+}
+
+/// Takes the joints off their limits, where one counts for less: those are moved to the middle that do not
+/// stand inside.
+void poseInsideLimits(const ImportedRobot& robot) {
+    std::vector<VrexMateDimension3D*> moved;
+    for (const auto& mate : ImportedRobot::all<VrexMate3D>(robot.system.constraints(), "")) {
+        for (std::uint64_t i = 0; i < mate->getDimensionSize(); ++i) {
+            const auto& [lower, upper] = mate->getDimension(i).limits;
+            if (lower.has_value() && upper.has_value() && (*lower > -0.5 || *upper < 0.5)) {
+                moved.push_back(&mate->getDimension(i));
+                moved.back()->value = 0.5 * (*lower + *upper);
+                moved.back()->setFixed(true);
+            }
+        }
+    }
+    const auto report = robot.solve();
+    EXPECT_TRUE(report.isConverged()) << troublesOf(report);
+    for (VrexMateDimension3D* const dimension : moved) {
+        dimension->setFixed(false);
+    }
 }
 
 TEST_P(VrexUrdfFiles, AreSolvedFromPerturbedStartsWithTheirMobility) {
@@ -100,6 +125,8 @@ TEST_P(VrexUrdfFiles, AreSolvedFromPerturbedStartsWithTheirMobility) {
     for (int start = 0; start < 3; ++start) {
         const ImportedRobot robot = lenient();
         robot.perturb(random, 0.02);
+        poseInsideLimits(robot);
+        robot.perturb(random, 0.003);
         const auto report = robot.solve();
         EXPECT_TRUE(report.isConverged()) << troublesOf(report);
         EXPECT_EQ(mobilityOf(report), GetParam().mobility);

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "data/constraint/3d/VrexMate3D.h"
 #include "exchange/ImportedRobot.h"
 
 namespace {

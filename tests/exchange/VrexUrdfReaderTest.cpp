@@ -310,12 +310,13 @@ TEST(VrexUrdfReader, ALoopFileNamesFramesByLinkOrJoint) {
 }
 
 TEST(VrexUrdfReader, EachConstraintIsOneThatMayBeCreated) {
-    VrexLogRecorder recorder;
+    VrexLogRecorder recorder(1);
     const VrexDefaultToleranceGetter tolerances;
     const VrexConstraint3DPreValidator validator(tolerances, recorder);
     for (const char* const type : {"fixed", "continuous", "planar", "ball", "universal", "screw"}) {
         const std::string thread = std::string(type) == "screw" ? "<screw_thread_pitch value='1'/>" : "";
-        for (const auto& constraint : importText(pairOf(type, thread)).system.constraints()) {
+        const ImportedRobot robot = importText(pairOf(type, thread));
+        for (const auto& constraint : robot.system.constraints()) {
             if (const auto* const relation = dynamic_cast<VrexMateRelation3D*>(constraint.get())) {
                 EXPECT_TRUE(
                     VrexMateRelation3D::canCreate(relation->getMates(), relation->getMateParameterIndexs()));

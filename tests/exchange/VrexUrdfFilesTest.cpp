@@ -124,9 +124,9 @@ TEST_P(VrexUrdfFiles, AreSolvedFromPerturbedStartsWithTheirMobility) {
     std::mt19937 random(20);
     for (int start = 0; start < 3; ++start) {
         const ImportedRobot robot = lenient();
-        robot.perturb(random, 0.02);
+        robot.perturb(random, 0.002);
         poseInsideLimits(robot);
-        robot.perturb(random, 0.003);
+        robot.perturb(random, 0.002);
         const auto report = robot.solve();
         EXPECT_TRUE(report.isConverged()) << troublesOf(report);
         EXPECT_EQ(mobilityOf(report), GetParam().mobility);

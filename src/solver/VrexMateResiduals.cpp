@@ -1,7 +1,6 @@
 #include "solver/VrexMateResiduals.h"
 
 #include <cmath>
-#include <stdexcept>
 #include <utility>
 
 #include "data/constraint/3d/VrexMate3D.h"
@@ -164,7 +163,7 @@ void write(VrexMateDimension3D& dimension, double value, double unit) {
     }
 }
 
-void addDimension(VrexSolverBuilder& builder, const VrexMate3D& mate, const Joint& joint, Degree degree,
+void addDimension(VrexSolverBuilder& builder, const Joint& joint, Degree degree,
                   VrexMateDimension3D& dimension) {
     builder.requireFinite(dimension.value);
     const auto measure = measureOf(joint, degree, dimension);
@@ -191,7 +190,7 @@ void nsMateResiduals::add(VrexSolverBuilder& builder, VrexMate3D& mate) {
     addHeld(builder, *joint, heldBy(mate.type()));
     const std::vector<Degree> left = leftBy(mate.type());
     for (std::size_t i = 0; i < left.size(); ++i) {
-        addDimension(builder, mate, *joint, left[i], mate.getDimension(i));
+        addDimension(builder, *joint, left[i], mate.getDimension(i));
     }
 }
 

@@ -6,7 +6,9 @@
 
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
+#include "data/geometry/3d/VrexConnector3D.h"
 #include "data/geometry/3d/VrexGeometrySet3D.h"
+#include "data/geometry/3d/VrexRigidSet3D.h"
 #include "solver/VrexSolverEntity.h"
 #include "solver/VrexSolverNames.h"
 
@@ -31,6 +33,13 @@ bool hasNoDirection(const VrexSolverEntity& entity) {
     return entity.frame.axes[2].magnitude() < least;
 }
 
+/// Whether it stands nowhere for the sake of what carries it, which is an entity of its own.
+bool isCarriedNowhere(const VrexBaseGeometry& entity) {
+    const auto* const connector = dynamic_cast<const VrexConnector3D*>(&entity);
+    return connector != nullptr && connector->getRigidSet() != nullptr &&
+           !isFinite(*VrexSolverEntity::of(*connector->getRigidSet()));
+}
+
 std::string faultOf(VrexBaseGeometry& geometry) {
     const auto* const set = dynamic_cast<const VrexGeometrySet3D*>(&geometry);
     if (set != nullptr && hasNull(set->geometries())) {
@@ -40,7 +49,7 @@ std::string faultOf(VrexBaseGeometry& geometry) {
     if (!entity.has_value()) {
         return {};
     }
-    if (!isFinite(*entity)) {
+    if (!isFinite(*entity) && !isCarriedNowhere(geometry)) {
         return " holds a number that is not finite.";
     }
     return hasNoDirection(*entity) ? " has a direction without length." : "";

@@ -399,11 +399,6 @@ void VrexSolverModel::writeSet(const Carrier& carrier) const {
     const auto motion = carrier.body->frame().motionFrom(carrier.start);
     VrexGeometryTransformation3DVisitor visitor(motion, false);
     for (const auto& entity : carrier.entities) {
-        auto* const connector = dynamic_cast<VrexConnector3D*>(entity.get());
-        if (connector != nullptr && connector->getRigidSet() != nullptr) {
-            connector->setTransformation(motion * connector->getTransformation());
-        } else {
-            entity->accept(visitor);
-        }
+        entity->accept(visitor);
     }
 }

@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 #include <stdexcept>
-#include <utility>
 
 #include <fmt/format.h>
 
@@ -79,12 +78,19 @@ std::string keyIn(const LumoJson& json, std::string_view message) {
     const std::string_view key = message.substr(BEGIN.size(), message.find(END) - BEGIN.size());
     const auto found = json.find(key);
     const bool isMeant = found != json.end() && !(key == keys::TYPE && (*found).is_string());
-    return isMeant ? "/" + std::string(key) : "";
+    return isMeant ? fmt::format("/{}", key) : std::string();
+}
+
+/// The texts of the library are exact; what says too little to a user has a sentence of its own.
+std::string sentenceOf(std::string_view message) {
+    constexpr std::string_view NO_SUCH_PLACE = "invalid vector subscript";
+    return std::string(message == NO_SUCH_PLACE ? "It names an object that does not stand before it."
+                                                : message);
 }
 
 VrexDocumentFault atRoot(const LumoJson& json, std::string_view message) {
     const std::string pointer = keyIn(json, message);
-    return {pointer, pointer.empty() ? "the root" : pointer, std::string(message)};
+    return {pointer, pointer.empty() ? "the root" : pointer, sentenceOf(message)};
 }
 
 VrexDocumentFault atObject(Key array, std::uint64_t index, const LumoJson& object, std::string_view message) {
@@ -95,7 +101,7 @@ VrexDocumentFault atObject(Key array, std::uint64_t index, const LumoJson& objec
     }
     const std::string name =
         nsVrexObjectNames::nameOf(kind, textAt(object, keys::LABEL), textAt(object, keys::ID));
-    return {pointer, pointer + ", " + name, std::string(message)};
+    return {pointer, pointer + ", " + name, sentenceOf(message)};
 }
 
 /// The first object that was not created, or the first list of objects that is none.
@@ -159,8 +165,8 @@ std::optional<VrexDocumentFault> findLater(const LumoJson& json) {
         }
         partial[key] = json[key];
         if (auto refusal = refusalOf(partial)) {
-            const std::string pointer = "/" + std::string(key);
-            return VrexDocumentFault{pointer, pointer, std::move(*refusal)};
+            const std::string pointer = fmt::format("/{}", key);
+            return VrexDocumentFault{pointer, pointer, sentenceOf(*refusal)};
         }
     }
     return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <system_error>
 
 #include <fmt/format.h>
 
@@ -26,6 +27,16 @@ std::string nsVrexDocument::textOf(const VrexDocument& document, std::uint64_t i
         serializer.addExtendedInformation(key, value); // Refuses what the system tells.
     }
     return std::string(serializer.jsonStream());
+}
+
+void nsVrexDocument::expectOther(const std::string& input, const std::string& output) {
+    std::error_code none;
+    if (input != "-" && output != "-" && std::filesystem::is_regular_file(output, none) &&
+        std::filesystem::equivalent(input, output, none)) {
+        throw VrexToolFailure(
+            VrexExitCode::USAGE,
+            fmt::format("{} is the input, which is never touched: name another file with --out.", output));
+    }
 }
 
 void nsVrexDocument::write(const std::string& name, std::string_view bytes, const VrexConsole& console) {

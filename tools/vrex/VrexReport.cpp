@@ -72,13 +72,25 @@ void appendKey(std::string& text, std::string_view key) {
     fmt::format_to(std::back_inserter(text), "{}:", LumoJson(key).dump());
 }
 
-/// Calls `append` with each element, and puts commas between.
-template <class List, class Append>
-void appendList(std::string& text, const List& list, const Append& append) {
-    for (std::size_t i = 0; i < list.size(); ++i) {
+/// Calls `append` with each place below `count`, and puts commas between.
+template <class Append>
+void appendList(std::string& text, std::size_t count, const Append& append) {
+    for (std::size_t i = 0; i < count; ++i) {
         text += i > 0 ? "," : "";
         append(i);
     }
+}
+
+/// Cells side by side, the column by its place.
+template <class CellAt>
+std::string lineOf(const std::vector<std::size_t>& widths, const CellAt& cellAt) {
+    std::string line;
+    for (std::size_t column = 0; column < widths.size(); ++column) {
+        const std::string cell = cellAt(column);
+        line.append(GAP).append(cell).append(widths[column] - widthOf(cell), ' ');
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line;
 }
 
 } // namespace
@@ -86,16 +98,24 @@ void appendList(std::string& text, const List& list, const Append& append) {
 VrexReport::Table::Table(std::string_view key, std::vector<std::string_view> columns)
     : m_key(key), m_columns(std::move(columns)) {}
 
-void VrexReport::Table::add(std::vector<LumoJson> row) { m_rows.push_back(std::move(row)); }
+void VrexReport::Table::add(std::vector<LumoJson> row) {
+    std::ranges::move(row, std::back_inserter(m_cells));
+}
+
+std::size_t VrexReport::Table::rowCount() const { return m_cells.size() / m_columns.size(); }
+
+const LumoJson& VrexReport::Table::at(std::size_t row, std::size_t column) const {
+    return m_cells[row * m_columns.size() + column];
+}
 
 void VrexReport::Table::appendJson(std::string& text) const {
     appendKey(text, m_key);
     text += '[';
-    appendList(text, m_rows, [&](std::size_t row) {
+    appendList(text, rowCount(), [&](std::size_t row) {
         text += '{';
-        appendList(text, m_columns, [&](std::size_t column) {
+        appendList(text, m_columns.size(), [&](std::size_t column) {
             appendKey(text, m_columns[column]);
-            text += m_rows[row][column].dump();
+            text += at(row, column).dump();
         });
         text += '}';
     });
@@ -103,28 +123,23 @@ void VrexReport::Table::appendJson(std::string& text) const {
 }
 
 void VrexReport::Table::appendText(std::string& text, bool isColoured) const {
-    if (m_rows.empty()) {
+    if (m_cells.empty()) {
         return;
     }
-    std::vector<std::vector<std::string>> lines(1);
-    std::ranges::transform(m_columns, std::back_inserter(lines.front()), wordsOf);
-    for (const auto& row : m_rows) {
-        std::ranges::transform(row, std::back_inserter(lines.emplace_back()), textOf);
-    }
-    std::vector<std::size_t> widths(m_columns.size());
-    for (const auto& line : lines) {
-        std::ranges::transform(line, widths, widths.begin(), [](const std::string& cell, std::size_t width) {
-            return std::max(widthOf(cell), width);
-        });
+    std::vector<std::string> titles;
+    std::ranges::transform(m_columns, std::back_inserter(titles), wordsOf);
+    std::vector<std::size_t> widths;
+    std::ranges::transform(titles, std::back_inserter(widths), widthOf);
+    for (std::size_t i = 0; i < m_cells.size(); ++i) {
+        std::size_t& width = widths[i % widths.size()];
+        width = std::max(width, widthOf(textOf(m_cells[i])));
     }
     fmt::format_to(std::back_inserter(text), "\n{}:\n", wordsOf(m_key));
-    for (const auto& line : lines) {
-        std::string row;
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            row.append(GAP).append(line[i]).append(widths[i] - widthOf(line[i]), ' ');
-        }
-        row.erase(row.find_last_not_of(' ') + 1);
-        appendColoured(text, row, BOLD, isColoured && &line == &lines.front());
+    appendColoured(text, lineOf(widths, [&](std::size_t column) { return titles[column]; }), BOLD,
+                   isColoured);
+    text += '\n';
+    for (std::size_t row = 0; row < rowCount(); ++row) {
+        text += lineOf(widths, [&](std::size_t column) { return textOf(at(row, column)); });
         text += '\n';
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <deque>
 #include <string>
 #include <string_view>
@@ -20,11 +21,14 @@ public:
     private:
         friend class VrexReport;
 
+        std::size_t rowCount() const;
+        const LumoJson& at(std::size_t row, std::size_t column) const;
         void appendJson(std::string& text) const;
         void appendText(std::string& text, bool isColoured) const;
+
         std::string m_key;
         std::vector<std::string_view> m_columns;
-        std::vector<std::vector<LumoJson>> m_rows;
+        std::vector<LumoJson> m_cells; ///< Row by row.
     };
 
     explicit VrexReport(std::string_view command);

@@ -2,6 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -19,6 +22,8 @@
 #include "tools/vrex/VrexSystemLists.h"
 
 namespace {
+
+using Components = std::vector<std::shared_ptr<VrexConnectedComponent>>;
 
 /// A graph tells objects apart by identifier; these are numbered from 1 and remember what they had.
 class Numbers {
@@ -51,9 +56,8 @@ private:
     std::vector<std::uint64_t> m_ids;
 };
 
-std::vector<std::shared_ptr<VrexConnectedComponent>> split(const nsVrexSystemLists::Geometries& geometries,
-                                                           const nsVrexSystemLists::Constraints& constraints,
-                                                           const VrexConsole& console) {
+Components split(const nsVrexSystemLists::Geometries& geometries,
+                 const nsVrexSystemLists::Constraints& constraints, const VrexConsole& console) {
     const VrexProgress progress("finding components", console.showsProgress());
     VrexConstraintGraph graph(geometries, constraints);
     VrexDepthFirstSearch search;
@@ -64,47 +68,52 @@ std::vector<std::shared_ptr<VrexConnectedComponent>> split(const nsVrexSystemLis
 
 std::vector<LumoJson> rowOf(std::size_t index, const VrexConnectedComponent& component,
                             const VrexDegrees& degrees) {
+    const auto geometries = component.getGeometries();
+    const auto constraints = component.getConstraints();
     long freedom = 0;
-    for (const auto& geometry : component.getGeometries()) {
+    for (const auto& geometry : geometries) {
         freedom += degrees.of(*geometry);
     }
     long constraint = 0;
-    for (const auto& bound : component.getConstraints()) {
+    for (const auto& bound : constraints) {
         constraint += VrexDegrees::of(*bound);
     }
-    return {index, component.getGeometries().size(), component.getConstraints().size(), freedom, constraint};
+    return {index, geometries.size(), constraints.size(), freedom, constraint};
+}
+
+/// Large systems have many components: each is gone once it is told.
+void tell(Components components, const VrexDegrees& degrees, const Numbers* members, VrexReport& report) {
+    std::vector<std::string_view> columns{"index", "geometries", "constraints", "degreesOfFreedom",
+                                          "degreesOfConstraint"};
+    if (members != nullptr) {
+        columns.insert(columns.end(), {"geometryIds", "constraintIds"});
+    }
+    auto& table = report.addTable("components", columns);
+    for (std::size_t i = 0; i < components.size(); ++i) {
+        std::vector<LumoJson> row = rowOf(i, *components[i], degrees);
+        if (members != nullptr) {
+            row.push_back(members->idsOf(components[i]->getGeometries()));
+            row.push_back(members->idsOf(components[i]->getConstraints()));
+        }
+        components[i].reset();
+        table.add(std::move(row));
+    }
 }
 
 } // namespace
 
 VrexExitCode VrexComponentsCommand::run(const VrexConsole& console) const {
     const VrexDocument document = nsVrexDocument::read(input, console);
-    const VrexImmutableSystem3D& system = document.system;
-    const auto geometries = nsVrexSystemLists::geometriesOf(system);
-    const auto constraints = nsVrexSystemLists::constraintsOf(system);
+    const auto geometries = nsVrexSystemLists::geometriesOf(document.system);
+    const auto constraints = nsVrexSystemLists::constraintsOf(document.system);
     const Numbers numbers(geometries, constraints);
-    const auto components = split(geometries, constraints, console);
-    const VrexDegrees degrees(geometries);
+    Components components = split(geometries, constraints, console);
 
     VrexReport report("components");
     report.conclude(fmt::format("{}: {}.", document.title,
                                 nsVrexObjectNames::countOf(components.size(), "component", "components")),
                     true);
-    std::vector<std::string_view> columns{"index", "geometries", "constraints", "degreesOfFreedom",
-                                          "degreesOfConstraint"};
-    if (tellsMembers) {
-        columns.insert(columns.end(), {"geometryIds", "constraintIds"});
-    }
-    auto& table = report.addTable("components", columns);
-    for (std::size_t i = 0; i < components.size(); ++i) {
-        const VrexConnectedComponent& component = *components[i];
-        std::vector<LumoJson> row = rowOf(i, component, degrees);
-        if (tellsMembers) {
-            row.push_back(numbers.idsOf(component.getGeometries()));
-            row.push_back(numbers.idsOf(component.getConstraints()));
-        }
-        table.add(std::move(row));
-    }
+    tell(std::move(components), VrexDegrees(geometries), tellsMembers ? &numbers : nullptr, report);
     console.print(report);
     return VrexExitCode::FINE;
 }

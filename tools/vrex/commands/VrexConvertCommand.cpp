@@ -11,6 +11,7 @@ VrexExitCode VrexConvertCommand::run(const VrexConsole& console) const {
         throw VrexToolFailure(VrexExitCode::USAGE,
                               "A stream is nothing for a terminal: name a file with --out, or a pipe.");
     }
+    nsVrexDocument::expectOther(input, output);
     const VrexDocument document = nsVrexDocument::read(input, console);
     const VrexImmutableSystem3D& system = document.system;
     if (form == Form::DOCUMENT) {

@@ -89,6 +89,7 @@ VrexExitCode VrexImportCommand::run(const VrexConsole& console) const {
         throw VrexToolFailure(VrexExitCode::USAGE,
                               "--json and --out - cannot both have standard output: name a file with --out.");
     }
+    nsVrexDocument::expectOther(input, output);
     const std::string title = nsVrexDocument::titleOf(input);
     const VrexUrdfImport import = read(*this, title, console);
     const VrexReport report = reportOf(import, title);

@@ -158,6 +158,7 @@ VrexExitCode VrexSolveCommand::run(const VrexConsole& console) const {
         throw VrexToolFailure(VrexExitCode::USAGE,
                               "--json and --out - cannot both have standard output: name a file with --out.");
     }
+    nsVrexDocument::expectOther(input, output);
     const Solving solving(*this, nsVrexDocument::read(input, console));
     const VrexSolverReport solved = solving.solve(console);
     const VrexSolveReport found(solved, solving.geometries(), solving.constraints());

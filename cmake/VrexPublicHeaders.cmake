@@ -23,7 +23,7 @@ file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/listed_files.txt CONTENT "${text}\n"
 
 set(in_umbrella ${headers})
 list(REMOVE_ITEM in_umbrella ${VREX_UMBRELLA_EXCEPT})
-list(FILTER in_umbrella EXCLUDE REGEX "^solver/")
+list(FILTER in_umbrella EXCLUDE REGEX "^(exchange|solver)/")
 list(TRANSFORM in_umbrella REPLACE "(.+)" "#include \"\\1\"")
 list(JOIN in_umbrella "\n" text)
 set(VREX_UMBRELLA ${PROJECT_BINARY_DIR}/vrex.data3d.h)

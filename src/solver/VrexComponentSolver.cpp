@@ -149,20 +149,11 @@ private:
 
     void writeStatuses() {
         m_component.getOverConstrainedSubsets() = m_report.overConstrained;
-        std::unordered_set<const VrexBaseGeometry*> overdefined;
         for (std::size_t i = 0; i < m_constraints.size(); ++i) {
-            VrexBaseConstraint& constraint = *m_constraints[i];
-            constraint.status() = statusOf(i);
-            const bool isKnown = !m_satisfied.empty() && !m_unsupported.contains(i);
-            constraint.satisfiedStatus() = !isKnown         ? VrexConstraintSatisfiedStatus::Unknown
-                                           : m_satisfied[i] ? VrexConstraintSatisfiedStatus::Satisfied
-                                                            : VrexConstraintSatisfiedStatus::NotSatisfied;
-            if (m_dependent.contains(i)) {
-                for (const auto& geometry : constraint.getGeometries()) {
-                    overdefined.insert(geometry.get());
-                }
-            }
+            m_constraints[i]->status() = statusOf(i);
+            m_constraints[i]->satisfiedStatus() = satisfiedStatusOf(i);
         }
+        const std::unordered_set<const VrexBaseGeometry*> overdefined = overdefinedGeometries();
         for (std::size_t i = 0; i < m_geometries.size(); ++i) {
             m_geometries[i]->status() = !m_report.isConverged ? VrexGeometryStatus::NotSolved
                                         : overdefined.contains(m_geometries[i].get())
@@ -170,6 +161,24 @@ private:
                                         : m_report.freedoms[i].degrees > 0 ? VrexGeometryStatus::Underdefined
                                                                            : VrexGeometryStatus::Welldefined;
         }
+    }
+
+    std::unordered_set<const VrexBaseGeometry*> overdefinedGeometries() const {
+        std::unordered_set<const VrexBaseGeometry*> result;
+        for (const std::size_t place : m_dependent) {
+            for (const auto& geometry : m_constraints[place]->getGeometries()) {
+                result.insert(geometry.get());
+            }
+        }
+        return result;
+    }
+
+    VrexConstraintSatisfiedStatus satisfiedStatusOf(std::size_t place) const {
+        if (m_satisfied.empty() || m_unsupported.contains(place)) {
+            return VrexConstraintSatisfiedStatus::Unknown;
+        }
+        return m_satisfied[place] ? VrexConstraintSatisfiedStatus::Satisfied
+                                  : VrexConstraintSatisfiedStatus::NotSatisfied;
     }
 
     VrexConstraintStatus statusOf(std::size_t place) const {

@@ -86,10 +86,10 @@ VrexContactGap::Measure VrexContactGap::pathAndReach() {
     const std::size_t count = path.parameterCount();
     if (count > 0) {
         m_builder.add(count, stay(path, signs));
-        if (!m_isTouch && !hasHelp()) {
-            m_builder.addCheck(nearestCheck(
-                {path}, [gap] { return gap().value(); }, count, stay(path, signs), m_builder.length()));
-        }
+    }
+    if (count > 0 && !m_isTouch && !hasHelp()) {
+        const auto value = [gap] { return gap().value(); };
+        m_builder.addCheck(nearestCheck({path}, value, count, stay(path, signs), m_builder.length()));
     }
     return gap;
 }

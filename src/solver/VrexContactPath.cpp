@@ -91,14 +91,18 @@ struct Slot {
     VrexContactPath::Range range;
 };
 
+void addFreeSlots(const VrexContactPath& path, std::vector<Slot>& slots) {
+    for (std::size_t i = 0; i < path.parameterCount(); ++i) {
+        if (path.isFree(i)) {
+            slots.push_back({path.body, i, path.ranges[i]});
+        }
+    }
+}
+
 std::vector<Slot> freeSlots(const std::vector<VrexContactPath>& paths) {
     std::vector<Slot> slots;
     for (const VrexContactPath& path : paths) {
-        for (std::size_t i = 0; i < path.parameterCount(); ++i) {
-            if (path.isFree(i)) {
-                slots.push_back({path.body, i, path.ranges[i]});
-            }
-        }
+        addFreeSlots(path, slots);
     }
     return slots;
 }

@@ -189,15 +189,9 @@ private:
 
     bool addLine() {
         switch (m_second.kind()) {
-        case Kind::PLANE: {
-            const auto one = m_incidence.geometry(1);
-            const auto other = m_incidence.geometry(2);
-            if (!m_builder.model().isHeldParallel(*one, *other)) {
-                nsDirectionRows::addPerpendicular(m_builder, *first(), *second());
-            }
-            addOriginOn(m_second);
+        case Kind::PLANE:
+            addLineInPlane();
             return true;
-        }
         case Kind::LINE: // a cylinder
             addParallel();
             return addPoint();
@@ -206,6 +200,13 @@ private:
         default:
             return false;
         }
+    }
+
+    void addLineInPlane() {
+        if (!m_builder.model().isHeldParallel(*m_incidence.geometry(1), *m_incidence.geometry(2))) {
+            nsDirectionRows::addPerpendicular(m_builder, *first(), *second());
+        }
+        addOriginOn(m_second);
     }
 
     /// Through the apex, at the half angle to the axis.

@@ -39,22 +39,32 @@ private:
     double m_growth = 2.0;
 };
 
+/// Takes the step under the present damping; back where it was and false where it does not gain.
+bool tryStep(VrexSolverSystem& system, VrexDampedStep& linear, Damping& damping, double cost,
+             bool withWishes) {
+    const Eigen::VectorXd step = linear.solve(damping.value());
+    const double predicted = linear.predictedGain(step, damping.value());
+    if (!step.allFinite() || !(predicted > 0.0)) {
+        return false;
+    }
+    system.move(step);
+    system.evaluate(false, withWishes);
+    const double gain = cost - 0.5 * system.values().squaredNorm();
+    if (gain > 0.0) { // false also for NaN
+        damping.accept(gain / predicted);
+        return true;
+    }
+    system.restore();
+    return false;
+}
+
 /// Tries steps under rising damping until one gains; false where none does.
 bool advance(VrexSolverSystem& system, VrexDampedStep& linear, Damping& damping, bool withWishes) {
     const double cost = 0.5 * system.values().squaredNorm();
     system.save();
     while (!damping.isExhausted()) {
-        const Eigen::VectorXd step = linear.solve(damping.value());
-        const double predicted = linear.predictedGain(step, damping.value());
-        if (step.allFinite() && predicted > 0.0) {
-            system.move(step);
-            system.evaluate(false, withWishes);
-            const double gain = cost - 0.5 * system.values().squaredNorm();
-            if (gain > 0.0) { // also false for NaN
-                damping.accept(gain / predicted);
-                return true;
-            }
-            system.restore();
+        if (tryStep(system, linear, damping, cost, withWishes)) {
+            return true;
         }
         damping.refuse();
     }

@@ -92,21 +92,32 @@ private:
     bool m_isComplete = true;
 };
 
+using Value = std::function<VrexVariable()>;
+
+/// What reads the parameter that a descriptor names: a variable's unknown or a number that stays; empty for a
+/// parameter of an entity that moves.
+Value valueOf(const VrexSolverBuilder& builder, const VrexVariableDescriptor& descriptor) {
+    const auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(descriptor.object());
+    const VrexSolverShape* const known = builder.shape(geometry);
+    const bool isVariable = std::dynamic_pointer_cast<VrexGeometryVariable>(geometry) != nullptr;
+    if (known != nullptr && isVariable) {
+        return [known] { return known->size(0); };
+    }
+    if (known == nullptr || known->isFixed()) {
+        return [value = descriptor.getValue()] { return VrexVariable(value); };
+    }
+    return {};
+}
+
 /// The parameters of an evaluated shape that stands at the origin: its slots, then its descriptors. Empty
 /// where a descriptor names a parameter of an entity that moves.
 template <class Shape>
 std::function<std::vector<VrexVariable>()> localParameters(const VrexSolverBuilder& builder,
                                                            const Shape& shape) {
-    std::vector<std::function<VrexVariable()>> values;
+    std::vector<Value> values;
     for (const VrexVariableDescriptor& descriptor : shape.descriptors()) {
-        const auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(descriptor.object());
-        const VrexSolverShape* const known = builder.shape(geometry);
-        const bool isVariable = std::dynamic_pointer_cast<VrexGeometryVariable>(geometry) != nullptr;
-        if (known != nullptr && isVariable) {
-            values.emplace_back([known] { return known->size(0); });
-        } else if (known == nullptr || known->isFixed()) {
-            values.emplace_back([value = descriptor.getValue()] { return VrexVariable(value); });
-        } else {
+        values.push_back(valueOf(builder, descriptor));
+        if (values.back() == nullptr) {
             return {};
         }
     }

@@ -53,6 +53,17 @@ std::size_t slack(const Matrix& jacobian, Eigen::Index firstColumn) {
     return static_cast<std::size_t>(count - factor.rank());
 }
 
+/// The constraints whose rows have a part in the combination.
+std::set<std::size_t> membersOf(const Eigen::VectorXd& parts, const std::vector<std::size_t>& constraints) {
+    std::set<std::size_t> members;
+    for (Eigen::Index i = 0; i < parts.size(); ++i) {
+        if (std::abs(parts[i]) > RANK_TOLERANCE) {
+            members.insert(constraints[static_cast<std::size_t>(i)]);
+        }
+    }
+    return members;
+}
+
 } // namespace
 
 VrexRankAnalysis::VrexRankAnalysis(VrexSolverSystem& system) {
@@ -92,13 +103,8 @@ void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSol
         if (system.isIdle(row)) {
             continue; // binds nothing where the bodies stand
         }
-        const Eigen::VectorXd parts = factor.combination(row);
-        std::set<std::size_t> members{constraints[static_cast<std::size_t>(row)]};
-        for (Eigen::Index i = 0; i < parts.size(); ++i) {
-            if (std::abs(parts[i]) > RANK_TOLERANCE) {
-                members.insert(constraints[static_cast<std::size_t>(i)]);
-            }
-        }
+        std::set<std::size_t> members = membersOf(factor.combination(row), constraints);
+        members.insert(constraints[static_cast<std::size_t>(row)]);
         m_dependent.emplace(members.begin(), members.end());
     }
 }

@@ -41,13 +41,7 @@ void VrexRowFactor::analyse(const Matrix& product) {
     for (int k = 0; k < product.cols(); ++k) {
         marks[static_cast<std::size_t>(k)] = k;
         for (Matrix::InnerIterator entry(product, k); entry && entry.row() < k; ++entry) {
-            for (int i = static_cast<int>(entry.row()); marks[static_cast<std::size_t>(i)] != k;
-                 i = m_parents[static_cast<std::size_t>(i)]) {
-                const auto at = static_cast<std::size_t>(i);
-                m_parents[at] = m_parents[at] < 0 ? k : m_parents[at];
-                ++counts[at];
-                marks[at] = k;
-            }
+            climb(static_cast<int>(entry.row()), k, marks, counts);
         }
     }
     m_starts.assign(size + 1, 0);
@@ -57,6 +51,16 @@ void VrexRowFactor::analyse(const Matrix& product) {
     m_ends.assign(m_starts.begin(), m_starts.end() - 1);
     m_places.resize(static_cast<std::size_t>(m_starts.back()));
     m_entries.resize(m_places.size());
+}
+
+/// From a column up the tree of columns to those that row k has met: each column on the way gets an entry.
+void VrexRowFactor::climb(int column, int k, std::vector<int>& marks, std::vector<int>& counts) {
+    for (auto at = static_cast<std::size_t>(column); marks[at] != k;
+         at = static_cast<std::size_t>(m_parents[at])) {
+        m_parents[at] = m_parents[at] < 0 ? k : m_parents[at];
+        ++counts[at];
+        marks[at] = k;
+    }
 }
 
 /// The columns of L that row k of it has entries in, at the end of `stack`, each behind those it depends on.
@@ -78,6 +82,22 @@ int VrexRowFactor::reach(const Matrix& product, int k, std::vector<int>& marks,
     return top;
 }
 
+/// Takes column i out of row k, whose entries stand in `work`; what the pivot of the row loses by it.
+double VrexRowFactor::eliminate(std::size_t i, int k, std::vector<double>& work) {
+    const double value = std::exchange(work[i], 0.0);
+    if (m_pivots[i] == 0.0) {
+        return 0.0; // a row that is left out
+    }
+    for (int p = m_starts[i]; p < m_ends[i]; ++p) {
+        work[static_cast<std::size_t>(m_places[static_cast<std::size_t>(p)])] -=
+            m_entries[static_cast<std::size_t>(p)] * value;
+    }
+    const auto end = static_cast<std::size_t>(m_ends[i]++);
+    m_places[end] = k;
+    m_entries[end] = value / m_pivots[i];
+    return m_entries[end] * value;
+}
+
 void VrexRowFactor::factorize(const Matrix& product, double tolerance) {
     const auto size = static_cast<std::size_t>(product.cols());
     m_pivots.assign(size, 0.0);
@@ -90,19 +110,8 @@ void VrexRowFactor::factorize(const Matrix& product, double tolerance) {
         }
         double pivot = std::exchange(work[static_cast<std::size_t>(k)], 0.0);
         for (int top = reach(product, k, marks, stack); top < product.cols(); ++top) {
-            const auto i = static_cast<std::size_t>(stack[static_cast<std::size_t>(top)]);
-            const double value = std::exchange(work[i], 0.0);
-            if (m_pivots[i] == 0.0) {
-                continue; // a row that is left out
-            }
-            for (int p = m_starts[i]; p < m_ends[i]; ++p) {
-                work[static_cast<std::size_t>(m_places[static_cast<std::size_t>(p)])] -=
-                    m_entries[static_cast<std::size_t>(p)] * value;
-            }
-            const double part = value / m_pivots[i];
-            pivot -= part * value;
-            m_places[static_cast<std::size_t>(m_ends[i])] = k;
-            m_entries[static_cast<std::size_t>(m_ends[i]++)] = part;
+            const int i = stack[static_cast<std::size_t>(top)];
+            pivot -= eliminate(static_cast<std::size_t>(i), k, work);
         }
         if (pivot > tolerance * tolerance) {
             m_pivots[static_cast<std::size_t>(k)] = pivot;
@@ -117,13 +126,12 @@ void VrexRowFactor::factorize(const Matrix& product, double tolerance) {
 /// L^T x = x over the independent rows.
 void VrexRowFactor::solveUpper(Eigen::Ref<Eigen::VectorXd> x) const {
     for (std::size_t i = m_pivots.size(); i-- > 0;) {
-        for (int p = m_starts[i]; p < m_ends[i]; ++p) {
-            const auto place = static_cast<std::size_t>(m_places[static_cast<std::size_t>(p)]);
-            if (m_pivots[place] != 0.0) {
-                x[static_cast<Eigen::Index>(i)] -=
-                    m_entries[static_cast<std::size_t>(p)] * x[static_cast<Eigen::Index>(place)];
-            }
+        double sum = 0.0;
+        for (auto p = static_cast<std::size_t>(m_starts[i]); p < static_cast<std::size_t>(m_ends[i]); ++p) {
+            const int place = m_places[p];
+            sum += m_pivots[static_cast<std::size_t>(place)] != 0.0 ? m_entries[p] * x[place] : 0.0;
         }
+        x[static_cast<Eigen::Index>(i)] -= sum;
     }
 }
 

@@ -27,6 +27,8 @@ public:
 private:
     void order(const Eigen::SparseMatrix<double>& product);
     void analyse(const Eigen::SparseMatrix<double>& product);
+    void climb(int column, int k, std::vector<int>& marks, std::vector<int>& counts);
+    double eliminate(std::size_t i, int k, std::vector<double>& work);
     void factorize(const Eigen::SparseMatrix<double>& product, double tolerance);
     int reach(const Eigen::SparseMatrix<double>& product, int k, std::vector<int>& marks,
               std::vector<int>& stack) const;

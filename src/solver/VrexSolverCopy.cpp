@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <unordered_set>
 
 #include "data/3d/VrexAssigner3D.h"
@@ -23,16 +24,14 @@ std::vector<std::shared_ptr<Object>> withParts(const std::vector<std::shared_ptr
                                                PartsOf partsOf) {
     std::vector<std::shared_ptr<Object>> result;
     std::unordered_set<const Object*> known;
-    const auto add = [&](const std::vector<std::shared_ptr<Object>>& list) {
-        for (const auto& object : list) {
-            if (object != nullptr && known.insert(object.get()).second) {
-                result.push_back(object);
-            }
-        }
+    const auto addNew = [&](const std::vector<std::shared_ptr<Object>>& list) {
+        std::copy_if(list.begin(), list.end(), std::back_inserter(result), [&](const auto& object) {
+            return object != nullptr && known.insert(object.get()).second;
+        });
     };
-    add(objects);
+    addNew(objects);
     for (std::size_t i = 0; i < result.size(); ++i) { // grows on the way
-        add(partsOf(*result[i]));
+        addNew(partsOf(*result[i]));
     }
     return result;
 }

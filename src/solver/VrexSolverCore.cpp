@@ -1,5 +1,6 @@
 #include "solver/VrexSolverCore.h"
 
+#include <functional>
 #include <utility>
 
 #include "data/geometry/3d/VrexGeometry3D.h"
@@ -17,15 +18,13 @@ VrexSolverCore::VrexSolverCore(Kind kind, std::shared_ptr<VrexGeometry3D> entity
     : m_kind(kind), m_entity(std::move(entity)) {}
 
 void VrexSolverCore::keepSigns(VrexSolverBuilder& builder) const {
-    const bool hasRadius = m_kind == Kind::CIRCLE || m_kind == Kind::ELLIPSE || hasOffset();
+    if (m_kind != Kind::CIRCLE && m_kind != Kind::ELLIPSE && !hasOffset()) {
+        return; // no radius
+    }
     for (const std::size_t i : {0U, 1U}) {
-        if (!hasRadius) {
-            return;
-        }
         const VrexSolverBody& body = m_shape->body();
         if (body.mobility().sizes[i] && body.isLength(i)) {
-            builder.addLimits(
-                {0.0, {}}, [core = *this, i] { return core.size(i); }, builder.length());
+            builder.addLimits({0.0, {}}, std::bind_front(&VrexSolverCore::size, *this, i), builder.length());
         }
     }
 }

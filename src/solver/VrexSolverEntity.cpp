@@ -37,6 +37,14 @@ VrexVector3DT<double> footOf(VrexPlane3D& plane) {
     return plane.getOrigin() + normal * (distance - normal.dotProduct(plane.getOrigin()));
 }
 
+/// In space: what the connector stores is where it is on its set.
+VrexSolverFrame frameOf(const VrexConnector3D& connector) {
+    const auto stored = VrexSolverFrame::turned(connector.getOrigin(), connector.getRotation());
+    const auto& set = connector.getRigidSet();
+    return set != nullptr ? VrexSolverFrame::turned(set->getOrigin(), set->getRotation()).compose(stored)
+                          : stored;
+}
+
 /// Reads the entity that it visits.
 class Reader final : public VrexVisitor3D {
 public:
@@ -80,9 +88,7 @@ public:
     void visitRigidSet3D(VrexRigidSet3D& set3D) override {
         set(VrexSolverFrame::turned(set3D.getOrigin(), set3D.getRotation()), ALL, ALL);
     }
-    void visitConnector3D(VrexConnector3D& connector) override {
-        set(VrexSolverFrame::turned(connector.getOrigin(), connector.getRotation()), ALL, ALL);
-    }
+    void visitConnector3D(VrexConnector3D& connector) override { set(frameOf(connector), ALL, ALL); }
     void visitEvaluatedCurve3D(VrexEvaluatedCurve3D& curve) override {
         set(VrexSolverFrame::turned(curve.getOrigin(), curve.getRotation()), ALL, ALL);
     }

@@ -81,16 +81,19 @@ private:
         while (!open.empty()) {
             const std::size_t owner = open.back();
             open.pop_back();
-            if (m_isJoined[owner]) {
-                continue;
+            if (!m_isJoined[owner]) {
+                m_isJoined[owner] = true;
+                joinParts(owner, open);
             }
-            m_isJoined[owner] = true;
-            for (const auto& part : m_entities[owner]->getGeometries()) {
-                if (part != nullptr && dynamic_cast<const VrexGeometryVariable*>(part.get()) == nullptr) {
-                    const std::size_t place = enter(part);
-                    m_parents[rootOf(place)] = rootOf(owner);
-                    open.push_back(place);
-                }
+        }
+    }
+
+    void joinParts(std::size_t owner, std::vector<std::size_t>& open) {
+        for (const auto& part : m_entities[owner]->getGeometries()) {
+            if (part != nullptr && dynamic_cast<const VrexGeometryVariable*>(part.get()) == nullptr) {
+                const std::size_t place = enter(part);
+                m_parents[rootOf(place)] = rootOf(owner);
+                open.push_back(place);
             }
         }
     }
@@ -127,6 +130,13 @@ bool isFinite(const VrexVector3DT<double>& v) {
 bool isFinite(const VrexSolverEntity& entity) {
     return isFinite(entity.frame.origin) && isFinite(entity.frame.axes[0]) &&
            isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
+}
+
+/// Whether it stands nowhere for the sake of what carries it, which is an entity of its own.
+bool isCarriedNowhere(const VrexBaseGeometry& entity) {
+    const auto* const connector = dynamic_cast<const VrexConnector3D*>(&entity);
+    return connector != nullptr && connector->getRigidSet() != nullptr &&
+           !isFinite(*VrexSolverEntity::of(*connector->getRigidSet()));
 }
 
 bool isLength(const VrexDimension3D& dimension) {
@@ -337,7 +347,7 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
 }
 
 void VrexSolverModel::noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
-    if (m_notFinite == nullptr && !isFinite(known)) {
+    if (m_notFinite == nullptr && !isFinite(known) && !isCarriedNowhere(entity)) {
         m_notFinite = &entity;
     }
 }
@@ -387,11 +397,6 @@ void VrexSolverModel::writeSet(const Carrier& carrier) const {
     const auto motion = carrier.body->frame().motionFrom(carrier.start);
     VrexGeometryTransformation3DVisitor visitor(motion, false);
     for (const auto& entity : carrier.entities) {
-        auto* const connector = dynamic_cast<VrexConnector3D*>(entity.get());
-        if (connector != nullptr && connector->getRigidSet() != nullptr) {
-            connector->setTransformation(motion * connector->getTransformation());
-        } else {
-            entity->accept(visitor);
-        }
+        entity->accept(visitor);
     }
 }

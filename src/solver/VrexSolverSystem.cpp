@@ -38,17 +38,21 @@ void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {
     Eigen::Index row = 0;
     for (const VrexSolverResidual& residual : m_residuals) {
         if (!residual.isSoft || withWishes) {
-            m_rows.assign(residual.rows, VrexVariable());
-            residual.evaluate(m_rows.data());
-            for (std::size_t i = 0; i < residual.rows; ++i) {
-                addRow(row + static_cast<Eigen::Index>(i), m_rows[i], withDerivatives);
-            }
+            addRows(row, residual, withDerivatives);
         }
         row += static_cast<Eigen::Index>(residual.rows);
     }
     if (withDerivatives) {
         m_jacobian.resize(m_rowCount, m_unknownCount);
         m_jacobian.setFromTriplets(m_entries.begin(), m_entries.end());
+    }
+}
+
+void VrexSolverSystem::addRows(Eigen::Index row, const VrexSolverResidual& residual, bool withDerivatives) {
+    m_rows.assign(residual.rows, VrexVariable());
+    residual.evaluate(m_rows.data());
+    for (const VrexVariable& value : m_rows) {
+        addRow(row++, value, withDerivatives);
     }
 }
 

@@ -48,6 +48,7 @@ public:
     void restore();
 
 private:
+    void addRows(Eigen::Index row, const VrexSolverResidual& residual, bool withDerivatives);
     void addRow(Eigen::Index row, const VrexVariable& value, bool withDerivatives);
 
     std::deque<VrexSolverBody> m_bodies;

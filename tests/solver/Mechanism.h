@@ -41,7 +41,7 @@ public:
         bind(VrexFixation3D::create(set, VrexFixation3DType::Complete3D));
         return set;
     }
-    /// A frame on `body` at a place of space, its Z axis that of space turned by `rotation`.
+    /// A frame on `body`, in its coordinates.
     std::shared_ptr<VrexConnector3D>
     connector(const std::shared_ptr<VrexRigidSet3D>& body, const Vector& place,
               const VrexQuaternionT<double>& rotation = VrexQuaternionT<double>::ONE()) {

@@ -25,6 +25,7 @@ struct Pair {
     explicit Pair(RandomShapes& random) {
         for (int i = 0; i < 2; ++i) {
             auto set = VrexRigidSet3D::create({});
+            set->setTransformation({random.point(), random.rotation()});
             auto connector = VrexConnector3D::create(set);
             connector->setTransformation({random.point(), random.rotation()});
             geometries.push_back(set);
@@ -97,11 +98,35 @@ TEST(VrexMateResiduals, AxesThatStartOppositeAreTurned) {
             mechanism.bind(VrexRevoluteMate3D::create(first, second, {}))->alignment() = alignment;
             const auto report = VrexSolver3D().solve({mechanism.component()});
             EXPECT_TRUE(report.isConverged());
-            const auto axis = VrexQuaternionT<double>::rotate({0.0, 0.0, 1.0}, second->getRotation(), false);
+            const auto frame = arm->getTransformation() * second->getTransformation();
+            const auto axis = VrexQuaternionT<double>::rotate({0.0, 0.0, 1.0}, frame.getRotation(), false);
             EXPECT_NEAR(axis.z(), sense, 1e-9) << start;
-            EXPECT_NEAR(second->getOrigin().magnitude(), 0.0, 1e-9);
+            EXPECT_NEAR(frame.getTranslation().magnitude(), 0.0, 1e-9);
         }
     }
+}
+
+TEST(VrexMateResiduals, AConnectorIsWhereItsSetTakesIt) {
+    Mechanism mechanism;
+    const auto base = mechanism.ground();
+    const auto arm = mechanism.body();
+    // A quarter turn about Z takes (1, 0, 0) to (0, 1, 0): the connectors coincide as they stand.
+    const auto turn =
+        VrexQuaternionT<double>::makeFromAngleAndAxis(std::numbers::pi / 2.0, {0.0, 0.0, 1.0}, 1e-9);
+    arm->setTransformation({{5.0, 0.0, 0.0}, turn});
+    const auto first = mechanism.connector(base, {5.0, 1.0, 0.0}, turn);
+    const auto second = mechanism.connector(arm, {1.0, 0.0, 0.0});
+    mechanism.bind(VrexFastenedMate3D::create(first, second));
+    auto report = VrexSolver3D().solve({mechanism.component()});
+    EXPECT_TRUE(report.isConverged());
+    EXPECT_EQ(report.components.at(0).iterations, 0);
+
+    arm->setTransformation({{7.0, 1.0, -2.0}, VrexQuaternionT<double>::ONE()});
+    report = VrexSolver3D().solve({mechanism.component()});
+    EXPECT_TRUE(report.isConverged());
+    EXPECT_NEAR((arm->getOrigin() - VrexVector3DT<double>(5.0, 0.0, 0.0)).magnitude(), 0.0, 1e-9);
+    EXPECT_EQ(second->getOrigin().x(), 1.0); // on the set it stays where it is
+    EXPECT_EQ(second->getRotation().scalar(), 1.0);
 }
 
 } // namespace

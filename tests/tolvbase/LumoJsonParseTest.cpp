@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/SharedFolder.h"
 #include "tolvbase/LumoJson.h"
 
 namespace {
@@ -191,13 +192,6 @@ const DoubleRow DOUBLE_ROWS[] = {
 std::string readFile(const std::filesystem::path& path) {
     std::ifstream stream(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-/// The folder with the scripts and tables that every checkout on a build machine shares; it may be missing.
-std::filesystem::path sharedFolder() {
-    const char* const named = std::getenv("VREX_SHARED_DIR");
-    return named != nullptr ? std::filesystem::path(named)
-                            : std::filesystem::path(VREX_SOURCE_DIR) / "../shared";
 }
 
 /// Removes the folder when the test ends.

@@ -38,6 +38,12 @@ public:
         m_keys.push_back(key);
         return isRepeated;
     }
+    /// Fetches the bucket of a key that is about to be looked up.
+    void prefetch(std::uint64_t key) const {
+        if (!m_heads.empty()) {
+            __builtin_prefetch(&m_heads[bucketOf(key)]);
+        }
+    }
     /// The latest place of any key in the bucket of `key`: mostly its own, and never behind its own.
     std::uint32_t latestNear(std::uint64_t key) const {
         return m_heads.empty() ? NONE : m_heads[bucketOf(key)];

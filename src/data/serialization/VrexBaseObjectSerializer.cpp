@@ -86,6 +86,14 @@ void VrexBaseObjectSerializer::reserve(std::size_t geometries, std::size_t varia
     m_equationIndices.reserve(equations);
 }
 
+void VrexBaseObjectSerializer::expect(const VrexBaseConstraint& constraint) const {
+    m_constraintIndices.prefetch(addressOf(constraint));
+}
+
+void VrexBaseObjectSerializer::expect(const VrexBaseGeometry& geometry) const {
+    m_geometryIndices.prefetch(addressOf(geometry));
+}
+
 void VrexBaseObjectSerializer::visitBaseObject(VrexBaseObject&) {
     VREX_RAISE(std::runtime_error, "Serializer: Not implemented");
 }

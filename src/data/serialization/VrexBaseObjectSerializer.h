@@ -26,6 +26,9 @@ public:
     VrexBaseObjectSerializer& operator=(const VrexBaseObjectSerializer&) = delete;
     ~VrexBaseObjectSerializer() override;
 
+    /// Fetches what the visit of this object will look up.
+    void expect(const VrexBaseConstraint& constraint) const;
+    void expect(const VrexBaseGeometry& geometry) const;
     /// Throws: nobody writes objects of this class.
     void visitBaseObject(VrexBaseObject& object) override;
 

@@ -32,10 +32,14 @@ void prefetch(const void* object) {
 
 /// Visits in order; a null goes to the look-up that refuses it.
 template <class Object, class Index>
-void visitAll(const std::vector<std::shared_ptr<Object>>& objects, VrexVisitor3D& visitor,
+void visitAll(const std::vector<std::shared_ptr<Object>>& objects, VrexObject3DSerializer& visitor,
               const Index& indexOf) {
     for (std::size_t i = 0; i < objects.size(); ++i) {
-        prefetch(objects[std::min(i + AHEAD, objects.size() - 1)].get());
+        const auto& next = objects[std::min(i + AHEAD, objects.size() - 1)];
+        if (next != nullptr) {
+            prefetch(next.get());
+            visitor.expect(*next);
+        }
         if (objects[i] != nullptr) {
             objects[i]->accept(visitor);
         } else {

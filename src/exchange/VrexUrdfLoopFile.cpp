@@ -1,0 +1,105 @@
+#include "exchange/VrexUrdfLoopFile.h"
+
+#include <algorithm>
+
+#include <yaml-cpp/yaml.h>
+
+#include "exchange/VrexUrdfFindings.h"
+#include "exchange/VrexUrdfJointKinds.h"
+
+namespace {
+
+constexpr auto PAIRS = "closed_loop";
+constexpr auto TYPES = "type";
+
+class LoopFile {
+public:
+    LoopFile(const std::string& file, VrexUrdfRobot& robot, VrexUrdfFindings& findings)
+        : m_file(file), m_robot(robot), m_findings(findings) {}
+
+    void read(const YAML::Node& root) {
+        if (!root.IsMap()) {
+            refuse(root.Mark(), PAIRS, "The loop file is no list of keys and values.");
+            return;
+        }
+        for (const auto& entry : root) {
+            const auto key = entry.first.as<std::string>();
+            if (key != PAIRS && key != TYPES) {
+                m_findings.note(placeOf(entry.first.Mark()), key, key + " has no counterpart.");
+            }
+        }
+        readPairs(root, root[PAIRS], root[TYPES]);
+    }
+
+    void refuse(const YAML::Mark& mark, const std::string& name, const std::string& message) {
+        m_findings.refuse(placeOf(mark), name, message);
+    }
+
+private:
+    VrexUrdfPlace placeOf(const YAML::Mark& mark) const { return {m_file, mark.line + 1}; }
+
+    void readPairs(const YAML::Node& root, const YAML::Node& pairs, const YAML::Node& types) {
+        if (!pairs || !pairs.IsSequence()) {
+            refuse(root.Mark(), PAIRS, "The loop file has no list closed_loop.");
+            return;
+        }
+        if (!types || !types.IsSequence() || types.size() != pairs.size()) {
+            refuse(pairs.Mark(), TYPES, "The loop file needs a type for each pair of closed_loop.");
+            return;
+        }
+        for (std::size_t i = 0; i < pairs.size(); ++i) {
+            readPair(pairs[i], types[i]);
+        }
+    }
+
+    void readPair(const YAML::Node& pair, const YAML::Node& type) {
+        if (!pair.IsSequence() || pair.size() != 2) {
+            refuse(pair.Mark(), PAIRS, "A loop of closed_loop is no pair of frames.");
+            return;
+        }
+        VrexUrdfLoop loop;
+        loop.place = placeOf(pair.Mark());
+        const auto first = pair[0].as<std::string>();
+        const auto second = pair[1].as<std::string>();
+        loop.name = first + " " + second;
+        const auto kind = type.as<std::string>();
+        loop.kind = nsUrdfJointKinds::ofLoop(kind);
+        if (loop.kind == VrexUrdfJointKind::Other) {
+            m_findings.doubt(loop.place, loop.name,
+                             "loop \"" + loop.name + "\": the type \"" + kind + "\" has no counterpart.",
+                             "The loop stays open.");
+        }
+        loop.predecessor.link = linkOf(first);
+        loop.successor.link = linkOf(second);
+        m_robot.loops.push_back(loop);
+    }
+
+    /// A link has the frame of its own name; a joint carries that of its child.
+    std::string linkOf(const std::string& frame) const {
+        const auto isLink = [&frame](const VrexUrdfLink& link) { return link.name == frame; };
+        if (std::ranges::none_of(m_robot.links, isLink)) {
+            for (const VrexUrdfJoint& joint : m_robot.joints) {
+                if (joint.name == frame) {
+                    return joint.child;
+                }
+            }
+        }
+        return frame;
+    }
+
+    const std::string& m_file;
+    VrexUrdfRobot& m_robot;
+    VrexUrdfFindings& m_findings;
+};
+
+} // namespace
+
+void nsUrdfLoopFile::read(std::string_view text, const std::string& file, VrexUrdfRobot& robot,
+                          VrexUrdfFindings& findings) {
+    LoopFile loops(file, robot, findings);
+    try {
+        loops.read(YAML::Load(std::string(text)));
+    } catch (const YAML::Exception& error) {
+        loops.refuse(error.mark, "YAML", "The loop file cannot be read: " + error.msg + ".");
+    }
+}

@@ -1,0 +1,328 @@
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "data/constraint/3d/VrexMate3D.h"
+#include "exchange/ImportedRobot.h"
+
+namespace {
+
+using enum VrexUrdfSeverity;
+
+/// What a finding says, without the file.
+struct Told {
+    VrexUrdfSeverity severity;
+    int line;
+    std::string name;
+    std::string message;
+
+    bool operator==(const Told&) const = default;
+    friend std::ostream& operator<<(std::ostream& stream, const Told& told) {
+        const char* const severities[] = {"note", "warning", "error"};
+        return stream << severities[static_cast<int>(told.severity)] << " " << told.line << " " << told.name
+                      << ": " << told.message;
+    }
+};
+
+VrexUrdfImport import(std::string_view text, bool isStrict, std::string_view loops = {}) {
+    return VrexUrdfReader({isStrict, {}}).readText(text, loops);
+}
+
+std::vector<Told> toldOf(const VrexUrdfImport& result) {
+    std::vector<Told> told;
+    for (const auto& finding : result.findings) {
+        told.push_back({finding.severity, finding.line, finding.name, finding.message});
+    }
+    return told;
+}
+
+/// A robot with these lines; the first one is line 2.
+std::string robotOf(const std::string& lines) { return "<robot name='r'>\n" + lines + "</robot>\n"; }
+
+const std::string TWO_LINKS = "<link name='a'/><link name='b'/>\n"; // line 2
+const std::string ENDS = "<parent link='a'/><child link='b'/>";
+
+/// The joint is on line 3.
+std::string jointOf(const std::string& type, const std::string& inside) {
+    return robotOf(TWO_LINKS + "<joint name='j' type='" + type + "'>" + ENDS + inside + "</joint>\n");
+}
+
+struct Doubt {
+    const char* title;
+    std::string text;
+    Told error;         ///< Where reading is strict.
+    const char* remedy; ///< Follows the message where it is not.
+};
+
+TEST(VrexUrdfFindings, DoubtfulContentIsAnErrorOrWorkedAround) {
+    const Doubt doubts[] = {
+        {"no limits",
+         jointOf("revolute", ""),
+         {Error, 3, "j", "joint \"j\" has no limits."},
+         "It is taken without."},
+        {"undeclared root",
+         robotOf("<link name='b'/>\n<joint name='j' type='fixed'>" + ENDS + "</joint>\n"),
+         {Error, 3, "a", "joint \"j\": the link \"a\" is not declared."},
+         "It is taken as a link without shapes."},
+        {"unknown tag",
+         jointOf("continuous", "\n<spring/>"),
+         {Error, 4, "spring", "joint \"j\": <spring> is not known."},
+         "It is left out."},
+        {"unknown tag of the robot",
+         robotOf("<link name='a'/>\n<wheel/>\n"),
+         {Error, 3, "wheel", "robot \"r\": <wheel> is not known."},
+         "It is left out."},
+        {"joint without counterpart",
+         jointOf("curvilinear", "<curves/>"),
+         {Error, 3, "j", "joint \"j\": the type \"curvilinear\" has no counterpart."},
+         "Its child moves freely."},
+        {"loop without counterpart",
+         robotOf(TWO_LINKS + "<joint name='j' type='floating'>" + ENDS + "</joint>\n" +
+                 "<loop name='l' type='belt'><predecessor link='a'/><successor link='b'/></loop>\n"),
+         {Error, 4, "l", "loop \"l\": the type \"belt\" has no counterpart."},
+         "The loop stays open."},
+        {"two roots",
+         robotOf("<link name='a'/>\n<link name='b'/>\n"),
+         {Error, 3, "b", "link \"b\" hangs on no joint, and so does link \"a\"."},
+         "Both are fixed where they are."},
+        {"mimics what has no value",
+         robotOf("<link name='a'/><link name='b'/><link name='c'/>\n"
+                 "<joint name='j' type='planar'>" +
+                 ENDS +
+                 "</joint>\n"
+                 "<joint name='k' type='continuous'><parent link='a'/><child link='c'/>\n"
+                 "<mimic joint='j'/></joint>\n"),
+         {Error, 5, "k", "joint \"k\" follows joint \"j\": joint \"j\" has no single value."},
+         "Both move on their own."},
+    };
+    for (const Doubt& doubt : doubts) {
+        SCOPED_TRACE(doubt.title);
+        const auto strict = import(doubt.text, true);
+        EXPECT_FALSE(strict.system.has_value());
+        EXPECT_THAT(toldOf(strict), testing::ElementsAre(doubt.error));
+        const auto lenient = import(doubt.text, false);
+        EXPECT_TRUE(lenient.system.has_value());
+        Told warning = doubt.error;
+        warning.severity = Warning;
+        warning.message.append(" ").append(doubt.remedy);
+        EXPECT_THAT(toldOf(lenient), testing::ElementsAre(warning));
+    }
+}
+
+struct Refusal {
+    std::string text;
+    Told error;
+};
+
+TEST(VrexUrdfFindings, WhatCannotBeReadIsRefusedInBothModes) {
+    const std::string three = "<link name='a'/><link name='b'/><link name='c'/>\n";
+    const auto hinge = [](const std::string& name, const std::string& parent, const std::string& child) {
+        return "<joint name='" + name + "' type='continuous'><parent link='" + parent + "'/><child link='" +
+               child + "'/></joint>\n";
+    };
+    const auto mimic = [&](const std::string& name, const std::string& child, const std::string& leader) {
+        return "<joint name='" + name + "' type='continuous'><parent link='a'/><child link='" + child +
+               "'/><mimic joint='" + leader + "'/></joint>\n";
+    };
+    const Refusal refusals[] = {
+        {"<robot name='r'>\n<link name='a'>\n</robot>",
+         {Error, 2, "XML", "The text is no XML: XML_ERROR_MISMATCHED_ELEMENT."}},
+        {"\n<model/>", {Error, 2, "robot", "The outermost element is not <robot>."}},
+        {"", {Error, 0, "XML", "The text is no XML: XML_ERROR_EMPTY_DOCUMENT."}},
+        {robotOf(""), {Error, 0, "robot", "There is no link."}},
+        {robotOf("<link/>\n"), {Error, 2, "link", "robot \"r\": <link> needs the attribute \"name\"."}},
+        {robotOf("<link name='a'/>\n<link name='a'/>\n"), {Error, 3, "a", "There is another link \"a\"."}},
+        {robotOf(three + hinge("j", "a", "b") + hinge("j", "a", "c")),
+         {Error, 4, "j", "There is another joint \"j\"."}},
+        {robotOf(three + hinge("j", "a", "b") + hinge("k", "a", "c") + hinge("l", "b", "c")),
+         {Error, 5, "l", "joint \"l\": its child \"c\" hangs on joint \"k\"."}},
+        {robotOf(three + hinge("j", "b", "c") + hinge("k", "c", "b")),
+         {Error, 2, "b", "link \"b\" hangs on a ring of joints."}},
+        {jointOf("continuous", "\n<origin xyz='1 2'/>"),
+         {Error, 4, "origin",
+          "joint \"j\": the attribute \"xyz\" of <origin> needs three numbers: \"1 2\"."}},
+        {jointOf("continuous", "\n<origin rpy='0 0 nan'/>"),
+         {Error, 4, "origin",
+          "joint \"j\": the attribute \"rpy\" of <origin> needs three numbers: \"0 0 nan\"."}},
+        {jointOf("continuous", "\n<axis xyz='0 0 0'/>"),
+         {Error, 4, "j", "joint \"j\": the axis has no length."}},
+        {jointOf("continuous", "\n<axis/>\n<axis/>"),
+         {Error, 5, "axis", "joint \"j\": <axis> stands here twice."}},
+        {jointOf("revolute", "\n<limit lower='1' upper='-1'/>"),
+         {Error, 4, "j", "joint \"j\": the lower limit is above the upper one."}},
+        {jointOf("prismatic", "\n<limit lower='low' upper='1'/>"),
+         {Error, 4, "limit", "joint \"j\": the attribute \"lower\" of <limit> is no number: \"low\"."}},
+        {jointOf("screw", ""), {Error, 3, "j", "joint \"j\": <screw_thread_pitch> is missing."}},
+        {robotOf(TWO_LINKS + "<joint name='j' type='fixed'>\n<parent link='a'/></joint>\n"),
+         {Error, 3, "j", "joint \"j\": <child> is missing."}},
+        {robotOf("<link name='a'>\n<visual><geometry>\n<sphere radius='0'/></geometry></visual></link>\n"),
+         {Error, 4, "sphere", "link \"a\": the attribute \"radius\" of <sphere> must be above 0."}},
+        {robotOf("<link name='a'>\n<visual><geometry>\n<box size='1 -1 1'/></geometry></visual></link>\n"),
+         {Error, 4, "box", "link \"a\": the sizes of <box> must be above 0."}},
+        {jointOf("continuous", "\n<mimic joint='nobody'/>"),
+         {Error, 4, "j", "joint \"j\" follows a joint \"nobody\", which is not declared."}},
+        {robotOf(three + mimic("j", "b", "k") + mimic("k", "c", "j")),
+         {Error, 3, "j", "joint \"j\" follows itself."}},
+        {robotOf(TWO_LINKS + hinge("j", "a", "b") +
+                 "<loop name='l' type='6d'><predecessor link='b'/><successor link='c'/></loop>\n"),
+         {Error, 4, "l", "loop \"l\": there is no link \"c\"."}},
+        {robotOf(TWO_LINKS + hinge("j", "a", "b") +
+                 "<loop name='l' type='6d'><predecessor link='b'/><successor link='b'/></loop>\n"),
+         {Error, 4, "l", "loop \"l\" joins a link with itself."}},
+        {robotOf(TWO_LINKS + hinge("j", "a", "b") +
+                 "<coupling name='c'><predecessor link='a'/><successor link='b'/><ratio "
+                 "value='2'/></coupling>\n"),
+         {Error, 4, "c", "coupling \"c\": no joint moves a link \"a\"."}},
+    };
+    for (const Refusal& refusal : refusals) {
+        for (const bool isStrict : {true, false}) {
+            SCOPED_TRACE(refusal.text);
+            const auto result = import(refusal.text, isStrict);
+            EXPECT_FALSE(result.system.has_value());
+            EXPECT_THAT(toldOf(result), testing::Contains(refusal.error));
+        }
+    }
+}
+
+TEST(VrexUrdfFindings, WhatHasNoCounterpartIsNoted) {
+    const auto result = import(robotOf("<link name='a'>\n"
+                                       "<inertial/>\n"
+                                       "<visual><geometry>\n<mesh filename='a.stl'/></geometry>\n"
+                                       "<material name='red'/></visual></link>\n"
+                                       "<transmission name='t'/>\n"),
+                               true);
+    EXPECT_TRUE(result.system.has_value());
+    EXPECT_THAT(toldOf(result),
+                testing::ElementsAre(Told{Note, 3, "inertial", "link \"a\": <inertial> has no counterpart."},
+                                     Told{Note, 5, "mesh", "link \"a\": <mesh> has no counterpart."},
+                                     Told{Note, 6, "red", "link \"a\": <material> has no counterpart."},
+                                     Told{Note, 7, "t", "robot \"r\": <transmission> has no counterpart."}));
+}
+
+TEST(VrexUrdfFindings, AttributesThatAreNotReadAreTold) {
+    const auto result =
+        import(jointOf("revolute", "\n<limit lower='0' upper='1' effort='3' jerk='4'/>"), true);
+    EXPECT_TRUE(result.system.has_value());
+    EXPECT_THAT(
+        toldOf(result),
+        testing::ElementsAre(
+            Told{Note, 4, "effort", "joint \"j\": the attribute \"effort\" of <limit> has no counterpart."},
+            Told{Warning, 4, "jerk",
+                 "joint \"j\": the attribute \"jerk\" of <limit> is not known and left out."}));
+}
+
+TEST(VrexUrdfFindings, ALimitThatIsLeftOutIsZeroToTheLetterAndOpenElse) {
+    const std::string text = jointOf("prismatic", "\n<limit upper='1'/>");
+    const auto strict = import(text, true);
+    EXPECT_THAT(toldOf(strict),
+                testing::ElementsAre(
+                    Told{Warning, 4, "j", "joint \"j\": the lower limit is missing. It is taken as 0."}));
+    const auto lenient = import(text, false);
+    EXPECT_THAT(toldOf(lenient),
+                testing::ElementsAre(
+                    Told{Warning, 4, "j", "joint \"j\": the lower limit is missing. It is taken as open."}));
+    const auto limitsOf = [](const VrexUrdfImport& result) {
+        return ImportedRobot(*result.system).constraint<VrexMate3D>("j")->getDimension(0).limits;
+    };
+    EXPECT_EQ(limitsOf(strict), VrexDimensionLimits(0.0, 1.0));
+    EXPECT_EQ(limitsOf(lenient), VrexDimensionLimits(std::nullopt, 1.0));
+}
+
+TEST(VrexUrdfFindings, LimitsWhereTheFormatHasNoneAreTold) {
+    EXPECT_THAT(toldOf(import(jointOf("continuous", "\n<limit lower='0' upper='1'/>"), true)),
+                testing::ElementsAre(Told{Warning, 4, "j",
+                                          "joint \"j\": a joint of this type has no limits. They are left "
+                                          "out."}));
+}
+
+TEST(VrexUrdfFindings, ASecondFollowingOfOneJointIsDoubtful) {
+    std::string text = jointOf("continuous", "<mimic joint='k'/>");
+    text.insert(
+        text.find("</robot>"),
+        "<link name='c'/><joint name='k' type='continuous'><parent link='a'/><child link='c'/></joint>\n"
+        "<coupling name='gear'><predecessor link='c'/><successor link='b'/><ratio value='2'/></coupling>");
+    EXPECT_THAT(toldOf(import(text, false)),
+                testing::ElementsAre(Told{
+                    Warning, 5, "gear",
+                    "coupling \"gear\": joint \"j\" follows another one by now. The coupling is left out."}));
+    EXPECT_FALSE(import(text, true).system.has_value());
+}
+
+TEST(VrexUrdfFindings, ACouplingOfLinksOnDifferentLinksIsDoubtful) {
+    const std::string text = robotOf(
+        "<link name='a'/><link name='b'/><link name='c'/>\n"
+        "<joint name='j' type='continuous'><parent link='a'/><child link='b'/></joint>\n"
+        "<joint name='k' type='continuous'><parent link='b'/><child link='c'/></joint>\n"
+        "<coupling name='gear'><predecessor link='b'/><successor link='c'/><ratio value='2'/></coupling>\n");
+    EXPECT_THAT(
+        toldOf(import(text, false)),
+        testing::ElementsAre(Told{Warning, 5, "gear",
+                                  "coupling \"gear\": its links hang on different links. Their joints "
+                                  "are coupled."}));
+    EXPECT_FALSE(import(text, true).system.has_value());
+}
+
+TEST(VrexUrdfFindings, ALoopFileIsHeldToItsForm) {
+    const std::string text = jointOf("continuous", "");
+    const struct {
+        const char* loops;
+        Told told;
+    } cases[] = {
+        {"[1, 2]", {Error, 1, "closed_loop", "The loop file is no list of keys and values."}},
+        {"type: []", {Error, 1, "closed_loop", "The loop file has no list closed_loop."}},
+        {"type: ['6d']\nclosed_loop: []",
+         {Error, 2, "type", "The loop file needs a type for each pair of closed_loop."}},
+        {"closed_loop:\n - [a]\ntype: ['6d']",
+         {Error, 2, "closed_loop", "A loop of closed_loop is no pair of frames."}},
+        {"closed_loop:\n - [a, x]\ntype: ['6d']", {Error, 2, "a x", "loop \"a x\": there is no link \"x\"."}},
+        {"closed_loop: [\n",
+         {Error, 2, "YAML", "The loop file cannot be read: end of sequence flow not found."}},
+        {"closed_loop: []\ntype: []\nname_mot: []", {Note, 3, "name_mot", "name_mot has no counterpart."}},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.loops);
+        const auto result = import(text, true, row.loops);
+        EXPECT_EQ(result.system.has_value(), row.told.severity == Note);
+        EXPECT_THAT(toldOf(result), testing::ElementsAre(row.told));
+    }
+}
+
+/// A folder for files, removed in the end.
+struct Scratch {
+    std::filesystem::path path = std::filesystem::path(testing::TempDir()) / "vrex_urdf";
+    Scratch() { std::filesystem::create_directories(path); }
+    ~Scratch() { std::filesystem::remove_all(path); }
+    std::filesystem::path write(const std::string& name, const std::string& text) const {
+        std::ofstream(path / name) << text;
+        return path / name;
+    }
+};
+
+TEST(VrexUrdfFindings, TheLoopFileBesideTheRobotIsReadAndNamed) {
+    const Scratch scratch;
+    const auto robot = scratch.write("r.urdf", jointOf("continuous", ""));
+    const auto loops = scratch.write("r.yaml", "closed_loop: [[a, x]]\ntype: ['6d']\n");
+    const auto result = VrexUrdfReader().read(robot);
+    ASSERT_EQ(result.findings.size(), 1U);
+    EXPECT_EQ(result.findings[0].file, loops.string());
+    EXPECT_EQ(result.findings[0].line, 1);
+    const auto other = scratch.write("other.yaml", "closed_loop: []\ntype: []\n");
+    EXPECT_TRUE(VrexUrdfReader({true, other}).read(robot).system.has_value());
+}
+
+TEST(VrexUrdfFindings, AFileThatCannotBeReadThrows) {
+    const Scratch scratch;
+    const auto robot = scratch.write("r.urdf", jointOf("continuous", ""));
+    EXPECT_THROW(VrexUrdfReader().read(scratch.path / "none.urdf"), std::filesystem::filesystem_error);
+    EXPECT_THROW(VrexUrdfReader().read(scratch.path), std::filesystem::filesystem_error);
+    EXPECT_THROW(VrexUrdfReader({true, scratch.path / "none.yaml"}).read(robot),
+                 std::filesystem::filesystem_error);
+}
+
+} // namespace

@@ -1,6 +1,6 @@
 # The installed package: the libraries, the public headers under include/vrex.data3d/ with the spelling that they
-# have under src/, the umbrella header beside them, the schema of documents under share/vrex.data3d/, the CMake package Vrex
-# and a .pc file a library.
+# have under src/, the umbrella header beside them, the schemas of documents and reports under share/vrex.data3d/, the CMake package Vrex, a
+# .pc file a library, and the tool with its manual page and its completion for bash.
 include(CMakePackageConfigHelpers)
 
 set(VREX_INCLUDE_DIR ${CMAKE_INSTALL_INCLUDEDIR}/vrex.data3d)
@@ -12,7 +12,12 @@ foreach(header IN LISTS VREX_PUBLIC_HEADERS)
   install(FILES ${PROJECT_SOURCE_DIR}/src/${header} DESTINATION ${VREX_INCLUDE_DIR}/${folder})
 endforeach()
 install(FILES ${VREX_UMBRELLA} DESTINATION ${VREX_INCLUDE_DIR})
-install(FILES ${PROJECT_SOURCE_DIR}/share/document.schema.json DESTINATION ${CMAKE_INSTALL_DATADIR}/vrex.data3d)
+install(FILES ${PROJECT_SOURCE_DIR}/share/document.schema.json ${PROJECT_SOURCE_DIR}/share/report.schema.json
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/vrex.data3d)
+install(TARGETS vrex RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/tools/vrex/share/vrex.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${PROJECT_SOURCE_DIR}/tools/vrex/share/vrex.bash
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME vrex)
 
 install(EXPORT VrexTargets NAMESPACE Vrex:: DESTINATION ${VREX_PACKAGE_DIR})
 configure_package_config_file(

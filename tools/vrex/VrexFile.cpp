@@ -1,12 +1,16 @@
 #include "tools/vrex/VrexFile.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <string>
 #include <system_error>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "tools/vrex/VrexInterruption.h"
 
 namespace {
 
@@ -25,6 +29,66 @@ auto uninterrupted(Call call) {
     }
     return result;
 }
+
+/// So much at a time, so that the user can end a long writing.
+constexpr std::size_t MOST_AT_ONCE = 1 << 18;
+
+void writeAll(int descriptor, const fs::path& file, std::string_view text, VrexInterruption& interruption) {
+    while (!text.empty()) {
+        if (interruption.takeNote()) {
+            errno = EINTR;
+            fail("The writing was ended.", file);
+        }
+        const ssize_t written = ::write(descriptor, text.data(), std::min(text.size(), MOST_AT_ONCE));
+        if (written == -1 && errno != EINTR) {
+            fail("The file cannot be written.", file);
+        }
+        text.remove_prefix(written == -1 ? 0 : static_cast<std::size_t>(written));
+    }
+}
+
+std::string readAll(int descriptor, const fs::path& file) {
+    constexpr std::size_t LEAST_ROOM = 1 << 16;
+    struct stat status = {};
+    const bool isSizeKnown = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    std::string text;
+    // One byte more than there is, so that the end shows without another piece.
+    text.resize(isSizeKnown ? static_cast<std::size_t>(status.st_size) + 1 : LEAST_ROOM);
+    std::size_t size = 0;
+    for (;;) {
+        const ssize_t count =
+            uninterrupted([&] { return read(descriptor, text.data() + size, text.size() - size); });
+        if (count == -1) {
+            fail("The file cannot be read.", file);
+        }
+        if (count == 0) {
+            text.resize(size);
+            return text;
+        }
+        size += static_cast<std::size_t>(count);
+        if (size == text.size()) {
+            text.resize(2 * size);
+        }
+    }
+}
+
+/// Closes what is open.
+class Descriptor {
+public:
+    Descriptor(const fs::path& file, int flags)
+        : m_number(uninterrupted([&] { return open(file.c_str(), flags | O_CLOEXEC); })) {
+        if (m_number == -1) {
+            fail("The file cannot be opened.", file);
+        }
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() { close(m_number); }
+    int number() const { return m_number; }
+
+private:
+    int m_number;
+};
 
 /// A new file beside another one, which is gone when this dies, unless it took the other one's place.
 class PartFile {
@@ -51,15 +115,8 @@ public:
     PartFile& operator=(const PartFile&) = delete;
     ~PartFile() { drop(); }
 
-    void write(std::string_view text) {
-        while (!text.empty()) {
-            const ssize_t written =
-                uninterrupted([&] { return ::write(m_descriptor, text.data(), text.size()); });
-            if (written == -1) {
-                fail("The file cannot be written.", m_path);
-            }
-            text.remove_prefix(static_cast<std::size_t>(written));
-        }
+    void write(std::string_view text, VrexInterruption& interruption) {
+        writeAll(m_descriptor, m_path, text, interruption);
     }
 
     /// First what is in it, then its name has to reach the disk.
@@ -108,8 +165,25 @@ private:
 
 } // namespace
 
-void nsVrexFile::save(const std::filesystem::path& file, std::string_view text) {
-    PartFile part(fs::exists(file) ? fs::canonical(file) : file);
-    part.write(text);
+void nsVrexFile::save(const fs::path& file, std::string_view text) {
+    VrexInterruption interruption;
+    const fs::file_status status = fs::status(file);
+    if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status)) {
+        writeAll(Descriptor(file, O_WRONLY).number(), file, text, interruption);
+        return;
+    }
+    PartFile part(fs::exists(status) ? fs::canonical(file) : file);
+    part.write(text, interruption);
     part.takePlace();
+}
+
+std::string nsVrexFile::load(const fs::path& file) {
+    return readAll(Descriptor(file, O_RDONLY).number(), file);
+}
+
+std::string nsVrexFile::loadStandardInput() { return readAll(STDIN_FILENO, "standard input"); }
+
+void nsVrexFile::writeStandardOutput(std::string_view text) {
+    VrexInterruption interruption;
+    writeAll(STDOUT_FILENO, "standard output", text, interruption);
 }

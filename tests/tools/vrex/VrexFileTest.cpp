@@ -90,6 +90,45 @@ TEST_F(VrexFile, AWriteThatFailsHalfWayLeavesTheFormerFileAlone) {
     EXPECT_EQ(countFiles(), 1);
 }
 
+TEST_F(VrexFile, LoadsWhatWasSaved) {
+    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{65536}, std::size_t{300'000}}) {
+        const std::string text(size, 'z');
+        nsVrexFile::save(m_file, text);
+        EXPECT_EQ(nsVrexFile::load(m_file), text);
+    }
+    EXPECT_THROW(nsVrexFile::load(m_folder / "none"), fs::filesystem_error);
+    EXPECT_THROW(nsVrexFile::load(m_folder), fs::filesystem_error);
+}
+
+TEST_F(VrexFile, WhatIsNoFileOnADiskIsWrittenInto) {
+    EXPECT_THROW(nsVrexFile::save("/dev/full", "text"), fs::filesystem_error);
+    nsVrexFile::save("/dev/null", "text");
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(VrexFile, ASignalThatComesAfterAllTakesEffect) {
+    nsVrexFile::save(m_file, "former");
+    const pid_t child = fork();
+    ASSERT_NE(child, -1);
+    if (child == 0) {
+        std::raise(SIGSTOP);
+        for (;;) {
+            nsVrexFile::save(m_file, "latter");
+        }
+    }
+    waitpid(child, nullptr, WUNTRACED);
+    kill(child, SIGCONT);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    kill(child, SIGTERM);
+    int status = 0;
+    waitpid(child, &status, 0);
+    // By the signal itself, or by the exception, which nobody catches, where it came before the writing.
+    EXPECT_TRUE(WIFSIGNALED(status)) << status;
+    EXPECT_EQ(textOf(m_file), "latter");
+    EXPECT_EQ(countFiles(), 1);
+}
+
 TEST_F(VrexFile, AProcessThatIsKilledLeavesAWholeFile) {
     const std::string texts[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
     nsVrexFile::save(m_file, texts[0]);

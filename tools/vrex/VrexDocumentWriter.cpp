@@ -1,0 +1,55 @@
+#include "tools/vrex/VrexDocumentWriter.h"
+
+#include <exception>
+#include <filesystem>
+#include <system_error>
+
+#include <fmt/format.h>
+
+#include "data/serialization/3d/VrexSystem3DSerializer.h"
+#include "tools/vrex/VrexConsole.h"
+#include "tools/vrex/VrexDocument.h"
+#include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexProgress.h"
+#include "tools/vrex/VrexToolFailure.h"
+
+std::string nsVrexDocument::textOf(const VrexDocument& document, std::uint64_t indentWidth) {
+    VrexSerializationParameters parameters;
+    parameters.indentWidth = indentWidth;
+    VrexSystem3DSerializer serializer(parameters);
+    try {
+        serializer.serialize(document.system);
+    } catch (const std::exception& error) {
+        throw VrexToolFailure(VrexExitCode::INVALID, fmt::format("{} cannot be written as a document: {}",
+                                                                 document.title, error.what()));
+    }
+    for (const auto& [key, value] : document.furtherKeys) {
+        serializer.addExtendedInformation(key, value); // Refuses what the system tells.
+    }
+    return std::string(serializer.jsonStream());
+}
+
+void nsVrexDocument::expectOther(const std::string& input, const std::string& output) {
+    std::error_code none;
+    if (input != "-" && output != "-" && std::filesystem::is_regular_file(output, none) &&
+        std::filesystem::equivalent(input, output, none)) {
+        throw VrexToolFailure(
+            VrexExitCode::USAGE,
+            fmt::format("{} is the input, which is never touched: name another file with --out.", output));
+    }
+}
+
+void nsVrexDocument::write(const std::string& name, std::string_view bytes, const VrexConsole& console) {
+    if (name == "-") {
+        console.print(bytes);
+        return;
+    }
+    try {
+        const VrexProgress progress("writing " + name, console.showsProgress());
+        nsVrexFile::save(name, bytes);
+    } catch (const std::filesystem::filesystem_error& error) {
+        throw VrexToolFailure(VrexExitCode::IO_FAILURE,
+                              fmt::format("{} cannot be written: {}.", name, error.code().message()));
+    }
+    console.note(fmt::format("{} written, {} bytes.", name, bytes.size()));
+}

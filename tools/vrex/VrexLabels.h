@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "tools/vrex/VrexToolFailure.h"
+
+/// Objects by what users call them.
+namespace nsVrexLabels {
+
+/// A part before the last equal sign, and the numbers behind it.
+struct Assignment {
+    std::string label;
+    std::vector<double> values;
+};
+
+/// Splits `label=number` or `label=number,number,number`. Throws `VrexToolFailure` for anything else;
+/// `option` is where it stands.
+Assignment parse(const std::string& option, const std::string& text, std::size_t count);
+
+/// The one object of the list with this label. Throws `VrexToolFailure` where there is none, or several.
+template <class Object>
+const std::shared_ptr<Object>& find(const std::string& option, const std::string& what,
+                                    const std::vector<std::shared_ptr<Object>>& objects,
+                                    const std::string& label) {
+    const std::shared_ptr<Object>* found = nullptr;
+    for (const auto& object : objects) {
+        if (object->label() != label) {
+            continue;
+        }
+        if (found != nullptr) {
+            throw VrexToolFailure(VrexExitCode::USAGE,
+                                  fmt::format("{}: More than one {} is called \"{}\".", option, what, label));
+        }
+        found = &object;
+    }
+    if (found == nullptr) {
+        throw VrexToolFailure(VrexExitCode::USAGE,
+                              fmt::format("{}: No {} is called \"{}\".", option, what, label));
+    }
+    return *found;
+}
+
+} // namespace nsVrexLabels

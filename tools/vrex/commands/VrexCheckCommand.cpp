@@ -1,0 +1,91 @@
+#include "tools/vrex/commands/VrexCheckCommand.h"
+
+#include <cstddef>
+#include <optional>
+
+#include <fmt/format.h>
+
+#include "data/constraint/3d/VrexConstraint3D.h"
+#include "tools/vrex/VrexConsole.h"
+#include "tools/vrex/VrexConstraintCheck.h"
+#include "tools/vrex/VrexDocumentReader.h"
+#include "tools/vrex/VrexObjectNames.h"
+#include "tools/vrex/VrexProgress.h"
+#include "tools/vrex/VrexReport.h"
+#include "tools/vrex/VrexToolFailure.h"
+
+namespace {
+
+struct Refused {
+    std::size_t index;
+    VrexConstraintCheck::Refusal refusal;
+};
+
+std::vector<Refused> findRefused(const VrexImmutableSystem3D& system, const VrexConsole& console) {
+    const auto& constraints = system.constraints();
+    VrexProgress progress("checking constraints", console.showsProgress());
+    VrexConstraintCheck check;
+    std::vector<Refused> found;
+    for (std::size_t i = 0; i < constraints.size(); ++i) {
+        progress.reached(i, constraints.size());
+        if (auto refusal = check(*constraints[i])) {
+            found.push_back({i, std::move(*refusal)});
+        }
+    }
+    return found;
+}
+
+std::string nameOf(VrexErrorCode code) {
+    const char* const name = findErrorCodeName(code);
+    return name != nullptr ? name : "";
+}
+
+void addRefused(VrexReport& report, const VrexImmutableSystem3D& system,
+                const std::vector<Refused>& refused) {
+    auto& table = report.addTable("refused",
+                                  {"index", "pointer", "id", "label", "type", "code", "codeName", "message"});
+    for (const auto& [index, refusal] : refused) {
+        const VrexConstraint3D& constraint = *system.constraints()[index];
+        table.add({index, fmt::format("/constraints/{}", index), constraint.getID(), constraint.label(),
+                   nsVrexObjectNames::kindOf(constraint),
+                   fmt::format("0x{:08X}", static_cast<unsigned>(refusal.code)), nameOf(refusal.code),
+                   refusal.message});
+    }
+}
+
+/// What does not read is a result, too, for those who read reports.
+void printUnreadable(const VrexDocumentFailure& failure, const VrexConsole& console) {
+    VrexReport report("check");
+    report.conclude(failure.what(), false);
+    report.add("valid", false);
+    report.add("pointer", failure.pointer() ? LumoJson(*failure.pointer()) : LumoJson());
+    console.print(report);
+}
+
+} // namespace
+
+VrexExitCode VrexCheckCommand::run(const VrexConsole& console) const {
+    VrexDocument document;
+    try {
+        document = nsVrexDocument::read(input, console);
+    } catch (const VrexDocumentFailure& failure) {
+        if (console.options().isJson) {
+            printUnreadable(failure, console);
+        }
+        throw;
+    }
+    const VrexImmutableSystem3D& system = document.system;
+    const std::vector<Refused> refused = findRefused(system, console);
+    VrexReport report("check");
+    report.conclude(refused.empty() ? fmt::format("{} is valid.", document.title)
+                                    : fmt::format("{}: {} of {} constraints are refused.", document.title,
+                                                  refused.size(), system.constraints().size()),
+                    refused.empty());
+    report.add("valid", refused.empty());
+    report.add("objects", system.geometries().size() + system.variables().size());
+    report.add("constraints", system.constraints().size());
+    report.add("equations", system.equations().size());
+    addRefused(report, system, refused);
+    console.print(report);
+    return refused.empty() ? VrexExitCode::FINE : VrexExitCode::INVALID;
+}

@@ -1,0 +1,104 @@
+#include "tools/vrex/commands/VrexImportCommand.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+
+#include <fmt/format.h>
+
+#include "exchange/VrexUrdfReader.h"
+#include "tools/vrex/VrexConsole.h"
+#include "tools/vrex/VrexDocumentReader.h"
+#include "tools/vrex/VrexDocumentWriter.h"
+#include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexProgress.h"
+#include "tools/vrex/VrexReport.h"
+#include "tools/vrex/VrexToolFailure.h"
+
+namespace {
+
+const char* textOf(VrexUrdfSeverity severity) {
+    switch (severity) {
+    case VrexUrdfSeverity::Note:
+        return "note";
+    case VrexUrdfSeverity::Warning:
+        return "warning";
+    default:
+        return "error";
+    }
+}
+
+/// File and line, as far as they are known.
+std::string placeOf(const VrexUrdfFinding& finding, const std::string& title) {
+    const std::string& file = finding.file.empty() ? title : finding.file;
+    return finding.line > 0 ? fmt::format("{}:{}", file, finding.line) : file;
+}
+
+VrexUrdfImport read(const VrexImportCommand& command, const std::string& title, const VrexConsole& console) {
+    VrexUrdfOptions options;
+    options.isStrict = !command.isLenient;
+    options.loopFile = command.loopFile;
+    const VrexUrdfReader reader(options);
+    if (command.input == "-") {
+        const std::string robot = nsVrexDocument::loadText(command.input, console);
+        const std::string loops =
+            command.loopFile.empty() ? "" : nsVrexDocument::loadText(command.loopFile, console);
+        return reader.readText(robot, loops);
+    }
+    const VrexProgress progress("importing " + title, console.showsProgress());
+    try {
+        return reader.read(command.input);
+    } catch (const std::filesystem::filesystem_error& error) {
+        throw VrexToolFailure(
+            VrexExitCode::IO_FAILURE,
+            fmt::format("{} cannot be read: {}.", error.path1().string(), error.code().message()));
+    }
+}
+
+VrexReport reportOf(const VrexUrdfImport& import, const std::string& title) {
+    VrexReport report("import");
+    const bool isImported = import.system.has_value();
+    report.conclude(fmt::format("{} is {}imported, with {} findings.", title, isImported ? "" : "not ",
+                                import.findings.size()),
+                    isImported);
+    report.add("imported", isImported);
+    report.add("robot", import.robotName);
+    report.add("geometries", isImported ? import.system->geometries().size() : 0);
+    report.add("constraints", isImported ? import.system->constraints().size() : 0);
+    auto& table = report.addTable("findings", {"severity", "file", "line", "name", "message"});
+    for (const VrexUrdfFinding& finding : import.findings) {
+        table.add({textOf(finding.severity), finding.file.empty() ? title : finding.file,
+                   finding.line > 0 ? LumoJson(finding.line) : LumoJson(), finding.name, finding.message});
+    }
+    return report;
+}
+
+[[noreturn]] void fail(const VrexUrdfImport& import, const std::string& title) {
+    const auto error =
+        std::ranges::find(import.findings, VrexUrdfSeverity::Error, &VrexUrdfFinding::severity);
+    throw VrexToolFailure(VrexExitCode::INVALID,
+                          error != import.findings.end()
+                              ? fmt::format("{}: {}", placeOf(*error, title), error->message)
+                              : fmt::format("{} holds nothing that can be imported.", title));
+}
+
+} // namespace
+
+VrexExitCode VrexImportCommand::run(const VrexConsole& console) const {
+    if (output == "-" && console.options().isJson) {
+        throw VrexToolFailure(VrexExitCode::USAGE,
+                              "--json and --out - cannot both have standard output: name a file with --out.");
+    }
+    nsVrexDocument::expectOther(input, output);
+    const std::string title = nsVrexDocument::titleOf(input);
+    const VrexUrdfImport import = read(*this, title, console);
+    const VrexReport report = reportOf(import, title);
+    if (import.system.has_value()) {
+        nsVrexDocument::write(output, nsVrexDocument::textOf({title, *import.system, {}}), console);
+    }
+    output == "-" ? console.tell(report) : console.print(report);
+    if (!import.system.has_value()) {
+        fail(import, title);
+    }
+    return VrexExitCode::FINE;
+}

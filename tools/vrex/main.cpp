@@ -1,0 +1,3 @@
+#include "tools/vrex/VrexCommandLine.h"
+
+int main(int count, char** arguments) { return nsVrexCommandLine::run(count, arguments); }

@@ -22,8 +22,8 @@
 #include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
-#include "data/geometry/VrexGeometryVariable.h"
 #include "solver/VrexContactFormulas.h"
+#include "solver/VrexSolverParameter.h"
 
 namespace {
 
@@ -101,23 +101,19 @@ private:
 
 using Value = std::function<VrexVariable()>;
 
-/// What reads the parameter that a descriptor names: a variable's unknown or a number that stays; empty for a
-/// parameter of an entity that moves.
+/// What reads the parameter that a descriptor names, or a number that stays; empty for one that cannot be
+/// followed.
 Value valueOf(const VrexSolverBuilder& builder, const VrexVariableDescriptor& descriptor) {
     const auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(descriptor.object());
     const VrexSolverShape* const known = builder.shape(geometry);
-    const bool isVariable = std::dynamic_pointer_cast<VrexGeometryVariable>(geometry) != nullptr;
-    if (known != nullptr && isVariable) {
-        return [known] { return known->size(0); };
-    }
     if (known == nullptr || known->isFixed()) {
         return [value = descriptor.getValue()] { return VrexVariable(value); };
     }
-    return {};
+    return nsSolverParameter::measureOf(builder, descriptor);
 }
 
 /// The parameters of an evaluated shape that stands at the origin: its slots, then its descriptors. Empty
-/// where a descriptor names a parameter of an entity that moves.
+/// where a descriptor names a parameter that cannot be followed.
 template <class Shape>
 std::function<std::vector<VrexVariable>()> localParameters(const VrexSolverBuilder& builder,
                                                            const Shape& shape) {

@@ -14,6 +14,7 @@ namespace nsPrefetch {
 constexpr std::size_t STEPS = 8;
 
 inline void line(const void* address) { __builtin_prefetch(address); }
+inline void lineToWrite(const void* address) { __builtin_prefetch(address, 1); }
 
 /// The counters of the shares, which stand before an object.
 inline void counters(const void* object) {

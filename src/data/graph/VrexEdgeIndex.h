@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "data/VrexExport.h"
-#include "data/graph/VrexPrefetch.h"
+#include "data/VrexPrefetch.h"
 
 /// The edges of a constraint graph as pairs of vertex indices, and for each vertex the edges at it, in the
 /// order of their addition; a loop stands twice at its vertex.

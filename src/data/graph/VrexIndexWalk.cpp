@@ -7,11 +7,11 @@
 
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
+#include "data/VrexPrefetch.h"
 #include "data/graph/VrexComponentGenerator.h"
 #include "data/graph/VrexConnectedComponent.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexFixedGeometryTaker.h"
-#include "data/graph/VrexPrefetch.h"
 
 bool VrexIndexWalk::isAble(VrexConstraintGraph& graph) {
     if (graph.m_objects.hasRepeatedIDs() || graph.numVertices() != graph.m_objects.size()) {

@@ -77,7 +77,7 @@ TEST(VrexMateLimits, AngleThatIsHeldMayLieAWholeTurnOff) {
 TEST(VrexMateLimits, ValueThatIsHeldOutsideThemNamesTheMate) {
     const Hinge hinge({0.0, 1.0}, 2.0, 0.3);
     hinge.mate->getDimension(0).setFixed(true);
-    const std::string name = std::string("c") + std::to_string(hinge.mate->getID());
+    const std::string name = std::string("c").append(std::to_string(hinge.mate->getID()));
     EXPECT_EQ(hinge.solve().refusal, name + " has a value outside its limits.");
     EXPECT_NEAR(hinge.angle(), 0.3, TOLERANCE);
     hinge.mate->getDimension(0).value = std::nan("");

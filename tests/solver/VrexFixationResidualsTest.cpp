@@ -86,11 +86,12 @@ TEST(VrexFixationResiduals, HoldWhatTheySayWhileTheRestMoves) {
     forEachPartial([](const Entity& entity, const auto& fixation, RandomShapes& random) {
         const Fixation type = fixation->getFixationType();
         const auto before = heldNumbers(entity, type);
+        EXPECT_EQ(solveOne({entity}, {fixation}).freedom,
+                  static_cast<std::size_t>(entity->dof()) - heldDegrees(*fixation));
         const auto point = nsRandomEntities::make(VrexGeometry3DType::POINT, random);
         const auto report =
             solveOne({entity, point}, {fixation, VrexDistance3D::create(entity, point, 3.0, WHOLE, WHOLE)});
         ASSERT_TRUE(report.isConverged) << reasonOf(report);
-        EXPECT_EQ(report.freedom, static_cast<std::size_t>(entity->dof() + 3 - 1) - heldDegrees(*fixation));
         if (type == Fixation::Location3D && !hasPlaceOfItsOwn(entity)) {
             return;
         }

@@ -11,6 +11,7 @@
 #include "data/geometry/3d/VrexRigidSet3D.h"
 #include "solver/Mechanism.h"
 #include "solver/VrexSolver3D.h"
+#include "solver/VrexSolverNames.h"
 
 namespace {
 
@@ -80,7 +81,7 @@ TEST(VrexMateLimits, AngleThatIsHeldMayLieAWholeTurnOff) {
 TEST(VrexMateLimits, ValueThatIsHeldOutsideThemNamesTheMate) {
     const Hinge hinge({0.0, 1.0}, 2.0, 0.3);
     hinge.mate->getDimension(0).setFixed(true);
-    const std::string name = std::string("c").append(std::to_string(hinge.mate->getID()));
+    const std::string name = nsSolverNames::nameOf(*hinge.mate);
     EXPECT_EQ(hinge.solve().refusal, name + " has a value outside its limits.");
     EXPECT_NEAR(hinge.angle(), 0.3, TOLERANCE);
     hinge.mate->getDimension(0).value = std::nan("");

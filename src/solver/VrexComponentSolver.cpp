@@ -47,14 +47,7 @@ public:
 
     VrexSolverComponentReport run() {
         try {
-            m_report.refusal = nsSolverFaults::find(m_geometries, m_constraints);
-            if (m_report.refusal.empty()) {
-                build();
-                solve();
-                if (!m_report.isCancelled) {
-                    analyse();
-                }
-            }
+            work();
         } catch (const std::exception& error) {
             refuse(error.what());
         } catch (...) { // callbacks may throw anything
@@ -69,6 +62,18 @@ public:
     }
 
 private:
+    void work() {
+        m_report.refusal = nsSolverFaults::find(m_geometries, m_constraints);
+        if (!m_report.refusal.empty()) {
+            return;
+        }
+        build();
+        solve();
+        if (!m_report.isCancelled) {
+            analyse();
+        }
+    }
+
     void refuse(const std::string& reason) {
         m_report.isConverged = false;
         m_report.refusal = reason;

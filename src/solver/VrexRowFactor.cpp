@@ -10,6 +10,11 @@ namespace {
 
 using Matrix = Eigen::SparseMatrix<double>;
 
+/// What is left of a square of 1 below this may be rounding, many times over.
+constexpr double LEAST_CERTAIN = 1e-6;
+/// Each takes away what rounding left in the one before.
+constexpr int PASSES = 3;
+
 } // namespace
 
 VrexRowFactor::VrexRowFactor(const Matrix& matrix, double tolerance) : m_matrix(matrix) {
@@ -108,19 +113,28 @@ void VrexRowFactor::factorize(const Matrix& product, double tolerance) {
         for (Matrix::InnerIterator entry(product, k); entry && entry.row() <= k; ++entry) {
             work[static_cast<std::size_t>(entry.row())] = entry.value();
         }
-        double pivot = std::exchange(work[static_cast<std::size_t>(k)], 0.0);
+        const double square = std::exchange(work[static_cast<std::size_t>(k)], 0.0);
+        double pivot = square;
         for (int top = reach(product, k, marks, stack); top < product.cols(); ++top) {
             const int i = stack[static_cast<std::size_t>(top)];
             pivot -= eliminate(static_cast<std::size_t>(i), k, work);
         }
-        if (pivot > tolerance * tolerance) {
-            m_pivots[static_cast<std::size_t>(k)] = pivot;
+        const int row = m_rowAt[static_cast<std::size_t>(k)];
+        pivot = square > 0.0 && pivot < LEAST_CERTAIN ? certain(row, tolerance) : pivot;
+        m_pivots[static_cast<std::size_t>(k)] = pivot;
+        if (pivot > 0.0) {
             ++m_rank;
         } else {
-            m_dependentRows.push_back(m_rowAt[static_cast<std::size_t>(k)]);
+            m_dependentRows.push_back(row);
         }
     }
     std::sort(m_dependentRows.begin(), m_dependentRows.end());
+}
+
+/// The pivot of a row that is next to the span of the independent ones so far; zero where it is in there.
+double VrexRowFactor::certain(Eigen::Index row, double tolerance) const {
+    const double distance = withoutRows(vectorOf(row)).norm();
+    return distance > tolerance ? distance * distance : 0.0;
 }
 
 /// L x = x.
@@ -152,19 +166,18 @@ VrexRowFactor::Vectors VrexRowFactor::inRowOrder(const Vectors& x) const {
 }
 
 Eigen::VectorXd VrexRowFactor::combination(Eigen::Index row) const {
-    const int k = m_placeOf[static_cast<std::size_t>(row)];
-    Vectors x = Vectors::Zero(static_cast<Eigen::Index>(m_pivots.size()), 1);
-    for (std::size_t i = 0; i < m_pivots.size(); ++i) {
-        const auto first = m_places.begin() + m_starts[i];
-        const auto last = m_places.begin() + m_ends[i];
-        const auto found = std::lower_bound(first, last, k); // rows came in rising order
-        if (found != last && *found == k) {
-            x(static_cast<Eigen::Index>(i), 0) =
-                m_entries[static_cast<std::size_t>(found - m_places.begin())];
-        }
+    Eigen::VectorXd multiples = Eigen::VectorXd::Zero(m_matrix.rows());
+    Eigen::VectorXd rest = vectorOf(row);
+    for (int pass = 0; pass < PASSES; ++pass) {
+        const Eigen::VectorXd part = solve(m_matrix * rest);
+        multiples += part;
+        rest -= m_matrix.transpose() * part;
     }
-    solveUpper(x);
-    return inRowOrder(x);
+    return multiples;
+}
+
+Eigen::VectorXd VrexRowFactor::vectorOf(Eigen::Index row) const {
+    return m_matrix.transpose() * Eigen::VectorXd::Unit(m_matrix.rows(), row);
 }
 
 /// (J J^T) x = right over the independent rows, zero for the others.
@@ -184,8 +197,7 @@ VrexRowFactor::Vectors VrexRowFactor::solve(const Vectors& right) const {
 
 Eigen::MatrixXd VrexRowFactor::withoutRows(const Eigen::MatrixXd& motions) const {
     Vectors result = motions;
-    constexpr int passes = 3; // each takes away what rounding left in the one before
-    for (int pass = 0; pass < passes; ++pass) {
+    for (int pass = 0; pass < PASSES; ++pass) {
         result -= m_matrix.transpose() * solve(m_matrix * result);
     }
     return result;

@@ -10,7 +10,8 @@
 ///
 /// Rows should be of length 1 or zero. The order of the rows keeps the factors sparse, so which one of a
 /// dependent group counts as the one too many is not told by the order in J. Up-looking, along the
-/// elimination tree: T. A. Davis, Direct methods for sparse linear systems, SIAM 2006, chapter 4.
+/// elimination tree: T. A. Davis, Direct methods for sparse linear systems, SIAM 2006, chapter 4. Small
+/// pivots, which squares leave to rounding, are found again from the rows themselves.
 class VrexRowFactor {
 public:
     /// The rows whose distance from the span of those before is `tolerance` or less are dependent.
@@ -32,6 +33,8 @@ private:
     void factorize(const Eigen::SparseMatrix<double>& product, double tolerance);
     int reach(const Eigen::SparseMatrix<double>& product, int k, std::vector<int>& marks,
               std::vector<int>& stack) const;
+    double certain(Eigen::Index row, double tolerance) const;
+    Eigen::VectorXd vectorOf(Eigen::Index row) const;
     /// Several vectors side by side, so that what is done to all of them alike stands in a row.
     using Vectors = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
     void solveLower(Vectors& x) const;

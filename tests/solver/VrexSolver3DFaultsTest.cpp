@@ -134,7 +134,7 @@ const Fault FAULTS[] = {
          slider->getDistance().limits = {std::nullopt, NO_NUMBER};
          return slider;
      }},
-    {"a dimension of a mate that is no number", " has a dimension that is not finite.",
+    {"a dimension of a mate that is no number", " has a value that is not finite.",
      [](PlantedSystem& s) -> Object {
          const auto slider = addSlider(s);
          slider->getDistance().value = NO_NUMBER;

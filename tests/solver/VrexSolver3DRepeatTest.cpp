@@ -40,11 +40,11 @@ TEST(VrexSolver3DRepeat, SameSystemGivesTheSameBits) {
         const auto component = first[i].component();
         const auto twin = second[i].component();
         const std::string start = bytesOf(component);
-        ASSERT_EQ(start, bytesOf(twin));
+        ASSERT_TRUE(start == bytesOf(twin));
         ASSERT_TRUE(VrexSolver3D().solve({component}).isConverged());
         ASSERT_TRUE(VrexSolver3D().solve({twin}).isConverged());
-        EXPECT_NE(bytesOf(component), start);
-        EXPECT_EQ(bytesOf(component), bytesOf(twin));
+        EXPECT_FALSE(bytesOf(component) == start);
+        EXPECT_TRUE(bytesOf(component) == bytesOf(twin));
     }
 }
 
@@ -58,7 +58,7 @@ TEST(VrexSolver3DRepeat, SolvingASolvedSystemChangesNothing) {
         const VrexSolverReport again = VrexSolver3D().solve({component});
         EXPECT_TRUE(again.isConverged());
         EXPECT_EQ(again.components.at(0).iterations, 0);
-        EXPECT_EQ(bytesOf(component), solved);
+        EXPECT_TRUE(bytesOf(component) == solved);
     }
 }
 
@@ -70,7 +70,7 @@ TEST(VrexSolver3DRepeat, SolvingSolvedLiveObjectsChangesNothing) {
         ASSERT_TRUE(VrexSolver3D().solve(system.geometries, system.constraints).isConverged());
         const std::string solved = bytesOf(system.component());
         ASSERT_TRUE(VrexSolver3D().solve(system.geometries, system.constraints).isConverged());
-        EXPECT_EQ(bytesOf(system.component()), solved);
+        EXPECT_TRUE(bytesOf(system.component()) == solved);
     }
 }
 
@@ -92,7 +92,7 @@ TEST(VrexSolver3DRepeat, PoseIsKeptWhereThereIsNoSolution) {
     }
     EXPECT_EQ(linkage.output->getAngle().value, 3.0);
     ASSERT_FALSE(VrexSolver3D().solve({component}).isConverged());
-    EXPECT_EQ(bytesOf(component), failed);
+    EXPECT_TRUE(bytesOf(component) == failed);
 }
 
 TEST(VrexSolver3DRepeat, ProgressIsToldBeforeEachIteration) {

@@ -50,8 +50,12 @@ void prefetch(const Constraints& constraints, std::size_t index, const VrexVerte
     constexpr std::size_t STEPS = nsPrefetch::STEPS;
     prefetchConstraint(constraints, index + 4 * STEPS);
     prefetchArguments(constraints, index + 3 * STEPS);
-    prefetchBound(constraints, index + 2 * STEPS,
-                  [](const VrexBaseGeometry& geometry) { nsPrefetch::object(&geometry); });
+    // These lie anywhere: many are fetched in one step, since their addresses are then translated side by
+    // side.
+    for (std::size_t place = index; index % STEPS == 0 && place < index + STEPS; ++place) {
+        prefetchBound(constraints, place + 2 * STEPS,
+                      [](const VrexBaseGeometry& geometry) { nsPrefetch::object(&geometry); });
+    }
     prefetchBound(constraints, index + STEPS,
                   [&](const VrexBaseGeometry& geometry) { objects.prefetchPlace(geometry.getID()); });
     prefetchBound(constraints, index + STEPS / 2,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "data/VrexLog.h"
 
@@ -17,9 +18,10 @@ void VrexEdgeIndex::layOut(std::uint32_t vertexCount) {
     if (isLaidOut(vertexCount)) {
         return;
     }
-    m_starts = countStarts(vertexCount);
-    std::vector<std::uint32_t> next(m_starts.begin(), m_starts.end() - 1);
+    std::vector<std::uint32_t> starts = countStarts(vertexCount);
+    std::vector<std::uint32_t> next(starts.begin(), starts.end() - 1);
     m_incidences.resize(2 * m_ends.size());
+    m_starts = std::move(starts); // nothing fails from here on
     for (std::uint32_t edge = 0; edge < m_ends.size(); ++edge) {
         const Ends& ends = m_ends[edge];
         if (edge + nsPrefetch::STEPS < m_ends.size()) {

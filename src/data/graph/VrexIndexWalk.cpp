@@ -174,7 +174,7 @@ void VrexIndexWalk::takeWaiting() {
     component.m_geometries.reserveMore(m_waiting.size() - constraintCount);
     for (std::size_t i = 0; i < m_waiting.size(); ++i) {
         if (i + 2 * nsPrefetch::STEPS < m_waiting.size()) {
-            nsPrefetch::line(&objects.object(m_waiting[i + 2 * nsPrefetch::STEPS]));
+            objects.prefetch(m_waiting[i + 2 * nsPrefetch::STEPS]);
             nsPrefetch::object(objects.object(m_waiting[i + nsPrefetch::STEPS]).get());
         }
         take(m_waiting[i]);

@@ -49,6 +49,12 @@ public:
         index = find(type, object.getID());
         return index != NONE && m_objects[index].get() == &object ? index : NONE;
     }
+    /// Fetches what is told of the object at `index`.
+    void prefetch(std::uint32_t index) const {
+        nsPrefetch::line(&m_objects[index]);
+        nsPrefetch::line(&m_chains.keys()[index]);
+        nsPrefetch::line(&m_types[index]);
+    }
     /// Fetches where an object stands that is about to be found, and then, some steps later, its pointer.
     void prefetchPlace(std::uint64_t id) const { m_chains.prefetch(id); }
     void prefetchObject(std::uint64_t id) const {

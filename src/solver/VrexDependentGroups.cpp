@@ -1,5 +1,6 @@
 #include "solver/VrexDependentGroups.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 #include <unordered_map>
@@ -52,7 +53,8 @@ public:
         straighten();
     }
 
-    bool isEmpty() const { return m_basis.cols() == 0; }
+    /// How many there are, of which none is a sum of multiples of others.
+    Index count() const { return m_basis.cols(); }
     /// The constraints that take part.
     std::vector<std::size_t> members() const {
         std::vector<std::size_t> result;
@@ -63,18 +65,22 @@ public:
         }
         return result;
     }
-    /// Whether this row of the Jacobian takes part.
-    bool has(Index row) const {
-        for (std::size_t i = 0; i < m_rows.size(); ++i) {
-            if (m_rows[i] == row) {
-                return m_basis.row(static_cast<Index>(i)).norm() > NOTHING;
-            }
-        }
-        return false;
+    /// The multiples of the columns in which the constraint takes no part. One that takes part in the only
+    /// column leaves none, and most often that is the case.
+    Matrix without(std::size_t constraint) const {
+        const Matrix part = m_basis(m_places.at(constraint), Eigen::all);
+        return part.cols() == 1 && part.norm() > NOTHING ? Matrix(1, 0) : kernel(part);
     }
-    /// Those in which the constraint takes no part.
-    Relations without(std::size_t constraint) const {
-        return with(kernel(m_basis(m_places.at(constraint), Eigen::all)));
+    /// Whether this row of the Jacobian takes part in multiples of the columns.
+    bool has(Index row, const Matrix& multiples) const {
+        const auto found = std::lower_bound(m_rows.begin(), m_rows.end(), row);
+        return found != m_rows.end() && *found == row &&
+               (m_basis.row(found - m_rows.begin()) * multiples).norm() > NOTHING;
+    }
+    Relations with(const Matrix& multiples) const {
+        Relations result(*this);
+        result.m_basis = m_basis * multiples;
+        return result;
     }
     /// Those among these constraints.
     Relations among(const std::vector<std::size_t>& constraints) const {
@@ -89,11 +95,6 @@ public:
     }
 
 private:
-    Relations with(const Matrix& multiples) const {
-        Relations result(*this);
-        result.m_basis = m_basis * multiples;
-        return result;
-    }
     void straighten() {
         const Eigen::HouseholderQR<Matrix> factor(m_basis);
         m_basis = factor.householderQ() * Matrix::Identity(m_basis.rows(), m_basis.cols());
@@ -104,18 +105,15 @@ private:
     std::map<std::size_t, std::vector<Index>> m_places; ///< Rows of the matrix by constraint.
 };
 
-/// Leaves out one constraint after the other as long as relations remain that are `wanted`.
+/// Leaves out one constraint after the other as long as relations remain that are `wanted`. What one could
+/// not be left out of it cannot be left out of less.
 template <class IsWanted>
 Relations reduced(Relations relations, const IsWanted& isWanted) {
-    for (bool hasChanged = true; hasChanged;) {
-        hasChanged = false;
-        for (const std::size_t member : relations.members()) {
-            Relations rest = relations.without(member);
-            if (!rest.isEmpty() && isWanted(rest)) {
-                relations = std::move(rest);
-                hasChanged = true;
-                break;
-            }
+    for (const std::size_t member : relations.members()) {
+        const Matrix rest = relations.without(member);
+        const bool takesPart = rest.cols() < relations.count();
+        if (takesPart && rest.cols() > 0 && isWanted(relations, rest)) {
+            relations = relations.with(rest);
         }
     }
     return relations;
@@ -147,8 +145,10 @@ std::set<std::vector<std::size_t>> nsDependentGroups::minimal(const std::vector<
     }
     std::set<std::vector<std::size_t>> groups;
     for (const Relation& relation : relations) {
-        const auto withRow = [&relation](const Relations& rest) { return rest.has(relation.row); };
-        const auto any = [](const Relations&) { return true; };
+        const auto withRow = [&relation](const Relations& all, const Matrix& rest) {
+            return all.has(relation.row, rest);
+        };
+        const auto any = [](const Relations&, const Matrix&) { return true; };
         const Relations own = reduced(around(relation, byOwner, owners), withRow);
         groups.insert(reduced(own, any).members());
     }

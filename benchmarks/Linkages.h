@@ -79,7 +79,7 @@ private:
     }
     std::shared_ptr<VrexConnector3D> connector(std::size_t body, const Vector& place) {
         const auto result = numbered(VrexConnector3D::create(m_bodies[body]));
-        result->setTransformation({place, VrexQuaternionT<double>::ONE()});
+        result->setTransformation({place - m_bodies[body]->getOrigin(), VrexQuaternionT<double>::ONE()});
         m_component->addGeometry(result);
         return result;
     }

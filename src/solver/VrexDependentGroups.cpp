@@ -67,7 +67,8 @@ public:
         straighten();
     }
 
-    bool isEmpty() const { return m_basis.cols() == 0; }
+    /// How many there are, of which none is a sum of multiples of others.
+    Index count() const { return m_basis.cols(); }
     /// The constraints that take part.
     std::vector<std::size_t> members() const {
         std::vector<std::size_t> result;
@@ -80,9 +81,11 @@ public:
     }
     /// Whether this row of the Jacobian takes part; it has a place here.
     bool has(Index row) const { return m_basis.row(m_layout->placeOf(row)).norm() > NOTHING; }
-    /// Those in which the constraint takes no part.
+    /// Those in which the constraint takes no part. One that takes part in the only one leaves none, and most
+    /// often that is the case.
     Relations without(std::size_t constraint) const {
-        return with(kernel(m_basis(m_layout->places.at(constraint), Eigen::all)));
+        const Matrix part = m_basis(m_layout->places.at(constraint), Eigen::all);
+        return with(part.cols() == 1 && part.norm() > NOTHING ? Matrix(1, 0) : kernel(part));
     }
     /// Those among these constraints.
     Relations among(const std::vector<std::size_t>& constraints) const {
@@ -111,23 +114,15 @@ private:
     Matrix m_basis;
 };
 
-/// Those that are left without one of the constraints, if that leaves any that are `wanted`.
-template <class IsWanted>
-std::optional<Relations> reducedOnce(const Relations& relations, const IsWanted& isWanted) {
-    for (const std::size_t member : relations.members()) {
-        Relations rest = relations.without(member);
-        if (!rest.isEmpty() && isWanted(rest)) {
-            return rest;
-        }
-    }
-    return std::nullopt;
-}
-
-/// Leaves out one constraint after the other as long as relations remain that are `wanted`.
+/// Leaves out one constraint after the other as long as relations remain that are `wanted`. What one could
+/// not be left out of it cannot be left out of less.
 template <class IsWanted>
 Relations reduced(Relations relations, const IsWanted& isWanted) {
-    while (auto rest = reducedOnce(relations, isWanted)) {
-        relations = std::move(*rest);
+    for (const std::size_t member : relations.members()) {
+        Relations rest = relations.without(member);
+        if (rest.count() > 0 && rest.count() < relations.count() && isWanted(rest)) {
+            relations = std::move(rest);
+        }
     }
     return relations;
 }

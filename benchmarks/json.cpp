@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <random>
 #include <string>
@@ -19,7 +18,6 @@
 #include <vector>
 
 #include <benchmark/benchmark.h>
-#include <malloc.h>
 
 #ifdef VREX_HAS_NLOHMANN
 #include <nlohmann/json.hpp>
@@ -35,6 +33,7 @@
 #include <simdjson.h>
 #endif
 
+#include "PeakMemory.h"
 #include "RatioReport.h"
 #include "data/constraint/3d/VrexDistance3D.h"
 #include "data/constraint/3d/VrexIncidence3D.h"
@@ -303,29 +302,14 @@ void addLoading(std::size_t count) {
     });
 }
 
-/// The most memory of this process so far, in bytes.
-double peakMemory() {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;) {
-        if (word == "VmHWM:") {
-            double kibibytes = 0.0;
-            status >> kibibytes;
-            return 1024.0 * kibibytes;
-        }
-    }
-    return 0.0;
-}
-
-/// How much of it loading takes. Asked for on its own: a mark once reached hides what is measured next.
+/// How much memory loading takes.
 int weighLoading() {
     const std::string text = textOf(Lists().makeSystem(OBJECTS));
-    malloc_trim(0);
-    std::ofstream("/proc/self/clear_refs") << 5; // The mark sinks to what is used now.
-    const double before = peakMemory();
+    const PeakMemory memory;
     const auto loaded = load(text);
     benchmark::DoNotOptimize(loaded);
     std::printf("Loading %zu bytes takes %.1f times as much memory.\n", text.size(),
-                (peakMemory() - before) / static_cast<double>(text.size()));
+                memory.bytes() / static_cast<double>(text.size()));
     return 0;
 }
 

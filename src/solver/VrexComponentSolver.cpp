@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
-#include <random>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -13,12 +12,14 @@
 #include "data/VrexEnumTable.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/graph/VrexConnectedComponent.h"
+#include "solver/VrexConflictSearch.h"
 #include "solver/VrexDragWishes.h"
 #include "solver/VrexLeastSquares.h"
+#include "solver/VrexPoseSearch.h"
 #include "solver/VrexRankAnalysis.h"
 #include "solver/VrexSolverBuilder.h"
+#include "solver/VrexSolverFaults.h"
 #include "solver/VrexSolverModel.h"
-#include "solver/VrexSolverNames.h"
 
 namespace {
 
@@ -26,9 +27,6 @@ std::string kindOf(const VrexBaseConstraint& constraint) {
     const auto* const known = dynamic_cast<const VrexConstraint3D*>(&constraint);
     return known != nullptr ? nsEnum::toText(known->type()) : "Equation";
 }
-
-/// Contacts that move that often go from side to side for ever.
-constexpr int MOST_CONTACT_MOVES = 20;
 
 /// One component on its way.
 class Work {
@@ -48,17 +46,18 @@ public:
 
     VrexSolverComponentReport run() {
         try {
-            if (const VrexBaseGeometry* const entity = m_model.notFinite()) {
-                m_report.refusal =
-                    nsSolverNames::nameOf(*entity).append(" holds a number that is not finite.");
-            } else {
+            m_report.refusal = nsSolverFaults::find(m_geometries, m_constraints);
+            if (m_report.refusal.empty()) {
                 build();
-                converge();
-                analyse();
+                solve();
+                if (!m_report.isCancelled) {
+                    analyse();
+                }
             }
         } catch (const std::exception& error) {
-            m_report.isConverged = false;
-            m_report.refusal = error.what();
+            refuse(error.what());
+        } catch (...) { // callbacks may throw anything
+            refuse("A callback threw what is no std::exception.");
         }
         if (m_report.isConverged) {
             m_model.writeBack();
@@ -69,6 +68,11 @@ public:
     }
 
 private:
+    void refuse(const std::string& reason) {
+        m_report.isConverged = false;
+        m_report.refusal = reason;
+    }
+
     void build() {
         for (std::size_t i = 0; i < m_constraints.size(); ++i) {
             const std::string reason = m_builder.build(i, *m_constraints[i]);
@@ -80,48 +84,44 @@ private:
         }
     }
 
-    void converge() {
-        const VrexLeastSquares method(m_options.tolerance, m_options.maxIterations, m_keepGoing);
-        VrexSolverSystem& system = m_model.system();
+    void solve() {
         if (m_drag != nullptr) {
             nsDragWishes::add(m_builder, *m_drag);
-            m_report.iterations += method.solve(system, true).iterations;
+            const VrexLeastSquares method(m_options.tolerance, m_options.maxIterations, m_keepGoing);
+            m_report.iterations = method.solve(m_model.system(), true).iterations;
         }
-        const auto start = system.bodies();
-        for (int attempt = 0; attempt <= m_options.retries; ++attempt) {
-            if (attempt > 0) {
-                system.bodies() = start;
-                disturb(attempt);
-            }
-            search(method);
-            // Contacts that moved open a search from where the bodies are now.
-            for (int again = 0; m_report.isConverged && m_builder.moveContacts(); ++again) {
-                search(method);
-                m_report.isConverged = m_report.isConverged && again < MOST_CONTACT_MOVES;
-            }
-            if (m_report.isConverged || m_report.isCancelled) {
-                return;
-            }
-        }
-    }
-
-    void search(const VrexLeastSquares& method) {
-        const VrexLeastSquaresResult result = method.solve(m_model.system(), false);
+        VrexPoseSearch search(m_options, m_keepGoing, m_builder);
+        const VrexLeastSquaresResult result = search.run();
         m_report.iterations += result.iterations;
         m_report.largestResidual = result.largestResidual;
         m_report.isConverged = result.isConverged;
         m_report.isCancelled = result.isCancelled;
+        noteSatisfied();
+        if (!result.isConverged && !result.isCancelled) {
+            findConflicts(search);
+        }
     }
 
-    /// A start from which a search may go another way: half turns and points on each other are saddles.
-    void disturb(int attempt) {
-        std::mt19937_64 random(static_cast<std::uint64_t>(attempt));
-        std::uniform_real_distribution<double> uniform(-0.03, 0.03);
-        VrexSolverSystem& system = m_model.system();
-        system.move(Eigen::VectorXd::NullaryExpr(system.unknownCount(),
-                                                 [&](Eigen::Index) { return uniform(random); }));
+    void noteSatisfied() {
+        m_satisfied.assign(m_constraints.size(), true);
+        const auto& values = m_model.system().values();
+        const auto& rows = m_model.system().rowConstraints();
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            if (!(std::abs(values[static_cast<Eigen::Index>(row)]) <= m_options.tolerance)) {
+                m_satisfied[rows[row]] = false;
+            }
+        }
     }
 
+    void findConflicts(VrexPoseSearch& search) {
+        VrexConflictSearch conflicts(search, m_model.system());
+        for (const auto& members : conflicts.run()) {
+            addGroup(members);
+        }
+        m_report.isCancelled = conflicts.isCancelled();
+    }
+
+    /// Where there are conflicts, of what remains without one member of each.
     void analyse() {
         const VrexRankAnalysis analysis(m_model.system());
         m_report.freedom = analysis.freedom();
@@ -131,19 +131,15 @@ private:
                 {m_sourceId(geometry->getID()), body != nullptr ? analysis.freedomOf(*body) : 0});
         }
         for (const auto& group : analysis.dependentConstraints()) {
-            auto& ids = m_report.overConstrained.emplace_back();
-            for (const std::size_t place : group) {
-                ids.push_back(m_sourceId(m_constraints[place]->getID()));
-                m_dependent.insert(place);
-            }
+            addGroup(group);
         }
-        m_satisfied.assign(m_constraints.size(), true);
-        const auto& values = m_model.system().values();
-        const auto& rows = m_model.system().rowConstraints();
-        for (std::size_t row = 0; row < rows.size(); ++row) {
-            if (!(std::abs(values[static_cast<Eigen::Index>(row)]) <= m_options.tolerance)) {
-                m_satisfied[rows[row]] = false;
-            }
+    }
+
+    void addGroup(const std::vector<std::size_t>& members) {
+        auto& ids = m_report.overConstrained.emplace_back();
+        for (const std::size_t place : members) {
+            ids.push_back(m_sourceId(m_constraints[place]->getID()));
+            m_dependent.insert(place);
         }
     }
 

@@ -42,12 +42,12 @@ constexpr double PARALLEL = 1e-9;
 
 } // namespace
 
-VrexContactGap::VrexContactGap(VrexSolverBuilder& builder, const VrexConstraint3D& constraint,
-                               VrexSolverCore first, VrexSolverCore second, bool isTouch)
+VrexContactGap::VrexContactGap(VrexSolverBuilder& builder, VrexConstraint3D& constraint, VrexSolverCore first,
+                               VrexSolverCore second, bool isTouch)
     : m_builder(builder),
       m_constraint(constraint),
-      m_first{std::move(first), nsContactPaths::helpPointOf(constraint, 1)},
-      m_second{std::move(second), nsContactPaths::helpPointOf(constraint, 2)},
+      m_first{std::move(first), VrexContactHelp::of(constraint, 1)},
+      m_second{std::move(second), VrexContactHelp::of(constraint, 2)},
       m_isTouch(isTouch) {
     if (rankOf(m_second.core.kind()) < rankOf(m_first.core.kind())) {
         std::swap(m_first, m_second);
@@ -71,7 +71,7 @@ VrexContactGap::Measure VrexContactGap::build() {
             return lineAndPlane();
         case Kind::CIRCLE:
         case Kind::ELLIPSE:
-            return rimAndPlane();
+            return m_first.help.parameter.has_value() ? pathAndReach() : rimAndPlane();
         case Kind::CONE:
             return coneAndPlane();
         case Kind::PLANE:
@@ -162,8 +162,8 @@ VrexContactGap::Measure VrexContactGap::rimAndPlane() {
     const double side = sideOf(height().value());
     double near = -1.0;
     double tube = -1.0;
-    if (m_first.helpPoint.has_value()) {
-        const auto arm = *m_first.helpPoint - rim->frame().origin;
+    if (m_first.help.point.has_value()) {
+        const auto arm = *m_first.help.point - rim->frame().origin;
         near = tube = secondShape().frame().axes[2].dotProduct(arm) * side > 0.0 ? 1.0 : -1.0;
     } else if (m_isTouch && m_first.core.hasOffset()) {
         const double center = side * height().value();

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <optional>
-
 #include "data/constraint/VrexConstraintAlignment.h"
 #include "data/constraint/VrexConstraintOrientation.h"
 #include "solver/VrexContactFormulas.h"
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexContactPath.h"
 #include "solver/VrexContactSigns.h"
 #include "solver/VrexSolverBuilder.h"
@@ -29,7 +28,7 @@ public:
     using Measure = VrexSolverBuilder::Measure;
 
     /// A touch is a gap that stays zero.
-    VrexContactGap(VrexSolverBuilder& builder, const VrexConstraint3D& constraint, VrexSolverCore first,
+    VrexContactGap(VrexSolverBuilder& builder, VrexConstraint3D& constraint, VrexSolverCore first,
                    VrexSolverCore second, bool isTouch);
 
     /// Adds what keeps points of contact and directions in place, and returns the gap as a length. Empty for
@@ -39,7 +38,7 @@ public:
 private:
     struct Side {
         VrexSolverCore core;
-        std::optional<VrexVector3DT<double>> helpPoint;
+        VrexContactHelp help;
     };
 
     Measure lines();
@@ -61,13 +60,12 @@ private:
 
     Measure paths();
     Measure meet(const VrexContactPath& first, const VrexContactPath& second);
-    double pathsCost(const VrexContactPath& first, const VrexContactPath& second) const;
 
     Measure withSigns(const Measure& distance) const;
     double sideOf(double value) const;
     bool isHeldParallel() const;
     bool isBareTouch() const;
-    bool hasHelp() const { return m_first.helpPoint.has_value() || m_second.helpPoint.has_value(); }
+    bool hasHelp() const { return m_first.help.point.has_value() || m_second.help.point.has_value(); }
     const VrexSolverShape& firstShape() const { return m_first.core.shape(); }
     const VrexSolverShape& secondShape() const { return m_second.core.shape(); }
 

@@ -73,7 +73,8 @@ std::function<bool()> nearestCheck(const std::vector<VrexContactPath>& paths,
 } // namespace
 
 VrexContactGap::Measure VrexContactGap::pathAndReach() {
-    const VrexContactPath path = nsContactPaths::on(m_builder, m_first.core, secondShape().frame().origin);
+    const VrexContactPath path =
+        nsContactPaths::on(m_builder, m_first.core, secondShape().frame().origin, m_first.help);
     if (isBareTouch()) {
         return touch(path);
     }
@@ -97,12 +98,8 @@ VrexContactGap::Measure VrexContactGap::pathAndReach() {
 /// The point runs where the second core is.
 VrexContactGap::Measure VrexContactGap::touch(const VrexContactPath& path) {
     const VrexSolverCore second = m_second.core;
-    nsContactPaths::scan({path}, [&] {
-        const Vector point = path.contact().point;
-        return m_first.helpPoint.has_value()
-                   ? (nsContactFormulas::valueOf(point) - *m_first.helpPoint).magnitudeSquared()
-                   : reachFrom(second, point, false).length.value();
-    });
+    nsContactPaths::scan({path},
+                         [&] { return reachFrom(second, path.contact().point, false).length.value(); });
     const std::size_t count = nsContactFormulas::touchRows(second, path.contact().point, false).count;
     const auto rows = [path, second, count, length = m_builder.length()](VrexVariable* values) {
         const auto place = nsContactFormulas::touchRows(second, path.contact().point, false);
@@ -132,10 +129,7 @@ VrexSolverBuilder::Rows VrexContactGap::stay(const VrexContactPath& path,
 
 VrexContactSigns VrexContactGap::startAtHelp(const VrexContactPath& path) const {
     nsContactPaths::scan({path}, [&] {
-        const Vector point = path.contact().point;
-        return m_first.helpPoint.has_value()
-                   ? (nsContactFormulas::valueOf(point) - *m_first.helpPoint).magnitudeSquared()
-                   : std::abs(reachFrom(m_second.core, point, false).length.value());
+        return std::abs(reachFrom(m_second.core, path.contact().point, false).length.value());
     });
     VrexContactSigns signs = signsByHelp(path.contact());
     nsContactPaths::settle({path}, path.parameterCount(), stay(path, signs));
@@ -146,21 +140,21 @@ VrexContactSigns VrexContactGap::startAtHelp(const VrexContactPath& path) const 
 VrexContactSigns VrexContactGap::signsByHelp(const VrexSolverContact& contact) const {
     VrexContactSigns signs;
     const auto place = nsContactFormulas::valueOf(contact.point);
-    if (m_second.helpPoint.has_value() && m_second.core.kind() == VrexSolverCore::Kind::CIRCLE) {
+    if (m_second.help.point.has_value() && m_second.core.kind() == VrexSolverCore::Kind::CIRCLE) {
         const auto center = secondShape().frame().origin;
         const auto axis = secondShape().frame().axes[2];
         const auto aside = place - center - axis * axis.dotProduct(place - center);
-        signs.isOpposite = aside.dotProduct(*m_second.helpPoint - center) < 0.0;
+        signs.isOpposite = aside.dotProduct(*m_second.help.point - center) < 0.0;
     }
     const auto reach = reachFrom(m_second.core, contact.point, signs.isOpposite);
     const auto way = nsContactFormulas::valueOf(reach.direction);
     const double distance = reach.length.value();
-    if (m_first.helpPoint.has_value() && m_first.core.hasOffset()) {
-        signs.first = (*m_first.helpPoint - place).dotProduct(way) * distance < 0.0 ? -1.0 : 1.0;
+    if (m_first.help.point.has_value() && m_first.core.hasOffset()) {
+        signs.first = (*m_first.help.point - place).dotProduct(way) * distance < 0.0 ? -1.0 : 1.0;
     }
-    if (m_second.helpPoint.has_value() && m_second.core.hasOffset()) {
+    if (m_second.help.point.has_value() && m_second.core.hasOffset()) {
         const auto foot = place - way * distance;
-        signs.second = (*m_second.helpPoint - foot).dotProduct(way) > 0.0 ? -1.0 : 1.0;
+        signs.second = (*m_second.help.point - foot).dotProduct(way) > 0.0 ? -1.0 : 1.0;
     }
     const auto kind = m_second.core.kind();
     if (kind == VrexSolverCore::Kind::PLANE || kind == VrexSolverCore::Kind::CONE) {
@@ -230,22 +224,13 @@ VrexContactSigns VrexContactGap::startNearest(const VrexContactPath& path) const
     return best;
 }
 
-double VrexContactGap::pathsCost(const VrexContactPath& first, const VrexContactPath& second) const {
-    const auto p = nsContactFormulas::valueOf(first.contact().point);
-    const auto q = nsContactFormulas::valueOf(second.contact().point);
-    if (!hasHelp()) {
-        return (p - q).magnitude();
-    }
-    const double one = m_first.helpPoint ? (p - *m_first.helpPoint).magnitudeSquared() : 0.0;
-    return one + (m_second.helpPoint ? (q - *m_second.helpPoint).magnitudeSquared() : 0.0);
-}
-
 /// Both carry a point of contact: p - q is at a right angle to both, or they are one.
 VrexContactGap::Measure VrexContactGap::paths() {
-    const VrexContactPath first = nsContactPaths::on(m_builder, m_first.core, {});
-    const VrexContactPath second = nsContactPaths::on(m_builder, m_second.core, {});
-    const auto cost = [=, this] { return pathsCost(first, second); };
-    nsContactPaths::scan({first, second}, cost);
+    const VrexContactPath first = nsContactPaths::on(m_builder, m_first.core, {}, m_first.help);
+    const VrexContactPath second = nsContactPaths::on(m_builder, m_second.core, {}, m_second.help);
+    nsContactPaths::scan({first, second}, [&] {
+        return nsContactFormulas::valueOf(first.contact().point - second.contact().point).magnitude();
+    });
     if (m_isTouch) {
         return meet(first, second);
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <limits>
 #include <numbers>
 #include <utility>
@@ -10,9 +11,6 @@
 #include <Eigen/Core>
 #include <Eigen/QR>
 
-#include "data/constraint/3d/VrexConstraint3D.h"
-#include "data/geometry/3d/VrexParametricCurve3D.h"
-#include "data/geometry/3d/VrexParametricSurface3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexParametricPath.h"
 
@@ -48,8 +46,9 @@ VrexContactPath onCircle(VrexSolverBuilder& builder, const VrexSolverShape& shap
     return {contact, help.body, {FULL_TURN}};
 }
 
-VrexContactPath onEllipse(VrexSolverBuilder& builder, const VrexSolverShape& shape) {
-    const auto help = builder.addHelp({true, false}, {false, false});
+VrexContactPath onEllipse(VrexSolverBuilder& builder, const VrexSolverShape& shape,
+                          const std::array<bool, 2>& isFree) {
+    const auto help = builder.addHelp(isFree, {false, false});
     const auto contact = [&shape, parameter = help.shape] {
         const VrexVariable cosine = cos(parameter->size(0));
         const VrexVariable sine = sin(parameter->size(0));
@@ -161,12 +160,10 @@ bool areNear(const std::vector<Slot>& slots) {
     });
 }
 
-} // namespace
-
-VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverCore& core,
-                                   const VrexVector3DT<double>& near) {
+VrexContactPath pathOn(VrexSolverBuilder& builder, const VrexSolverCore& core,
+                       const VrexVector3DT<double>& near, const VrexContactHelp& help) {
     if (!core.hasShape()) {
-        return nsParametricPath::on(builder, core.entity());
+        return nsParametricPath::on(builder, core.entity(), help);
     }
     const VrexSolverShape& shape = core.shape();
     switch (core.kind()) {
@@ -175,7 +172,7 @@ VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverC
     case VrexSolverCore::Kind::CIRCLE:
         return onCircle(builder, shape);
     case VrexSolverCore::Kind::ELLIPSE:
-        return onEllipse(builder, shape);
+        return onEllipse(builder, shape, help.areFree(1));
     case VrexSolverCore::Kind::CONE:
         return onCone(builder, shape, near);
     default:
@@ -183,28 +180,45 @@ VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverC
     }
 }
 
-std::optional<VrexVector3DT<double>> nsContactPaths::helpPointOf(const VrexConstraint3D& constraint,
-                                                                 std::uint32_t number) {
-    const auto& point = number == 1 ? constraint.helpPoint1() : constraint.helpPoint2();
-    const auto& parameters = number == 1 ? constraint.helpParam1() : constraint.helpParam2();
-    if (point.has_value() || !parameters.has_value()) {
-        return point;
+void placeAtParameter(VrexSolverBuilder& builder, const VrexContactHelp& help, VrexContactPath& path) {
+    const std::size_t count = path.parameterCount();
+    const double values[] = {help.parameter->x(), help.parameter->y()};
+    for (std::size_t i = 0; i < count; ++i) {
+        path.body->setSize(i, values[i], path.body->isLength(i));
     }
-    const auto entity = constraint.geometry(number);
-    if (const auto curve = std::dynamic_pointer_cast<VrexParametricCurve3D>(entity)) {
-        return curve->evaluate(parameters->x(), 0).front();
-    }
-    const auto surface = std::dynamic_pointer_cast<VrexParametricSurface3D>(entity);
-    return surface != nullptr ? std::optional(surface->evaluate(parameters->x(), parameters->y(), 0)[0])
-                              : std::nullopt;
+    path.isPlaced = true;
+    builder.addResult([help, count, body = path.body] {
+        if (body->hasMoved()) {
+            help.write({body->size(0), body->size(1)}, count);
+        }
+    });
 }
 
-bool nsContactPaths::isHelpHeld(const VrexConstraint3D& constraint) {
-    return constraint.fixHelpParameter1() || constraint.fixHelpParameter2();
+void placeNextTo(const VrexVector3DT<double>& point, VrexContactPath& path) {
+    nsContactPaths::scan({path}, [&] {
+        return (nsContactFormulas::valueOf(path.contact().point) - point).magnitudeSquared();
+    });
+    path.isPlaced = true;
+}
+
+} // namespace
+
+VrexContactPath nsContactPaths::on(VrexSolverBuilder& builder, const VrexSolverCore& core,
+                                   const VrexVector3DT<double>& near, const VrexContactHelp& help) {
+    VrexContactPath path = pathOn(builder, core, near, help);
+    if (path.parameterCount() > 0 && help.parameter.has_value()) {
+        placeAtParameter(builder, help, path);
+    } else if (path.parameterCount() > 0 && help.point.has_value()) {
+        placeNextTo(*help.point, path);
+    }
+    return path;
 }
 
 void nsContactPaths::scan(const std::vector<VrexContactPath>& paths, const std::function<double()>& cost) {
-    const std::vector<Slot> slots = freeSlots(paths);
+    std::vector<VrexContactPath> open;
+    std::copy_if(paths.begin(), paths.end(), std::back_inserter(open),
+                 [](const VrexContactPath& path) { return !path.isPlaced; });
+    const std::vector<Slot> slots = freeSlots(open);
     if (slots.empty()) {
         return;
     }
@@ -214,6 +228,7 @@ void nsContactPaths::scan(const std::vector<VrexContactPath>& paths, const std::
     for (std::size_t i = 0; i < slots.size(); ++i) {
         places *= steps;
     }
+    const VrexSolverSpace::ValuesOnly valuesOnly(slots.front().body->space());
     std::size_t best = 0;
     double least = std::numeric_limits<double>::infinity();
     for (std::size_t place = 0; place < places; ++place) {

@@ -1,16 +1,13 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 #include <functional>
-#include <optional>
 #include <vector>
 
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
 #include "solver/VrexSolverShape.h"
-
-class VrexConstraint3D;
 
 /// Where a point of contact is, and the directions of unit length in which its parameters take it.
 struct VrexSolverContact {
@@ -30,6 +27,7 @@ struct VrexContactPath {
     std::function<VrexSolverContact()> contact;
     VrexSolverBody* body = nullptr; ///< Its sizes are the parameters; null without any.
     std::vector<Range> ranges;      ///< Of each parameter, where to look for a start.
+    bool isPlaced = false;          ///< A help says where it starts.
 
     std::size_t parameterCount() const { return ranges.size(); }
     bool isFree(std::size_t parameter) const { return body->mobility().sizes[parameter]; }
@@ -39,21 +37,18 @@ struct VrexContactPath {
 namespace nsContactPaths {
 
 /// On a point, a line, a circle, an ellipse or a cone, and on what `nsParametricPath` knows; offsets are left
-/// out. `near` is a place that the run along a line starts from.
+/// out. `near` is a place that the run along a line starts from. The path is placed at the help parameter, or
+/// next to the help point. Where a help parameter has moved in the end it is written back.
 ///
 ///   line     o + t z
 ///   circle   c + R (cos t x + sin t y)
 ///   ellipse  c + a cos t x + b sin t y
 ///   cone     apex + v (cos(alpha) z + sin(alpha) (cos u x + sin u y)), v = w^2 / length
-VrexContactPath on(VrexSolverBuilder& builder, const VrexSolverCore& core, const VrexVector3DT<double>& near);
+VrexContactPath on(VrexSolverBuilder& builder, const VrexSolverCore& core, const VrexVector3DT<double>& near,
+                   const VrexContactHelp& help);
 
-/// The help point of geometry 1 or 2, or the point at its help parameter; empty without both.
-std::optional<VrexVector3DT<double>> helpPointOf(const VrexConstraint3D& constraint, std::uint32_t number);
-
-/// Whether a help parameter of the constraint is held, which no path can.
-bool isHelpHeld(const VrexConstraint3D& constraint);
-
-/// Sets all parameters of the paths to where, of a grid of places, `cost` is least.
+/// Sets all parameters of the paths, but for those that are placed, to where, of a grid of places, `cost` is
+/// least.
 void scan(const std::vector<VrexContactPath>& paths, const std::function<double()>& cost);
 
 /// Moves the free parameters to where `rows` vanish, or as near as that is, from where they are: Gauss-Newton

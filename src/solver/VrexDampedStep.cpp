@@ -13,7 +13,8 @@ void VrexDampedStep::setJacobian(const Eigen::SparseMatrix<double>& jacobian, co
     if (jacobian.cols() <= DENSE_LIMIT) {
         m_dense = jacobian;
     } else {
-        m_normal = jacobian.transpose() * jacobian;
+        m_normal.assign(jacobian);
+        m_isAnalysed = m_isAnalysed && !m_normal.isNewPattern();
     }
 }
 
@@ -44,12 +45,12 @@ Eigen::VectorXd VrexDampedStep::solveDense(double damping) {
 }
 
 Eigen::VectorXd VrexDampedStep::solveSparse(double damping) {
-    Eigen::SparseMatrix<double> diagonal(m_normal.cols(), m_normal.cols());
-    diagonal.reserve(Eigen::VectorXi::Constant(m_normal.cols(), 1));
-    for (Eigen::Index i = 0; i < m_normal.cols(); ++i) {
-        diagonal.insert(i, i) = damping * m_scale[i] * m_scale[i];
+    const auto& matrix = m_normal.plus(damping * m_scale.cwiseAbs2());
+    if (!m_isAnalysed) {
+        m_factor.analyzePattern(matrix);
+        m_isAnalysed = true;
     }
-    m_factor.compute(m_normal + diagonal);
+    m_factor.factorize(matrix);
     return m_factor.solve(-m_gradient);
 }
 

@@ -4,6 +4,8 @@
 #include <Eigen/SparseCholesky>
 #include <Eigen/SparseCore>
 
+#include "solver/VrexNormalMatrix.h"
+
 /// The minimum of |J d + r|^2 + mu |D d|^2 over the step d, with D the lengths of the columns of J.
 class VrexDampedStep {
 public:
@@ -27,6 +29,7 @@ private:
     Eigen::VectorXd m_gradient;
     Eigen::VectorXd m_scale; ///< D: the longest that each column has been.
     Eigen::MatrixXd m_dense;
-    Eigen::SparseMatrix<double> m_normal;
+    VrexNormalMatrix m_normal;
     Eigen::SimplicialLDLT<Eigen::SparseMatrix<double>> m_factor;
+    bool m_isAnalysed = false; ///< The order of m_factor is that for the latest pattern.
 };

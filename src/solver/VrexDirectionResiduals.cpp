@@ -152,9 +152,13 @@ void nsDirectionResiduals::add(VrexSolverBuilder& builder, VrexPlanarAngle3D& an
         const auto missing = [&](double way) { return std::abs(std::remainder(way * now - value, TURN)); };
         sense = missing(-1.0) < missing(1.0) ? -1.0 : 1.0;
     }
+    const auto wanted = nsDimensionResiduals::valueOf(builder, angle);
     nsDimensionResiduals::add(
         builder, angle,
-        [measured, sense, value] { return nsSolverDirections::nearTo(measured() * sense, value); }, 1.0);
+        [measured, sense, wanted] {
+            return nsSolverDirections::nearTo(measured() * sense, wanted().value());
+        },
+        1.0);
 }
 
 void nsDirectionResiduals::add(VrexSolverBuilder& builder, VrexParallelism3D& parallelism) {

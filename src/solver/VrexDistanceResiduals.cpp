@@ -1,5 +1,6 @@
 #include "solver/VrexDistanceResiduals.h"
 
+#include <cmath>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -10,10 +11,11 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
-#include "solver/VrexContactPath.h"
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexDimensionResiduals.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
+#include "solver/VrexSolverDirections.h"
 
 namespace {
 
@@ -49,7 +51,7 @@ void addAlong(VrexSolverBuilder& builder, const VrexDimension3D& distance,
 } // namespace
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDistance3D& distance) {
-    if (nsContactPaths::isHelpHeld(distance)) {
+    if (VrexContactHelp::asksTooMuch(distance)) {
         builder.refuse("A help parameter that is held is not supported.");
         return;
     }
@@ -67,7 +69,7 @@ void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDistance3D& distan
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDirectionDistance3D& distance) {
     const auto direction = distance.getDirectionVector();
     const double length = direction.magnitude();
-    if (!(length > 0.0)) {
+    if (!(length > 0.0 && std::isfinite(length))) {
         throw std::invalid_argument(std::string("DirectionDistance3D ")
                                         .append(std::to_string(distance.getID()))
                                         .append(" has a direction without length."));
@@ -77,7 +79,8 @@ void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexDirectionDistance3
 }
 
 void nsDistanceResiduals::add(VrexSolverBuilder& builder, VrexParallelDistance3D& distance) {
-    const VrexSolverShape* const direction = builder.shape(distance.getDirectionGeometry());
+    const VrexSolverShape* const direction =
+        nsSolverDirections::directed(builder, distance.getDirectionGeometry());
     if (direction == nullptr) {
         builder.refuse("The direction of such an entity is not supported.");
         return;

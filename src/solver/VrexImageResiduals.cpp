@@ -1,8 +1,12 @@
 #include "solver/VrexImageResiduals.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "data/constraint/3d/VrexInstance3D.h"
@@ -11,6 +15,7 @@
 #include "data/geometry/3d/VrexLine3D.h"
 #include "data/geometry/3d/VrexPattern3D.h"
 #include "data/geometry/3d/VrexPlane3D.h"
+#include "solver/VrexImagePairs.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverDirections.h"
 
@@ -33,6 +38,7 @@ struct Parts {
     bool hasSecondDirection = false;
     std::size_t lengths = 0;
     bool hasAngle = false;
+    bool hasHand = false; ///< It has no mirror image of its own make.
 };
 
 std::optional<Parts> partsOf(VrexGeometry3DType type) {
@@ -56,6 +62,10 @@ std::optional<Parts> partsOf(VrexGeometry3DType type) {
         return Parts{3, true, false, true, 2, false};
     case TORUS:
         return Parts{3, true, false, false, 2, false};
+    case EVAL_CURVE:
+    case EVAL_SURFACE:
+    case RIGID_SET:
+        return Parts{3, true, true, true, 0, false, true};
     default:
         return std::nullopt;
     }
@@ -69,24 +79,65 @@ struct Pair {
     Parts parts;
 };
 
-std::optional<Pair> read(VrexSolverBuilder& builder, const VrexConstraint3D& constraint, Motion motion) {
-    const auto first = constraint.geometry(1);
-    const auto second = constraint.geometry(2);
-    const bool isSameKind = first != nullptr && second != nullptr && first->type() == second->type();
-    const auto parts = isSameKind ? partsOf(first->type()) : std::nullopt;
-    const VrexSolverShape* const shape1 = builder.shape(first);
-    const VrexSolverShape* const shape2 = builder.shape(second);
-    if (!parts.has_value() || shape1 == nullptr || shape2 == nullptr) {
-        builder.refuse("An image is supported between two entities of the same simple kind only.");
-        return std::nullopt;
-    }
-    return Pair{shape1, shape2, std::move(motion), *parts};
+std::optional<Pair> pairOf(const VrexSolverBuilder& builder, const nsImagePairs::Pair& entities,
+                           const Motion& motion) {
+    const auto parts = partsOf(entities.first->type());
+    const VrexSolverShape* const first = builder.shape(entities.first);
+    const VrexSolverShape* const second = builder.shape(entities.second);
+    return parts.has_value() && first != nullptr && second != nullptr
+               ? std::optional(Pair{first, second, motion, *parts})
+               : std::nullopt;
 }
 
+/// Empty where the two are not of the same make, or a part of theirs has no place of its own.
+std::vector<Pair> pairsOf(const VrexSolverBuilder& builder, const std::shared_ptr<VrexGeometry3D>& first,
+                          const std::shared_ptr<VrexGeometry3D>& second, const Motion& motion) {
+    std::vector<Pair> pairs;
+    for (const auto& entities : nsImagePairs::of(first, second).value_or(std::vector<nsImagePairs::Pair>())) {
+        const auto pair = pairOf(builder, entities, motion);
+        if (!pair.has_value()) {
+            return {};
+        }
+        pairs.push_back(*pair);
+    }
+    return pairs;
+}
+
+/// Rows that come one behind the other.
+class RowList {
+public:
+    explicit RowList(double length) : m_length(length) {}
+
+    double length() const { return m_length; }
+    void add(std::size_t count, VrexSolverBuilder::Rows rows) {
+        m_parts.push_back({count, std::move(rows)});
+        m_count += count;
+    }
+    void giveTo(VrexSolverBuilder& builder, bool haveSpares) const {
+        const auto rows = [parts = m_parts](VrexVariable* values) {
+            for (const Part& part : parts) {
+                part.rows(values);
+                values += part.count;
+            }
+        };
+        haveSpares ? builder.addWithSpares(m_count, rows) : builder.add(m_count, rows);
+    }
+
+private:
+    struct Part {
+        std::size_t count;
+        VrexSolverBuilder::Rows rows;
+    };
+
+    double m_length;
+    std::vector<Part> m_parts;
+    std::size_t m_count = 0;
+};
+
 /// The difference along the axes of the second entity in which it has a place.
-void addPlace(VrexSolverBuilder& builder, const Pair& pair) {
+void addPlace(RowList& list, const Pair& pair) {
     const auto rowCount = static_cast<std::size_t>(pair.parts.placeRows);
-    builder.add(rowCount, [pair, length = builder.length()](VrexVariable* rows) {
+    list.add(rowCount, [pair, length = list.length()](VrexVariable* rows) {
         const Vector shift = (pair.motion.point(pair.first->origin()) - pair.second->origin()) / length;
         switch (pair.parts.placeRows) {
         case 1:
@@ -104,8 +155,8 @@ void addPlace(VrexSolverBuilder& builder, const Pair& pair) {
     });
 }
 
-void addDirection(VrexSolverBuilder& builder, const Pair& pair, double sense) {
-    builder.add(2, [pair, sense](VrexVariable* rows) {
+void addDirection(RowList& list, const Pair& pair, double sense) {
+    list.add(2, [pair, sense](VrexVariable* rows) {
         const Vector image = pair.motion.direction(pair.first->axisZ()) * sense;
         rows[0] = nsSolverDirections::tilt(*pair.second, image, 0);
         rows[1] = nsSolverDirections::tilt(*pair.second, image, 1);
@@ -115,8 +166,8 @@ void addDirection(VrexSolverBuilder& builder, const Pair& pair, double sense) {
 double cosineOf(const Vector& a, const Vector& b) { return a.dotProduct(b).value(); }
 
 /// The angle, about the second entity's own axis, between its first axis and the image of the other's.
-void addSecondDirection(VrexSolverBuilder& builder, const Pair& pair, double sense) {
-    builder.add(1, [pair, sense](VrexVariable* rows) {
+void addSecondDirection(RowList& list, const Pair& pair, double sense) {
+    list.add(1, [pair, sense](VrexVariable* rows) {
         const Vector image = pair.motion.direction(pair.first->axisX()) * sense;
         rows[0] = nsSolverDirections::angleAbout(pair.second->axisZ(), pair.second->axisX(), image);
     });
@@ -130,31 +181,41 @@ double sideOf(const Pair& pair) {
 }
 
 /// Sizes agree in amount and keep their signs.
-void addSize(VrexSolverBuilder& builder, const Pair& pair, std::size_t index, double unit) {
-    const auto amount = [index](const VrexSolverShape* shape) {
-        return [shape, index, sign = signOf(shape->sizeValue(index))] { return shape->size(index) * sign; };
-    };
-    builder.addTarget(amount(pair.first), amount(pair.second), unit);
+void addSize(RowList& list, const Pair& pair, std::size_t index, double unit) {
+    const double sense = signOf(pair.first->sizeValue(index)) * signOf(pair.second->sizeValue(index));
+    list.add(1, [first = pair.first, second = pair.second, index, sense, unit](VrexVariable* rows) {
+        rows[0] = (first->size(index) - second->size(index) * sense) / unit;
+    });
 }
 
 /// `alignment` is what directions that have no side follow.
-void addImage(VrexSolverBuilder& builder, const Pair& pair, VrexConstraintAlignment alignment) {
-    addPlace(builder, pair);
+void addImage(RowList& list, const Pair& pair, VrexConstraintAlignment alignment) {
+    addPlace(list, pair);
     if (pair.parts.hasDirection) {
         const double cosine = cosineOf(pair.motion.direction(pair.first->axisZ()), pair.second->axisZ());
-        addDirection(builder, pair,
+        addDirection(list, pair,
                      pair.parts.hasSide ? sideOf(pair) : nsSolverDirections::senseOf(alignment, cosine));
     }
     if (pair.parts.hasSecondDirection) {
         const double cosine = cosineOf(pair.motion.direction(pair.first->axisX()), pair.second->axisX());
-        addSecondDirection(builder, pair, nsSolverDirections::senseOf(alignment, cosine));
+        addSecondDirection(list, pair, nsSolverDirections::senseOf(alignment, cosine));
     }
     for (std::size_t i = 0; i < pair.parts.lengths; ++i) {
-        addSize(builder, pair, i, builder.length());
+        addSize(list, pair, i, list.length());
     }
     if (pair.parts.hasAngle) {
-        addSize(builder, pair, 0, 1.0);
+        addSize(list, pair, 0, 1.0);
     }
+}
+
+/// Pairs that hang together, as members of sets do, say some things more than once.
+void addImages(VrexSolverBuilder& builder, const std::vector<Pair>& pairs,
+               VrexConstraintAlignment alignment) {
+    RowList list(builder.length());
+    for (const Pair& pair : pairs) {
+        addImage(list, pair, alignment);
+    }
+    list.giveTo(builder, pairs.size() > 1);
 }
 
 Motion mirrorAt(const VrexSolverShape& plane) {
@@ -247,9 +308,14 @@ void nsImageResiduals::add(VrexSolverBuilder& builder, VrexSymmetry3D& symmetry)
         builder.refuse("A symmetry needs a plane.");
         return;
     }
-    if (const auto pair = read(builder, symmetry, mirrorAt(*plane))) {
-        addImage(builder, *pair, symmetry.alignment());
+    const auto pairs = pairsOf(builder, symmetry.geometry(1), symmetry.geometry(2), mirrorAt(*plane));
+    const bool hasHand =
+        std::any_of(pairs.begin(), pairs.end(), [](const Pair& pair) { return pair.parts.hasHand; });
+    if (pairs.empty() || hasHand) {
+        builder.refuse("A mirror image is supported between two entities of the same make only.");
+        return;
     }
+    addImages(builder, pairs, symmetry.alignment());
 }
 
 void nsImageResiduals::add(VrexSolverBuilder& builder, VrexInstance3D& instance) {
@@ -261,7 +327,18 @@ void nsImageResiduals::add(VrexSolverBuilder& builder, VrexInstance3D& instance)
     Motion motion;
     motion.point = [steps = *steps](const Vector& p) { return steps.moved(p); };
     motion.direction = [steps = *steps](const Vector& v) { return steps.turned(v); };
-    if (const auto pair = read(builder, instance, std::move(motion))) {
-        addImage(builder, *pair, VrexConstraintAlignment::Positive);
+    const auto pairs = pairsOf(builder, instance.geometry(1), instance.geometry(2), motion);
+    if (pairs.empty()) {
+        builder.refuse("An instance is supported between two entities of the same make only.");
+        return;
     }
+    addImages(builder, pairs, VrexConstraintAlignment::Positive);
+}
+
+bool nsImageResiduals::addSame(VrexSolverBuilder& builder, const std::shared_ptr<VrexGeometry3D>& first,
+                               const std::shared_ptr<VrexGeometry3D>& second) {
+    const Map identity = [](const Vector& v) { return v; };
+    const auto pairs = pairsOf(builder, first, second, {identity, identity});
+    addImages(builder, pairs, VrexConstraintAlignment::Current);
+    return !pairs.empty();
 }

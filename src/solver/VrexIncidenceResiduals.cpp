@@ -3,14 +3,20 @@
 #include <cmath>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <utility>
 
 #include "data/constraint/3d/VrexIncidence3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
+#include "data/geometry/3d/VrexLine3D.h"
+#include "data/geometry/3d/VrexSpinSurface3D.h"
+#include "data/geometry/3d/VrexSweepSurface3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexContactPath.h"
 #include "solver/VrexDirectionRows.h"
+#include "solver/VrexImageResiduals.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
 
@@ -26,7 +32,7 @@ double signOf(double value) { return value < 0.0 ? -1.0 : 1.0; }
 /// The rows of one incidence.
 class Incidence {
 public:
-    Incidence(VrexSolverBuilder& builder, const VrexIncidence3D& incidence, const VrexSolverCore& first,
+    Incidence(VrexSolverBuilder& builder, VrexIncidence3D& incidence, const VrexSolverCore& first,
               const VrexSolverCore& second)
         : m_builder(builder), m_incidence(incidence), m_first(first), m_second(second) {
         if (rankOf(second) < rankOf(first)) {
@@ -43,8 +49,11 @@ public:
             m_first.hasOffset() == m_second.hasOffset()) {
             return addEqual();
         }
+        if (!m_first.hasShape()) {
+            return nsImageResiduals::addSame(m_builder, m_first.entity(), m_second.entity());
+        }
         if (isBare(m_first, Kind::POINT)) {
-            return m_second.hasShape() ? addPoint() : addPointOnPath();
+            return m_second.hasShape() && !hasParameter() ? addPoint() : addPointOnPath();
         }
         if (isBare(m_first, Kind::LINE)) {
             return addLine();
@@ -91,13 +100,13 @@ private:
             }
         });
     }
-    void addOriginOnAxis() {
-        m_builder.add(2,
-                      [first = first(), second = second(), length = m_builder.length()](VrexVariable* rows) {
-                          const Vector arm = (first->origin() - second->origin()) / length;
-                          rows[0] = second->axisX().dotProduct(arm);
-                          rows[1] = second->axisY().dotProduct(arm);
-                      });
+    void addOriginOnAxis() { addOriginOnAxis(*second()); }
+    void addOriginOnAxis(const VrexSolverShape& axis) {
+        m_builder.add(2, [first = first(), axis = &axis, length = m_builder.length()](VrexVariable* rows) {
+            const Vector arm = (first->origin() - axis->origin()) / length;
+            rows[0] = axis->axisX().dotProduct(arm);
+            rows[1] = axis->axisY().dotProduct(arm);
+        });
     }
     void addOriginOnOrigin() {
         m_builder.add(3,
@@ -187,6 +196,39 @@ private:
         return true;
     }
 
+    /// Whether the place on the second has a parameter that the caller knows.
+    bool hasParameter() const {
+        return VrexContactHelp::of(m_incidence, m_isSwapped ? 1 : 2).parameter.has_value();
+    }
+
+    /// On a surface that a curve leaves behind a line is a copy of the trajectory, and a circle goes about
+    /// the axis: each through one point of the profile.
+    bool addDrawn(const std::shared_ptr<VrexGeometry3D>& profile, const VrexSolverShape* axis) {
+        const auto curve = VrexSolverCore::of(m_builder, profile, VrexGeometryComponentType::UNKNOWN);
+        if (!curve.has_value() || axis == nullptr) {
+            return false;
+        }
+        nsDirectionRows::addParallel(m_builder, m_incidence, *first(), *axis);
+        if (m_first.kind() == Kind::CIRCLE) {
+            addOriginOnAxis(*axis);
+        }
+        const auto path =
+            nsContactPaths::on(m_builder, *curve, {}, VrexContactHelp::of(m_incidence, m_isSwapped ? 1 : 2));
+        const auto rows = [path, core = m_first, length = m_builder.length()](VrexVariable* values) {
+            const auto touch = nsContactFormulas::touchRows(core, path.contact().point, false);
+            values[0] = touch.rows[0] / length;
+            values[1] = touch.rows[1] / length;
+        };
+        nsContactPaths::scan({path}, [&] {
+            VrexVariable values[2];
+            rows(values);
+            return std::hypot(values[0].value(), values[1].value());
+        });
+        nsContactPaths::settle({path}, 2, rows);
+        m_builder.add(2, rows);
+        return true;
+    }
+
     bool addLine() {
         switch (m_second.kind()) {
         case Kind::PLANE:
@@ -197,6 +239,11 @@ private:
             return addPoint();
         case Kind::CONE:
             return addGenerator();
+        case Kind::SURFACE:
+            if (const auto sweep = std::dynamic_pointer_cast<VrexSweepSurface3D>(m_second.entity())) {
+                return addDrawn(sweep->getProfileCurve(), m_builder.shape(sweep->getTrajectoryLine()));
+            }
+            return false;
         default:
             return false;
         }
@@ -241,6 +288,11 @@ private:
             return addCircleOnCone();
         case Kind::CIRCLE:
             return isMeridian() ? addMeridian() : addCircleOfLatitude();
+        case Kind::SURFACE:
+            if (const auto spin = std::dynamic_pointer_cast<VrexSpinSurface3D>(m_second.entity())) {
+                return addDrawn(spin->getProfileCurve(), m_builder.shape(spin->getAxisLine()));
+            }
+            return false;
         default:
             return false;
         }
@@ -311,7 +363,7 @@ private:
     }
 
     VrexSolverBuilder& m_builder;
-    const VrexIncidence3D& m_incidence;
+    VrexIncidence3D& m_incidence;
     VrexSolverCore m_first;
     VrexSolverCore m_second;
     bool m_isSwapped = false;
@@ -328,7 +380,7 @@ VrexGeometryComponentType componentOf(const VrexIncidence3D& incidence, std::uin
 } // namespace
 
 void nsIncidenceResiduals::add(VrexSolverBuilder& builder, VrexIncidence3D& incidence) {
-    if (nsContactPaths::isHelpHeld(incidence)) {
+    if (VrexContactHelp::asksTooMuch(incidence)) {
         builder.refuse("A help parameter that is held is not supported.");
         return;
     }

@@ -86,7 +86,8 @@ VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool wi
     // Once started the last digits cost one or two steps more, since the convergence is quadratic.
     const double target = 1e-3 * m_tolerance;
     double wanted = m_tolerance;
-    while (!(result.largestResidual <= wanted) && result.iterations < m_maxIterations) {
+    const int mostIterations = system.unknownCount() > 0 ? m_maxIterations : 0; // else nothing can move
+    while (!(result.largestResidual <= wanted) && result.iterations < mostIterations) {
         if (m_keepGoing && !m_keepGoing(result.iterations, result.largestResidual)) {
             result.isCancelled = true;
             break;

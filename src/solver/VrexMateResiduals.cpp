@@ -1,14 +1,21 @@
 #include "solver/VrexMateResiduals.h"
 
+#include <cmath>
 #include <utility>
 
 #include "data/constraint/3d/VrexMate3D.h"
+#include "solver/VrexContactFormulas.h"
 #include "solver/VrexSolverDirections.h"
+#include "solver/VrexSolverNames.h"
 
 namespace {
 
 using nsMateResiduals::Degree;
 using Vector = VrexSolverShape::Vector;
+
+bool isShift(Degree degree) {
+    return degree == Degree::SHIFT_X || degree == Degree::SHIFT_Y || degree == Degree::SHIFT_Z;
+}
 
 /// The second connector as the first one sees it.
 struct Joint {
@@ -16,8 +23,25 @@ struct Joint {
     const VrexSolverShape* second;
     double sense; ///< -1 where the Z axes point opposite ways.
 
-    VrexVariable shift(const Vector& axis) const {
-        return axis.dotProduct(second->origin() - first->origin());
+    /// Both origins as seen from where the first one is now. Apart from each other they have the derivatives
+    /// of one body each, which a number holds without an allocation.
+    struct Arms {
+        Vector first;
+        Vector second;
+    };
+    Arms arms() const {
+        const Vector origin = first->origin();
+        const Vector place = nsContactFormulas::constant(nsContactFormulas::valueOf(origin));
+        return {origin - place, second->origin() - place};
+    }
+    Vector axisOf(Degree shift) const {
+        return shift == Degree::SHIFT_X   ? first->axisX()
+               : shift == Degree::SHIFT_Y ? first->axisY()
+                                          : first->axisZ();
+    }
+    VrexVariable shift(Degree degree, const Arms& arms) const {
+        const Vector axis = axisOf(degree);
+        return axis.dotProduct(arms.second) - axis.dotProduct(arms.first);
     }
     VrexVariable tilt(int index) const {
         return nsSolverDirections::tilt(*first, second->axisZ() * sense, index);
@@ -27,14 +51,8 @@ struct Joint {
         return atan2(first->axisY().dotProduct(x), first->axisX().dotProduct(x));
     }
     VrexVariable swing() const { return nsSolverDirections::angleTo(*first, second->axisZ() * sense); }
-    VrexVariable measure(Degree degree) const {
+    VrexVariable turn(Degree degree) const {
         switch (degree) {
-        case Degree::SHIFT_X:
-            return shift(first->axisX());
-        case Degree::SHIFT_Y:
-            return shift(first->axisY());
-        case Degree::SHIFT_Z:
-            return shift(first->axisZ());
         case Degree::TILT_X:
             return tilt(0);
         case Degree::TILT_Y:
@@ -43,20 +61,27 @@ struct Joint {
             return twist();
         case Degree::SWING:
             return swing();
+        default:
+            return {};
         }
-        return {};
+    }
+    VrexVariable measure(Degree degree) const {
+        return isShift(degree) ? shift(degree, arms()) : turn(degree);
     }
 };
 
-bool isShift(Degree degree) {
-    return degree == Degree::SHIFT_X || degree == Degree::SHIFT_Y || degree == Degree::SHIFT_Z;
+/// An angle is the same one a whole turn on, which may be where the limits are.
+double countedValue(Degree degree, const VrexMateDimension3D& dimension) {
+    return degree == Degree::TWIST
+               ? nsSolverDirections::within(dimension.limits, dimension.value, dimension.value).value()
+               : dimension.value;
 }
 
-/// The free degree as the mate counts it: an angle that passes a half turn goes on growing.
-VrexSolverBuilder::Measure measureOf(const Joint& joint, Degree degree, double known) {
-    return [joint, degree, known] {
+/// The free degree as the mate counts it: an angle passes a half turn where the limits go on beyond it.
+VrexSolverBuilder::Measure measureOf(const Joint& joint, Degree degree, const VrexMateDimension3D& known) {
+    return [joint, degree, limits = known.limits, known = known.value] {
         const VrexVariable value = joint.measure(degree);
-        return degree == Degree::TWIST ? nsSolverDirections::nearTo(value, known) : value;
+        return degree == Degree::TWIST ? nsSolverDirections::within(limits, value, known) : value;
     };
 }
 
@@ -76,9 +101,9 @@ void addHeld(VrexSolverBuilder& builder, const Joint& joint, std::vector<Degree>
     }
     const std::size_t count = held.size();
     builder.add(count, [joint, held = std::move(held), length = builder.length()](VrexVariable* rows) {
+        const Joint::Arms arms = joint.arms();
         for (std::size_t i = 0; i < held.size(); ++i) {
-            const VrexVariable value = joint.measure(held[i]);
-            rows[i] = isShift(held[i]) ? value / length : value;
+            rows[i] = isShift(held[i]) ? joint.shift(held[i], arms) / length : joint.turn(held[i]);
         }
     });
 }
@@ -130,17 +155,28 @@ std::vector<Degree> leftBy(VrexConstraint3DType type) {
     }
 }
 
+/// What differs in the last digits alone stays as it is, so that solving again changes nothing.
+void write(VrexMateDimension3D& dimension, double value, double unit) {
+    constexpr double lastDigits = 1e-12;
+    if (!(std::abs(dimension.value - value) <= lastDigits * unit)) {
+        dimension.value = value;
+    }
+}
+
 void addDimension(VrexSolverBuilder& builder, const Joint& joint, Degree degree,
                   VrexMateDimension3D& dimension) {
-    const auto measure = measureOf(joint, degree, dimension.value);
+    builder.requireFinite(dimension.value);
+    const auto measure = measureOf(joint, degree, dimension);
     const double unit = isShift(degree) ? builder.length() : 1.0;
     if (dimension.fixed()) {
+        const double value = countedValue(degree, dimension);
+        builder.requireWithin(dimension.limits, value);
         builder.addTarget(
-            measure, [value = dimension.value] { return VrexVariable(value); }, unit);
+            measure, [value] { return VrexVariable(value); }, unit);
     } else {
         builder.addLimits(dimension.limits, measure, unit);
     }
-    builder.addResult([&dimension, measure] { dimension.value = measure().value(); });
+    builder.addResult([&dimension, measure, unit] { write(dimension, measure().value(), unit); });
 }
 
 } // namespace
@@ -169,15 +205,16 @@ std::optional<nsMateResiduals::Dimension> nsMateResiduals::dimension(VrexSolverB
     const Degree degree = left[index];
     VrexMateDimension3D& dimension = mate.getDimension(index);
     if (degree != Degree::TWIST) {
-        return Dimension{measureOf(*joint, degree, 0.0), isShift(degree) ? builder.length() : 1.0, false};
+        return Dimension{measureOf(*joint, degree, dimension), isShift(degree) ? builder.length() : 1.0,
+                         false};
     }
     if (counter == nullptr) {
-        const double now = measureOf(*joint, degree, dimension.value)().value();
+        const double now = measureOf(*joint, degree, dimension)().value();
         counter = &builder.model().addNumber(now, false);
     }
     builder.add(1, [joint = *joint, counter](VrexVariable* rows) {
         rows[0] = nsSolverDirections::nearTo(joint.twist(), counter->sizeValue(0)) - counter->size(0);
     });
-    builder.addFinalResult([&dimension, counter] { dimension.value = counter->sizeValue(0); });
+    builder.addFinalResult([&dimension, counter] { write(dimension, counter->sizeValue(0), 1.0); });
     return Dimension{[counter] { return counter->size(0); }, 1.0, true};
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <numbers>
 #include <optional>
 #include <utility>
@@ -74,15 +75,18 @@ public:
         m_isComplete = m_isComplete && m_shapes.back() != nullptr;
     }
     bool isComplete() const { return m_isComplete && !m_shapes.empty(); }
-    std::function<std::vector<VrexVariable>()> parameters() const {
-        return [shapes = m_shapes] {
-            std::vector<VrexVariable> result;
-            result.reserve(3 * shapes.size());
+    /// Good until the next call. A scan asks a thousand times, so that the list is made once.
+    std::function<const std::vector<VrexVariable>&()> parameters() const {
+        const auto list = std::make_shared<std::vector<VrexVariable>>(3 * m_shapes.size());
+        return [shapes = m_shapes, list]() -> const std::vector<VrexVariable>& {
+            auto place = list->begin();
             for (const VrexSolverShape* const shape : shapes) {
                 const Vector position = shape->origin();
-                result.insert(result.end(), {position.x(), position.y(), position.z()});
+                *place++ = position.x();
+                *place++ = position.y();
+                *place++ = position.z();
             }
-            return result;
+            return *list;
         };
     }
 
@@ -293,8 +297,8 @@ void addEnds(VrexSolverBuilder& builder, const VrexSolverShape& parameters, std:
     }
 }
 
-VrexContactPath onCurve(VrexSolverBuilder& builder, const Curve& curve) {
-    const auto help = builder.addHelp({true, false}, {false, false});
+VrexContactPath onCurve(VrexSolverBuilder& builder, const Curve& curve, const std::array<bool, 2>& isFree) {
+    const auto help = builder.addHelp(isFree, {false, false});
     help.body->setSize(0, 0.5 * (curve.range.low + curve.range.high), false);
     addEnds(builder, *help.shape, 0, curve.range, curve.isClosed);
     const auto contact = [at = curve.at, parameter = help.shape] {
@@ -304,8 +308,9 @@ VrexContactPath onCurve(VrexSolverBuilder& builder, const Curve& curve) {
     return {contact, help.body, {curve.range}};
 }
 
-VrexContactPath onSurface(VrexSolverBuilder& builder, const Surface& surface) {
-    const auto help = builder.addHelp({true, true}, {false, surface.isLengthV});
+VrexContactPath onSurface(VrexSolverBuilder& builder, const Surface& surface,
+                          const std::array<bool, 2>& isFree) {
+    const auto help = builder.addHelp(isFree, {false, surface.isLengthV});
     for (const std::size_t i : {0U, 1U}) {
         const Range& range = surface.ranges[i];
         help.body->setSize(i, 0.5 * (range.low + range.high), help.body->isLength(i));
@@ -339,7 +344,8 @@ bool nsParametricPath::canRun(const VrexSolverBuilder& builder,
 }
 
 VrexContactPath nsParametricPath::on(VrexSolverBuilder& builder,
-                                     const std::shared_ptr<VrexGeometry3D>& entity) {
-    return isSurface(entity->type()) ? onSurface(builder, surfaceOf(builder, entity).value())
-                                     : onCurve(builder, curveOf(builder, entity).value());
+                                     const std::shared_ptr<VrexGeometry3D>& entity,
+                                     const VrexContactHelp& help) {
+    return isSurface(entity->type()) ? onSurface(builder, surfaceOf(builder, entity).value(), help.areFree(2))
+                                     : onCurve(builder, curveOf(builder, entity).value(), help.areFree(1));
 }

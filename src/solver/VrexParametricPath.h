@@ -19,12 +19,13 @@ bool isSurface(VrexGeometry3DType kind);
 /// variables and what stands still.
 bool canRun(const VrexSolverBuilder& builder, const std::shared_ptr<VrexGeometry3D>& entity);
 
-/// Throws `std::bad_optional_access` without `canRun`.
+/// Throws `std::bad_optional_access` without `canRun`. Parameters that the help holds keep their values.
 ///
 ///   spline, NURBS        by the library's calculators over the positions of the control points
 ///   evaluated            o + X x + Y y + Z z, with the expressions' numbers X, Y, Z in the frame (o; x, y,
 ///   z) spin                 o + M(v) (C(u) - o), with M the turn by v about the axis line through o sweep
 ///   C(u) + v d
-VrexContactPath on(VrexSolverBuilder& builder, const std::shared_ptr<VrexGeometry3D>& entity);
+VrexContactPath on(VrexSolverBuilder& builder, const std::shared_ptr<VrexGeometry3D>& entity,
+                   const VrexContactHelp& help);
 
 } // namespace nsParametricPath

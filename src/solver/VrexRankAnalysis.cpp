@@ -5,10 +5,12 @@
 #include <cstdint>
 #include <random>
 
-#include <Eigen/SVD>
+#include <Eigen/QR>
 
+#include "solver/VrexDependentGroups.h"
 #include "solver/VrexRowFactor.h"
 #include "solver/VrexSolverSystem.h"
+#include "solver/VrexSpareRows.h"
 
 namespace {
 
@@ -53,27 +55,24 @@ std::size_t slack(const Matrix& jacobian, Eigen::Index firstColumn) {
     return static_cast<std::size_t>(count - factor.rank());
 }
 
-/// The constraints whose rows have a part in the combination.
-std::set<std::size_t> membersOf(const Eigen::VectorXd& parts, const std::vector<std::size_t>& constraints) {
-    std::set<std::size_t> members;
-    for (Eigen::Index i = 0; i < parts.size(); ++i) {
-        if (std::abs(parts[i]) > RANK_TOLERANCE) {
-            members.insert(constraints[static_cast<std::size_t>(i)]);
-        }
-    }
-    return members;
+nsDependentGroups::Relation relationOf(const VrexRowFactor& factor, Eigen::Index row) {
+    const Eigen::VectorXd parts = factor.combination(row);
+    nsDependentGroups::Relation relation{row, parts.sparseView(1.0, RANK_TOLERANCE)};
+    relation.multiples.coeffRef(row) = -1.0;
+    return relation;
 }
 
 } // namespace
 
 VrexRankAnalysis::VrexRankAnalysis(VrexSolverSystem& system) {
     system.evaluate(true, false);
-    const Matrix jacobian = unitRows(system.jacobian());
+    Matrix jacobian = unitRows(system.jacobian());
+    const auto spares = nsSpareRows::clear(jacobian, system, RANK_TOLERANCE);
     const VrexRowFactor factor(jacobian, RANK_TOLERANCE);
     m_freedom =
         static_cast<std::size_t>(system.unknownCount() - factor.rank()) - slack(jacobian, system.firstHelp());
     findMotions(factor, system.unknownCount());
-    findDependence(factor, system);
+    findDependence(factor, system, spares);
 }
 
 void VrexRankAnalysis::findMotions(const VrexRowFactor& factor, Eigen::Index unknowns) {
@@ -84,6 +83,7 @@ void VrexRankAnalysis::findMotions(const VrexRowFactor& factor, Eigen::Index unk
     std::uniform_real_distribution<double> uniform(-1.0, 1.0);
     m_motions = factor.withoutRows(Eigen::MatrixXd::NullaryExpr(
         unknowns, MOTIONS, [&](Eigen::Index, Eigen::Index) { return uniform(random); }));
+    m_leastMotion = STANDING_STILL * std::max(1.0, m_motions.cwiseAbs().maxCoeff());
 }
 
 std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
@@ -92,19 +92,18 @@ std::size_t VrexRankAnalysis::freedomOf(const VrexSolverBody& body) const {
     }
     const auto first = static_cast<Eigen::Index>(body.firstUnknown());
     const auto count = static_cast<Eigen::Index>(body.unknownCount());
-    const Eigen::JacobiSVD<Eigen::MatrixXd> factor(m_motions.middleRows(first, count));
-    const double least = STANDING_STILL * std::max(1.0, m_motions.cwiseAbs().maxCoeff());
-    return static_cast<std::size_t>((factor.singularValues().array() > least).count());
+    using Part = Eigen::Matrix<double, MOTIONS, Eigen::Dynamic, Eigen::ColMajor, MOTIONS, MOTIONS>;
+    const Eigen::ColPivHouseholderQR<Part> factor(m_motions.middleRows(first, count).transpose());
+    return static_cast<std::size_t>((factor.matrixR().diagonal().cwiseAbs().array() > m_leastMotion).count());
 }
 
-void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system) {
-    const std::vector<std::size_t>& constraints = system.rowConstraints();
+void VrexRankAnalysis::findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system,
+                                      const std::unordered_set<Eigen::Index>& spares) {
+    std::vector<nsDependentGroups::Relation> relations;
     for (const Eigen::Index row : factor.dependentRows()) {
-        if (system.isIdle(row)) {
-            continue; // binds nothing where the bodies stand
+        if (!system.isIdle(row) && !spares.contains(row)) { // else it binds nothing where the bodies stand
+            relations.push_back(relationOf(factor, row));
         }
-        std::set<std::size_t> members = membersOf(factor.combination(row), constraints);
-        members.insert(constraints[static_cast<std::size_t>(row)]);
-        m_dependent.emplace(members.begin(), members.end());
     }
+    m_dependent = nsDependentGroups::minimal(relations, system.rowConstraints());
 }

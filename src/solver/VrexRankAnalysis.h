@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <set>
+#include <unordered_set>
 #include <vector>
 
 #include <Eigen/Core>
@@ -30,9 +31,11 @@ public:
 
 private:
     void findMotions(const VrexRowFactor& factor, Eigen::Index unknowns);
-    void findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system);
+    void findDependence(const VrexRowFactor& factor, const VrexSolverSystem& system,
+                        const std::unordered_set<Eigen::Index>& spares);
 
     std::size_t m_freedom = 0;
-    Eigen::MatrixXd m_motions; ///< One column a motion.
+    Eigen::MatrixXd m_motions;  ///< One column a motion.
+    double m_leastMotion = 0.0; ///< What is less counts as standing still.
     std::set<std::vector<std::size_t>> m_dependent;
 };

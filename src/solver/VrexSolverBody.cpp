@@ -48,7 +48,7 @@ void VrexSolverBody::move(const double* step) {
     VrexVector3DT<double> shift;
     for (std::size_t i = 0; i < 3; ++i) {
         if (m_mobility.translations[i]) {
-            shift += m_frame.axes[i] * (*step++ * m_length);
+            shift += m_frame.axes[i] * (*step++ * length());
         }
     }
     VrexVector3DT<double> rotation;

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "solver/VrexSolverFrame.h"
+#include "solver/VrexSolverSpace.h"
 
 /// What of a body the solver may vary, in the body's own axes.
 struct VrexSolverMobility {
@@ -36,13 +37,15 @@ public:
     void setFirstUnknown(std::size_t unknown) { m_firstUnknown = unknown; }
     /// False for a half angle, a pattern's value and the like.
     bool isLength(std::size_t index) const { return m_isLength[index]; }
-    double length() const { return m_length; }
-    void setLength(double length) { m_length = length; }
+    /// The one that it was added to; none before.
+    VrexSolverSpace& space() const { return *m_space; }
+    void setSpace(VrexSolverSpace& space) { m_space = &space; }
+    double length() const { return m_space->length(); }
 
     double size(std::size_t index) const { return m_sizes[index]; }
     void setSize(std::size_t index, double size, bool isLength);
     /// What one unit of the size's unknown is.
-    double sizeUnit(std::size_t index) const { return m_isLength[index] ? m_length : 1.0; }
+    double sizeUnit(std::size_t index) const { return m_isLength[index] ? length() : 1.0; }
 
     /// Whether it ever moved, be it there and back.
     bool hasMoved() const { return m_hasMoved; }
@@ -54,7 +57,7 @@ private:
     VrexSolverMobility m_mobility;
     std::array<double, 2> m_sizes{};
     std::array<bool, 2> m_isLength{true, true};
-    double m_length = 1.0;
+    VrexSolverSpace* m_space = nullptr;
     std::size_t m_firstUnknown = 0;
     bool m_hasMoved = false;
 };

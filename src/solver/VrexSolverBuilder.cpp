@@ -1,5 +1,6 @@
 #include "solver/VrexSolverBuilder.h"
 
+#include <cmath>
 #include <limits>
 #include <stdexcept>
 #include <utility>
@@ -42,21 +43,22 @@ VrexSolverBuilder::Help VrexSolverBuilder::addHelp(const std::array<bool, 2>& is
 }
 
 void VrexSolverBuilder::add(std::size_t rows, Rows evaluate) {
-    m_model.system().addResidual({m_place, rows, false, std::move(evaluate)});
+    m_model.system().addResidual({m_place, rows, false, false, std::move(evaluate)});
+}
+
+void VrexSolverBuilder::addWithSpares(std::size_t rows, Rows evaluate) {
+    m_model.system().addResidual({m_place, rows, false, true, std::move(evaluate)});
 }
 
 void VrexSolverBuilder::addWish(std::size_t rows, Rows evaluate) {
-    m_model.system().addResidual({m_place, rows, true, std::move(evaluate)});
+    m_model.system().addResidual({m_place, rows, true, false, std::move(evaluate)});
 }
 
 void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit) {
     if (!limits.first.has_value() && !limits.second.has_value()) {
         return;
     }
-    if (!areSound(limits)) {
-        throw std::invalid_argument(
-            nsSolverNames::nameOf(*m_constraint).append(" has limits that contradict each other."));
-    }
+    requireSound(limits);
     add(1, [limits, measure, unit](VrexVariable* row) {
         const VrexVariable value = measure();
         if (limits.first.has_value() && value < *limits.first) {
@@ -65,6 +67,29 @@ void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measu
             row[0] = (value - *limits.second) / unit;
         }
     });
+}
+
+void VrexSolverBuilder::blame(const char* reason) const {
+    throw std::invalid_argument(nsSolverNames::nameOf(*m_constraint).append(reason));
+}
+
+void VrexSolverBuilder::requireSound(const VrexDimensionLimits& limits) const {
+    if (!areSound(limits)) {
+        blame(" has limits that contradict each other.");
+    }
+}
+
+void VrexSolverBuilder::requireFinite(double value) const {
+    if (!std::isfinite(value)) {
+        blame(" has a value that is not finite.");
+    }
+}
+
+void VrexSolverBuilder::requireWithin(const VrexDimensionLimits& limits, double value) const {
+    requireSound(limits);
+    if (value < limits.first.value_or(value) || value > limits.second.value_or(value)) {
+        blame(" has a value outside its limits.");
+    }
 }
 
 void VrexSolverBuilder::addTarget(const Measure& measure, const Measure& target, double unit) {

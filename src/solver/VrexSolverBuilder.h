@@ -49,12 +49,18 @@ public:
     /// Null for a null, and for what has no shape.
     const VrexSolverShape* shape(const std::shared_ptr<VrexBaseGeometry>& geometry) const;
     void add(std::size_t rows, Rows evaluate);
+    /// Rows of which some may say what others of them do: that makes no constraint overdefined.
+    void addWithSpares(std::size_t rows, Rows evaluate);
     /// What pulls, but need not be reached.
     void addWish(std::size_t rows, Rows evaluate);
     /// Keeps `measure` between the limits, of which either may be missing. `unit` is what one row is of it:
     /// the component's length for a length, 1 for an angle. Throws `std::invalid_argument` that names the
     /// constraint for limits that contradict each other or are no numbers.
     void addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit);
+    /// Throws `std::invalid_argument` that names the constraint for a value that is not finite.
+    void requireFinite(double value) const;
+    /// Throws likewise for limits that contradict each other or are no numbers, and for a value beyond them.
+    void requireWithin(const VrexDimensionLimits& limits, double value) const;
     /// Keeps `measure` at `target`.
     void addTarget(const Measure& measure, const Measure& target, double unit);
     /// To be asked once all residuals vanish: moves points of contact that are no longer where two entities
@@ -72,6 +78,10 @@ public:
     void writeResults() const;
 
 private:
+    void requireSound(const VrexDimensionLimits& limits) const;
+    /// Throws `std::invalid_argument` with the constraint's name and what is wrong with it.
+    [[noreturn]] void blame(const char* reason) const;
+
     VrexSolverModel& m_model;
     std::size_t m_place = 0;
     const VrexBaseConstraint* m_constraint = nullptr;

@@ -6,6 +6,7 @@
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexParametricPath.h"
 #include "solver/VrexSolverBuilder.h"
+#include "solver/VrexSolverDirections.h"
 
 VrexSolverCore::VrexSolverCore(Kind kind, const VrexSolverShape& shape, std::optional<std::size_t> offset)
     : m_kind(kind), m_shape(&shape), m_offset(offset) {
@@ -29,6 +30,15 @@ void VrexSolverCore::keepSigns(VrexSolverBuilder& builder) const {
     }
 }
 
+std::optional<VrexSolverCore> VrexSolverCore::axisOf(const VrexSolverBuilder& builder,
+                                                     const std::shared_ptr<VrexGeometry3D>& entity,
+                                                     VrexGeometryComponentType component) {
+    const VrexSolverShape* const axis = nsSolverDirections::directed(builder, entity);
+    return component == VrexGeometryComponentType::AXIS && axis != nullptr
+               ? std::optional(VrexSolverCore(Kind::LINE, *axis))
+               : std::nullopt;
+}
+
 std::optional<VrexSolverCore> VrexSolverCore::of(const VrexSolverBuilder& builder,
                                                  const std::shared_ptr<VrexGeometry3D>& entity,
                                                  VrexGeometryComponentType component) {
@@ -39,6 +49,9 @@ std::optional<VrexSolverCore> VrexSolverCore::of(const VrexSolverBuilder& builde
         }
         return VrexSolverCore(nsParametricPath::isSurface(entity->type()) ? Kind::SURFACE : Kind::CURVE,
                               entity);
+    }
+    if (entity != nullptr && entity->type() == VrexGeometry3DType::SPIN_SURFACE) {
+        return axisOf(builder, entity, component);
     }
     const VrexSolverShape* const shape = builder.shape(entity);
     if (shape == nullptr) {

@@ -45,6 +45,11 @@ public:
     VrexSolverCore withoutOffset() const { return {m_kind, *m_shape}; }
 
 private:
+    /// Of a spin surface, which has no other component.
+    static std::optional<VrexSolverCore> axisOf(const VrexSolverBuilder& builder,
+                                                const std::shared_ptr<VrexGeometry3D>& entity,
+                                                VrexGeometryComponentType component);
+
     VrexSolverCore(Kind kind, std::shared_ptr<VrexGeometry3D> entity);
     VrexSolverCore(Kind kind, const VrexSolverShape& shape, std::optional<std::size_t> offset = {});
 

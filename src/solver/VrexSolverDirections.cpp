@@ -1,6 +1,8 @@
 #include "solver/VrexSolverDirections.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 #include "data/geometry/3d/VrexLine3D.h"
@@ -12,6 +14,9 @@ namespace {
 
 /// Below this the sine of an angle says nothing about a direction.
 constexpr double LEAST_SINE = 1e-12;
+
+constexpr double TURN = 2.0 * std::numbers::pi;
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 bool hasDirection(VrexGeometry3DType type) {
     switch (type) {
@@ -55,9 +60,29 @@ double nsSolverDirections::senseOf(VrexConstraintAlignment alignment, double cos
 }
 
 VrexVariable nsSolverDirections::nearTo(VrexVariable angle, double known) {
-    constexpr double turn = 2.0 * std::numbers::pi;
-    angle += turn * std::round((known - angle.value()) / turn);
+    angle += TURN * std::round((known - angle.value()) / TURN);
     return angle;
+}
+
+VrexVariable nsSolverDirections::within(const VrexDimensionLimits& limits, const VrexVariable& angle,
+                                        double known) {
+    VrexVariable result = nearTo(angle, known);
+    const double low = limits.first.value_or(-INFINITE);
+    const double high = limits.second.value_or(INFINITE);
+    if (high - low >= TURN && low <= known && known <= high) {
+        return result;
+    }
+    const double excess = std::max(low - result.value(), result.value() - high);
+    if (!(excess > 0.0 && std::isfinite(excess))) {
+        return result;
+    }
+    // Short of the limit by less than a turn, or past it and perhaps beyond the other one.
+    const double turns = std::ceil(excess / TURN);
+    const double shortBy = excess - (turns - 1.0) * TURN;
+    const double beyondBy = TURN - shortBy - (high - low);
+    const double way = result.value() < low ? TURN : -TURN;
+    result += way * (beyondBy < shortBy ? turns : turns - 1.0);
+    return result;
 }
 
 VrexVariable nsSolverDirections::tilt(const VrexSolverShape& shape, const Vector& direction, int index) {

@@ -4,6 +4,7 @@
 
 #include "data/VrexVariable.h"
 #include "data/constraint/VrexConstraintAlignment.h"
+#include "data/constraint/VrexDimensionLimits.h"
 #include "solver/VrexSolverShape.h"
 
 class VrexBaseGeometry;
@@ -25,6 +26,11 @@ double senseOf(VrexConstraintAlignment alignment, double cosine);
 
 /// Of the angles that differ by whole turns the one next to `known`.
 VrexVariable nearTo(VrexVariable angle, double known);
+
+/// Of the angles that differ by whole turns the one that lies within the limits, next to `known` where there
+/// are several, else the one that is least beyond them. Limits that leave room for a whole turn count turns:
+/// from a `known` within them the angle goes on without a jump.
+VrexVariable within(const VrexDimensionLimits& limits, const VrexVariable& angle, double known);
 
 /// One of two numbers, of index 0 and 1, that vanish where the unit vector `direction` points along the third
 /// axis of `shape`, and there alone. With t the angle between them, their root of squares is 2 tan(t / 2) up

@@ -112,32 +112,42 @@ private:
     std::unordered_map<const VrexBaseGeometry*, std::size_t> m_places;
 };
 
-/// What is completely fixed, by its constraints.
-std::unordered_set<const VrexBaseGeometry*> fixedOf(const VrexSolverModel::Constraints& constraints) {
-    std::unordered_set<const VrexBaseGeometry*> result;
-    for (const auto& constraint : constraints) {
-        if (constraint != nullptr && constraint->isCompleteFixed() && !constraint->getGeometries().empty()) {
-            result.insert(constraint->getGeometries().front().get());
+/// Those that constraints say so of, and what they are made of, such as control points.
+class CompletelyFixed {
+public:
+    explicit CompletelyFixed(const VrexSolverModel::Constraints& constraints) {
+        for (const auto& constraint : constraints) {
+            if (constraint != nullptr && constraint->isCompleteFixed() &&
+                !constraint->getGeometries().empty()) {
+                add(constraint->getGeometries().front());
+            }
         }
     }
-    return result;
-}
 
-bool isFinite(const VrexVector3DT<double>& v) {
-    return std::isfinite(v.x()) && std::isfinite(v.y()) && std::isfinite(v.z());
-}
+    bool contains(const std::shared_ptr<VrexBaseGeometry>& geometry) const {
+        return m_known.contains(geometry.get());
+    }
 
-bool isFinite(const VrexSolverEntity& entity) {
-    return isFinite(entity.frame.origin) && isFinite(entity.frame.axes[0]) &&
-           isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
-}
+private:
+    /// The number of a pattern is one thing, the line along which it counts another.
+    static bool hasLineOfItsOwn(const VrexBaseGeometry& geometry) {
+        return dynamic_cast<const VrexPattern3D*>(&geometry) != nullptr;
+    }
+    void add(const std::shared_ptr<VrexBaseGeometry>& fixed) {
+        Geometries open{fixed};
+        while (!open.empty()) {
+            const auto geometry = open.back();
+            open.pop_back();
+            if (geometry == nullptr || !m_known.insert(geometry.get()).second || hasLineOfItsOwn(*geometry)) {
+                continue;
+            }
+            const auto parts = geometry->getGeometries();
+            open.insert(open.end(), parts.begin(), parts.end());
+        }
+    }
 
-/// Whether it stands nowhere for the sake of what carries it, which is an entity of its own.
-bool isCarriedNowhere(const VrexBaseGeometry& entity) {
-    const auto* const connector = dynamic_cast<const VrexConnector3D*>(&entity);
-    return connector != nullptr && connector->getRigidSet() != nullptr &&
-           !isFinite(*VrexSolverEntity::of(*connector->getRigidSet()));
-}
+    std::unordered_set<const VrexBaseGeometry*> m_known;
+};
 
 bool isLength(const VrexDimension3D& dimension) {
     switch (dimension.type()) {
@@ -291,10 +301,10 @@ const VrexSolverShape& VrexSolverModel::addNumber(double value, bool isLength) {
 }
 
 void VrexSolverModel::addBodies(const std::vector<Geometries>& groups, const Constraints& constraints) {
-    const auto fixed = fixedOf(constraints);
+    const CompletelyFixed fixed(constraints);
     for (const Geometries& group : groups) {
         group.size() > 1 ? addSet(group) : addFree(group.front());
-        const auto isFixed = [&fixed](const auto& entity) { return fixed.contains(entity.get()); };
+        const auto isFixed = [&fixed](const auto& entity) { return fixed.contains(entity); };
         if (std::any_of(group.begin(), group.end(), isFixed) && m_carriers.back().body != nullptr) {
             m_carriers.back().body->fix();
         }
@@ -308,7 +318,6 @@ void VrexSolverModel::addSet(const Geometries& entities) {
     for (const auto& entity : entities) {
         known.push_back(VrexSolverEntity::of(*entity));
         if (known.back().has_value()) {
-            noteUnlessFinite(*known.back(), *entity);
             middle += known.back()->frame.origin;
             count += 1.0;
         }
@@ -335,7 +344,6 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
         m_carriers.push_back({nullptr, {}, {entity}, false});
         return;
     }
-    noteUnlessFinite(*known, *entity);
     VrexSolverBody& body = m_system.addBody({known->frame, known->mobility});
     for (const std::size_t i : {0U, 1U}) {
         body.setSize(i, known->sizes[i], known->isLength[i]);
@@ -344,12 +352,6 @@ void VrexSolverModel::addFree(const std::shared_ptr<VrexBaseGeometry>& entity) {
     carried.body = &body;
     carried.shape.emplace(body, VrexSolverFrame());
     m_carriers.push_back({&body, known->frame, {entity}, false});
-}
-
-void VrexSolverModel::noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity) {
-    if (m_notFinite == nullptr && !isFinite(known) && !isCarriedNowhere(entity)) {
-        m_notFinite = &entity;
-    }
 }
 
 const VrexSolverShape* VrexSolverModel::shape(const VrexBaseGeometry& geometry) const {

@@ -17,7 +17,6 @@ class VrexBaseConstraint;
 class VrexBaseGeometry;
 class VrexDimension3D;
 class VrexGeometryVariable;
-struct VrexSolverEntity;
 
 /// A component in the solver's terms: which entities move as one, what may move, and where each stands on
 /// its body.
@@ -51,9 +50,6 @@ public:
     /// Whether a constraint of its own keeps the two parallel, so that others need not say so again.
     bool isHeldParallel(const VrexBaseGeometry& first, const VrexBaseGeometry& second) const;
 
-    /// An entity with a number that is not finite, for which nothing can be solved; null where there is none.
-    const VrexBaseGeometry* notFinite() const { return m_notFinite; }
-
     /// Writes where the bodies stand into the entities. Those whose body has not moved are left as they are.
     void writeBack() const;
 
@@ -74,7 +70,6 @@ private:
     void addBodies(const std::vector<Geometries>& groups, const Constraints& constraints);
     void addSet(const Geometries& entities);
     void addFree(const std::shared_ptr<VrexBaseGeometry>& entity);
-    void noteUnlessFinite(const VrexSolverEntity& known, const VrexBaseGeometry& entity);
     void writeSet(const Carrier& carrier) const;
     /// Numbers that stand for lengths are counted in lengths.
     void findLengths(const Constraints& constraints);
@@ -83,7 +78,6 @@ private:
     VrexSolverSystem m_system;
     std::vector<Carrier> m_carriers;
     std::unordered_map<const VrexBaseGeometry*, Carried> m_carried;
-    const VrexBaseGeometry* m_notFinite = nullptr;
     std::deque<VrexSolverShape> m_numbers;
     std::unordered_map<const VrexDimension3D*, const VrexSolverShape*> m_commonValues;
     std::set<std::pair<const VrexBaseGeometry*, const VrexBaseGeometry*>> m_parallel;

@@ -28,8 +28,9 @@ struct VrexSolverComponentReport {
     std::size_t freedom = 0;
     /// Entities in the order of the component, those that others carry included.
     std::vector<VrexSolverFreedom> freedoms;
-    /// Identifiers of constraints that say the same or contradict each other; leaving out any one of a group
-    /// ends that.
+    /// Identifiers of constraints that contradict each other or say the same; leaving out any one of a group
+    /// ends that. Where the component is solved they say the same. Else groups that contradict each other
+    /// come first; what says the same, and the freedom, are those of a pose without the last one of each.
     std::vector<std::vector<std::uint64_t>> overConstrained;
     std::vector<VrexSolverRemark> remarks;
     /// Why the component was not tried, or what ended it; else empty.

@@ -12,6 +12,8 @@ struct VrexSolverResidual {
     std::size_t rows = 0;
     /// A wish: it pulls as long as the constraints are not, and counts for nothing in the end.
     bool isSoft = false;
+    /// Rows that follow from others of the residual say nothing new, and that is no harm.
+    bool hasSpares = false;
     /// Writes one number a row, with its derivatives by the unknowns. A row without derivatives binds
     /// nothing where the bodies stand, such as a limit that is kept.
     std::function<void(VrexVariable* rows)> evaluate;

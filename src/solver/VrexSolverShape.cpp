@@ -34,6 +34,9 @@ std::size_t translationCount(const VrexSolverBody& body) {
 Vector VrexSolverShape::point(const VrexVector3DT<double>& local) const {
     const VrexVector3DT<double> arm = m_body->frame().vectorOf(local);
     Vector result = constant(m_body->frame().origin + arm);
+    if (!m_body->space().hasDerivatives()) {
+        return result;
+    }
     std::size_t unknown = m_body->firstUnknown();
     for (std::size_t i = 0; i < 3; ++i) {
         if (m_body->mobility().translations[i]) {
@@ -47,13 +50,16 @@ Vector VrexSolverShape::point(const VrexVector3DT<double>& local) const {
 Vector VrexSolverShape::vector(const VrexVector3DT<double>& local) const {
     const VrexVector3DT<double> v = m_body->frame().vectorOf(local);
     Vector result = constant(v);
+    if (!m_body->space().hasDerivatives()) {
+        return result;
+    }
     addTurns(result, *m_body, m_body->firstUnknown() + translationCount(*m_body), v);
     return result;
 }
 
 VrexVariable VrexSolverShape::size(std::size_t index) const {
     VrexVariable result(sizeValue(index));
-    if (m_hasOwnSizes || !m_body->mobility().sizes[index]) {
+    if (m_hasOwnSizes || !m_body->mobility().sizes[index] || !m_body->space().hasDerivatives()) {
         return result;
     }
     std::size_t unknown = m_body->firstUnknown() + m_body->unknownCount() - 1;

@@ -1,9 +1,31 @@
 #include "solver/VrexSolverSystem.h"
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 #include <utility>
 
-VrexSolverBody& VrexSolverSystem::addBody(const VrexSolverBody& body) { return m_bodies.emplace_back(body); }
+namespace {
+
+/// What is this small beside the largest derivative of its row is left of directions at right angles, and
+/// comes and goes from place to place.
+constexpr double ROUNDING = 1e-14;
+
+double largestFinite(const VrexVariable::Derivatives& derivatives) {
+    double largest = 0.0;
+    for (const auto& entry : derivatives) {
+        largest = std::isfinite(entry.value) ? std::max(largest, std::abs(entry.value)) : largest;
+    }
+    return largest;
+}
+
+} // namespace
+
+VrexSolverBody& VrexSolverSystem::addBody(const VrexSolverBody& body) {
+    VrexSolverBody& added = m_bodies.emplace_back(body);
+    added.setSpace(m_space);
+    return added;
+}
 
 void VrexSolverSystem::addResidual(VrexSolverResidual residual) {
     m_rowConstraints.insert(m_rowConstraints.end(), residual.rows, residual.constraint);
@@ -12,10 +34,9 @@ void VrexSolverSystem::addResidual(VrexSolverResidual residual) {
 }
 
 void VrexSolverSystem::numberUnknowns(double length) {
-    m_length = length;
+    m_space.setLength(length);
     std::size_t unknown = 0;
     for (VrexSolverBody& body : m_bodies) {
-        body.setLength(length);
         body.setFirstUnknown(unknown);
         unknown += body.unknownCount();
     }
@@ -24,8 +45,7 @@ void VrexSolverSystem::numberUnknowns(double length) {
 }
 
 VrexSolverBody& VrexSolverSystem::addHelp(const VrexSolverBody& body) {
-    VrexSolverBody& help = m_bodies.emplace_back(body);
-    help.setLength(m_length);
+    VrexSolverBody& help = addBody(body);
     help.setFirstUnknown(static_cast<std::size_t>(m_unknownCount));
     m_unknownCount += static_cast<Eigen::Index>(help.unknownCount());
     return help;
@@ -33,12 +53,17 @@ VrexSolverBody& VrexSolverSystem::addHelp(const VrexSolverBody& body) {
 
 void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {
     m_values.setZero(m_rowCount);
-    m_entries.clear();
-    m_rowEntries.assign(static_cast<std::size_t>(m_rowCount), 0);
+    std::optional<VrexSolverSpace::ValuesOnly> valuesOnly;
+    if (withDerivatives) {
+        m_entries.clear();
+        m_rowEntries.assign(static_cast<std::size_t>(m_rowCount), 0);
+    } else {
+        valuesOnly.emplace(m_space);
+    }
     Eigen::Index row = 0;
     for (const VrexSolverResidual& residual : m_residuals) {
-        if (!residual.isSoft || withWishes) {
-            addRows(row, residual, withDerivatives);
+        if (isInForce(residual, withWishes)) {
+            addRows(row, residual);
         }
         row += static_cast<Eigen::Index>(residual.rows);
     }
@@ -48,21 +73,27 @@ void VrexSolverSystem::evaluate(bool withDerivatives, bool withWishes) {
     }
 }
 
-void VrexSolverSystem::addRows(Eigen::Index row, const VrexSolverResidual& residual, bool withDerivatives) {
+void VrexSolverSystem::holdOnly(const std::vector<std::size_t>& constraints) {
+    m_held.emplace(constraints.begin(), constraints.end());
+}
+
+bool VrexSolverSystem::isInForce(const VrexSolverResidual& residual, bool withWishes) const {
+    return residual.isSoft ? withWishes : !m_held.has_value() || m_held->contains(residual.constraint);
+}
+
+void VrexSolverSystem::addRows(Eigen::Index row, const VrexSolverResidual& residual) {
     m_rows.assign(residual.rows, VrexVariable());
     residual.evaluate(m_rows.data());
     for (const VrexVariable& value : m_rows) {
-        addRow(row++, value, withDerivatives);
+        addRow(row++, value);
     }
 }
 
-void VrexSolverSystem::addRow(Eigen::Index row, const VrexVariable& value, bool withDerivatives) {
+void VrexSolverSystem::addRow(Eigen::Index row, const VrexVariable& value) {
     m_values[row] = value.value();
-    if (!withDerivatives) {
-        return;
-    }
+    const double least = ROUNDING * largestFinite(value.derivatives());
     for (const auto& entry : value.derivatives()) {
-        if (entry.value != 0.0) {
+        if (!(std::abs(entry.value) <= least)) { // also what is not finite
             ++m_rowEntries[static_cast<std::size_t>(row)];
             m_entries.emplace_back(row, static_cast<Eigen::Index>(entry.key), entry.value);
         }

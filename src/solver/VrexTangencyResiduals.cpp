@@ -1,13 +1,14 @@
 #include "solver/VrexTangencyResiduals.h"
 
 #include <cstddef>
-#include <optional>
+#include <cstdint>
 #include <vector>
 
 #include "data/constraint/3d/VrexTangency3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/VrexContactFormulas.h"
 #include "solver/VrexContactGap.h"
+#include "solver/VrexContactHelp.h"
 #include "solver/VrexContactPath.h"
 #include "solver/VrexSolverBuilder.h"
 #include "solver/VrexSolverCore.h"
@@ -52,13 +53,13 @@ void addLineAndRim(VrexSolverBuilder& builder, const VrexSolverShape& line, cons
 /// A tangency by two points of contact that meet.
 class Contact {
 public:
-    Contact(VrexSolverBuilder& builder, const VrexTangency3D& tangency, const VrexSolverCore& first,
+    Contact(VrexSolverBuilder& builder, VrexTangency3D& tangency, const VrexSolverCore& first,
             const VrexSolverCore& second, bool isSwapped = false)
         : m_builder(builder),
-          m_help1(nsContactPaths::helpPointOf(tangency, isSwapped ? 2 : 1)),
-          m_help2(nsContactPaths::helpPointOf(tangency, isSwapped ? 1 : 2)),
-          m_first(nsContactPaths::on(builder, first, middleOf(second))),
-          m_second(nsContactPaths::on(builder, second, middleOf(first))) {}
+          m_first(nsContactPaths::on(builder, first, middleOf(second),
+                                     VrexContactHelp::of(tangency, isSwapped ? 2 : 1))),
+          m_second(nsContactPaths::on(builder, second, middleOf(first),
+                                      VrexContactHelp::of(tangency, isSwapped ? 1 : 2))) {}
 
     void add() const {
         const std::size_t directions = m_second.parameterCount() == 1 ? 2 : m_first.parameterCount();
@@ -116,16 +117,10 @@ private:
         };
     }
 
-    /// At the help points, else where the two are nearest to touching.
+    /// Where no help says otherwise the two are nearest to touching.
     void start(const VrexSolverBuilder::Rows& rows, std::size_t count) const {
         std::vector<VrexVariable> values(count);
         nsContactPaths::scan({m_first, m_second}, [&] {
-            const auto p = nsContactFormulas::valueOf(m_first.contact().point);
-            const auto q = nsContactFormulas::valueOf(m_second.contact().point);
-            if (m_help1.has_value() || m_help2.has_value()) {
-                return (m_help1.has_value() ? (p - *m_help1).magnitudeSquared() : 0.0) +
-                       (m_help2.has_value() ? (q - *m_help2).magnitudeSquared() : 0.0);
-            }
             rows(values.data());
             double cost = 0.0;
             for (const VrexVariable& value : values) {
@@ -136,8 +131,6 @@ private:
     }
 
     VrexSolverBuilder& m_builder;
-    std::optional<VrexVector3DT<double>> m_help1;
-    std::optional<VrexVector3DT<double>> m_help2;
     VrexContactPath m_first;
     VrexContactPath m_second;
 };
@@ -153,7 +146,7 @@ bool areBothTraced(const VrexSolverCore& first, const VrexSolverCore& second) {
 } // namespace
 
 void nsTangencyResiduals::add(VrexSolverBuilder& builder, VrexTangency3D& tangency) {
-    if (nsContactPaths::isHelpHeld(tangency)) {
+    if (VrexContactHelp::asksTooMuch(tangency)) {
         builder.refuse("A help parameter that is held is not supported.");
         return;
     }
@@ -169,12 +162,13 @@ void nsTangencyResiduals::add(VrexSolverBuilder& builder, VrexTangency3D& tangen
         builder.add(1, [gap, length](VrexVariable* rows) { rows[0] = gap() / length; });
         return;
     }
-    const auto isRim = [](const VrexSolverCore& core) {
-        return core.kind() == Kind::CIRCLE || core.kind() == Kind::ELLIPSE;
+    const auto isRim = [&](const VrexSolverCore& core, std::uint32_t number) {
+        return core.kind() == Kind::CIRCLE ||
+               (core.kind() == Kind::ELLIPSE && !VrexContactHelp::of(tangency, number).parameter.has_value());
     };
-    if (first->kind() == Kind::LINE && isRim(*second)) {
+    if (first->kind() == Kind::LINE && isRim(*second, 2)) {
         addLineAndRim(builder, first->shape(), *second);
-    } else if (second->kind() == Kind::LINE && isRim(*first)) {
+    } else if (second->kind() == Kind::LINE && isRim(*first, 1)) {
         addLineAndRim(builder, second->shape(), *first);
     } else if (first->kind() == Kind::SURFACE) {
         Contact(builder, tangency, *second, *first, true).add(); // the surface comes second

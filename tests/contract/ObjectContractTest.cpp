@@ -35,137 +35,138 @@ std::shared_ptr<BodyConstraint> makeSample() {
 
 namespace {
 
-template <class Object>
-class ObjectContract : public testing::Test {
+class ObjectContract : public testing::TestWithParam<ObjectKind> {
 protected:
-    std::shared_ptr<VrexBaseObject> m_object = makeSample<Object>();
+    std::shared_ptr<VrexBaseObject> m_object = GetParam().makeSample();
 
     ObjectMark mark() const { return ObjectMark(m_object); }
 };
 
-TYPED_TEST_SUITE(ObjectContract, ConcreteObjectClasses<BodyConstraint>);
+INSTANTIATE_TEST_SUITE_P(Kinds, ObjectContract,
+                         testing::ValuesIn(concreteObjectKinds<VrexBaseObject, BodyConstraint>()),
+                         nameOfKind);
 
-TYPED_TEST(ObjectContract, CopyIsAnEqualObjectOfTheSameClass) {
-    this->m_object->setID(17);
-    this->m_object->label() = "seventeen";
-    this->m_object->setDirty(false);
-    this->m_object->backup();
+TEST_P(ObjectContract, CopyIsAnEqualObjectOfTheSameClass) {
+    m_object->setID(17);
+    m_object->label() = "seventeen";
+    m_object->setDirty(false);
+    m_object->backup();
 
-    const auto copy = this->m_object->makeCopy();
+    const auto copy = m_object->makeCopy();
 
-    ASSERT_NE(copy, this->m_object);
+    ASSERT_NE(copy, m_object);
     const VrexBaseObject& copied = *copy;
-    EXPECT_EQ(typeid(copied), typeid(TypeParam));
-    EXPECT_TRUE(copied.isEqualParameters(*this->m_object));
-    EXPECT_EQ(copied.baseType(), this->m_object->baseType());
+    EXPECT_EQ(typeid(copied), *GetParam().type);
+    EXPECT_TRUE(copied.isEqualParameters(*m_object));
+    EXPECT_EQ(copied.baseType(), m_object->baseType());
     EXPECT_EQ(copied.getID(), 17U);
     EXPECT_EQ(copied.label(), "seventeen");
     EXPECT_FALSE(copied.isDirty());
     EXPECT_EQ(copy->shared_from_this(), copy);
 }
 
-TYPED_TEST(ObjectContract, CopySharesNoValues) {
-    const double before = this->mark().get();
-    ObjectMark(this->m_object->makeCopy()).set(before + 1.0);
-    EXPECT_EQ(this->mark().get(), before);
+TEST_P(ObjectContract, CopySharesNoValues) {
+    const double before = mark().get();
+    ObjectMark(m_object->makeCopy()).set(before + 1.0);
+    EXPECT_EQ(mark().get(), before);
 }
 
-TYPED_TEST(ObjectContract, CopySharesTheBackup) {
-    const double before = this->mark().get();
-    this->m_object->backup();
-    this->mark().set(before + 1.0);
-    const auto copy = this->m_object->makeCopy();
+TEST_P(ObjectContract, CopySharesTheBackup) {
+    const double before = mark().get();
+    m_object->backup();
+    mark().set(before + 1.0);
+    const auto copy = m_object->makeCopy();
     copy->restore();
     EXPECT_EQ(ObjectMark(copy).get(), before);
-    EXPECT_EQ(this->mark().get(), before + 1.0);
-    this->m_object->restore();
-    EXPECT_EQ(this->mark().get(), before);
+    EXPECT_EQ(mark().get(), before + 1.0);
+    m_object->restore();
+    EXPECT_EQ(mark().get(), before);
 }
 
-TYPED_TEST(ObjectContract, RestoreWalksBackTheBackupChainAndStops) {
+TEST_P(ObjectContract, RestoreWalksBackTheBackupChainAndStops) {
     for (const double value : {10.0, 20.0, 30.0}) {
-        this->mark().set(value);
-        this->m_object->backup();
+        mark().set(value);
+        m_object->backup();
     }
-    this->mark().set(40.0);
+    mark().set(40.0);
     for (const double expected : {30.0, 20.0, 10.0, 10.0}) {
-        this->m_object->restore();
-        EXPECT_EQ(this->mark().get(), expected);
+        m_object->restore();
+        EXPECT_EQ(mark().get(), expected);
     }
 }
 
-TYPED_TEST(ObjectContract, RestoreKeepsIdentifierAndLabel) {
-    this->m_object->setID(1);
-    this->m_object->label() = "old";
-    this->m_object->backup();
-    this->m_object->setID(2);
-    this->m_object->label() = "new";
-    this->m_object->restore();
-    EXPECT_EQ(this->m_object->getID(), 2U);
-    EXPECT_EQ(this->m_object->label(), "new");
+TEST_P(ObjectContract, RestoreKeepsIdentifierAndLabel) {
+    m_object->setID(1);
+    m_object->label() = "old";
+    m_object->backup();
+    m_object->setID(2);
+    m_object->label() = "new";
+    m_object->restore();
+    EXPECT_EQ(m_object->getID(), 2U);
+    EXPECT_EQ(m_object->label(), "new");
 }
 
-TYPED_TEST(ObjectContract, RestoreAndUpdateLeaveTheOwner) {
-    const auto other = this->m_object->makeCopy();
-    this->m_object->backup();
-    const long owners = this->m_object.use_count();
+TEST_P(ObjectContract, RestoreAndUpdateLeaveTheOwner) {
+    const auto other = m_object->makeCopy();
+    m_object->backup();
+    const long owners = m_object.use_count();
 
-    this->m_object->restore();
-    EXPECT_EQ(this->m_object->shared_from_this(), this->m_object);
-    this->m_object->updateFrom(other);
-    EXPECT_EQ(this->m_object->shared_from_this(), this->m_object);
+    m_object->restore();
+    EXPECT_EQ(m_object->shared_from_this(), m_object);
+    m_object->updateFrom(other);
+    EXPECT_EQ(m_object->shared_from_this(), m_object);
     EXPECT_EQ(other->shared_from_this(), other);
 
-    EXPECT_EQ(this->m_object.use_count(), owners);
-    const auto again = this->m_object->shared_from_this();
-    EXPECT_FALSE(again.owner_before(this->m_object) || this->m_object.owner_before(again));
+    EXPECT_EQ(m_object.use_count(), owners);
+    const auto again = m_object->shared_from_this();
+    EXPECT_FALSE(again.owner_before(m_object) || m_object.owner_before(again));
 }
 
-TYPED_TEST(ObjectContract, UpdateTakesValuesAndKeepsIdentifierAndLabel) {
-    const auto other = this->m_object->makeCopy();
+TEST_P(ObjectContract, UpdateTakesValuesAndKeepsIdentifierAndLabel) {
+    const auto other = m_object->makeCopy();
     other->setID(99);
     other->label() = "other";
     ObjectMark(other).set(123.0);
-    this->m_object->setID(5);
-    this->m_object->label() = "mine";
+    m_object->setID(5);
+    m_object->label() = "mine";
 
-    this->m_object->updateFrom(other);
+    m_object->updateFrom(other);
 
-    EXPECT_EQ(this->mark().get(), 123.0);
-    EXPECT_TRUE(this->m_object->isEqualParameters(*other));
-    EXPECT_EQ(this->m_object->getID(), 5U);
-    EXPECT_EQ(this->m_object->label(), "mine");
+    EXPECT_EQ(mark().get(), 123.0);
+    EXPECT_TRUE(m_object->isEqualParameters(*other));
+    EXPECT_EQ(m_object->getID(), 5U);
+    EXPECT_EQ(m_object->label(), "mine");
 }
 
-TYPED_TEST(ObjectContract, UpdateFromItselfChangesNothing) {
-    const auto before = this->m_object->makeCopy();
-    this->m_object->setID(5);
-    this->m_object->label() = "mine";
-    this->m_object->updateFrom(this->m_object);
-    EXPECT_TRUE(this->m_object->isEqualParameters(*before));
-    EXPECT_EQ(this->m_object->getID(), 5U);
-    EXPECT_EQ(this->m_object->label(), "mine");
+TEST_P(ObjectContract, UpdateFromItselfChangesNothing) {
+    const auto before = m_object->makeCopy();
+    m_object->setID(5);
+    m_object->label() = "mine";
+    m_object->updateFrom(m_object);
+    EXPECT_TRUE(m_object->isEqualParameters(*before));
+    EXPECT_EQ(m_object->getID(), 5U);
+    EXPECT_EQ(m_object->label(), "mine");
 }
 
-TYPED_TEST(ObjectContract, UpdateFromAnotherClassThrowsAndChangesNothing) {
-    const auto before = this->m_object->makeCopy();
-    this->m_object->setID(5);
-    this->m_object->label() = "mine";
-    EXPECT_THROW(this->m_object->updateFrom(ProbeObject::create(3)), std::bad_cast);
-    EXPECT_TRUE(this->m_object->isEqualParameters(*before));
-    EXPECT_EQ(this->m_object->getID(), 5U);
-    EXPECT_EQ(this->m_object->label(), "mine");
+TEST_P(ObjectContract, UpdateFromAnotherClassThrowsAndChangesNothing) {
+    const auto before = m_object->makeCopy();
+    m_object->setID(5);
+    m_object->label() = "mine";
+    EXPECT_THROW(m_object->updateFrom(ProbeObject::create(3)), std::bad_cast);
+    EXPECT_TRUE(m_object->isEqualParameters(*before));
+    EXPECT_EQ(m_object->getID(), 5U);
+    EXPECT_EQ(m_object->label(), "mine");
 }
 
-TYPED_TEST(ObjectContract, AcceptCallsTheVisitOfItsOwnClassFirst) {
+TEST_P(ObjectContract, AcceptCallsTheVisitOfItsOwnClassFirst) {
     RecordingVisitor visitor;
-    this->m_object->accept(visitor);
+    m_object->accept(visitor);
     ASSERT_FALSE(visitor.visits.empty());
-    EXPECT_EQ(visitor.visits.front(), ObjectClass<TypeParam>::VISIT_NAME);
+    EXPECT_EQ(visitor.visits.front(), GetParam().visitName);
     EXPECT_EQ(visitor.visits.back(), "visitBaseObject");
 }
 
-TYPED_TEST(ObjectContract, NamePrefixIsThatOfTheClass) {
+TEST_P(ObjectContract, NamePrefixIsThatOfTheClass) {
     static const std::map<std::string, std::string> prefixes{{"VrexPoint3D", "p"},
                                                              {"VrexTorus3D", "tor"},
                                                              {"VrexLine3D", "l"},
@@ -187,24 +188,24 @@ TYPED_TEST(ObjectContract, NamePrefixIsThatOfTheClass) {
                                                              {"VrexArrayPattern3D", "a_pat"},
                                                              {"VrexEqualDimensionElement3D", "eq_d_ele"},
                                                              {"VrexGeometryVariable", "v"}};
-    const auto expected = prefixes.find(ObjectClass<TypeParam>::NAME);
+    const auto expected = prefixes.find(GetParam().name);
     if (expected != prefixes.end()) {
-        EXPECT_EQ(this->m_object->getNamePrefix(), expected->second);
-    } else if (this->m_object->baseType() == VrexObjectType::Equation) {
-        EXPECT_STREQ(this->m_object->getNamePrefix(), "eq");
+        EXPECT_EQ(m_object->getNamePrefix(), expected->second);
+    } else if (m_object->baseType() == VrexObjectType::Equation) {
+        EXPECT_STREQ(m_object->getNamePrefix(), "eq");
     } else {
-        ASSERT_EQ(this->m_object->baseType(), VrexObjectType::Constraint);
-        EXPECT_STREQ(this->m_object->getNamePrefix(), "c");
+        ASSERT_EQ(m_object->baseType(), VrexObjectType::Constraint);
+        EXPECT_STREQ(m_object->getNamePrefix(), "c");
     }
 }
 
-TYPED_TEST(ObjectContract, LongBackupChainIsReleasedOnASmallStack) {
-    std::weak_ptr<VrexBaseObject> gone = this->m_object;
+TEST_P(ObjectContract, LongBackupChainIsReleasedOnASmallStack) {
+    std::weak_ptr<VrexBaseObject> gone = m_object;
     runOnSmallStack([this] {
         for (int level = 0; level < 20'000; ++level) {
-            this->m_object->backup();
+            m_object->backup();
         }
-        this->m_object.reset();
+        m_object.reset();
     });
     EXPECT_TRUE(gone.expired());
 }

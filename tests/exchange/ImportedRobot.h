@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <random>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -17,7 +18,7 @@
 #include "exchange/VrexUrdfReader.h"
 #include "solver/VrexSolver3D.h"
 
-/// The system of a robot description, its objects by their labels.
+/// A system, its objects by their labels.
 struct ImportedRobot {
     using Frame = VrexTransformation3DT<double>;
     using Vector = VrexVector3DT<double>;
@@ -56,7 +57,8 @@ struct ImportedRobot {
         return {system.constraints().begin(), system.constraints().end()};
     }
 
-    /// Moves every set that is not fixed by up to `size`, with its members.
+    /// Moves everything that is not fixed by up to `size`; sets with their members, and connectors with their
+    /// sets.
     void perturb(std::mt19937& random, double size) const {
         std::uniform_real_distribution<double> part(-size, size);
         const auto vector = [&] {
@@ -64,18 +66,33 @@ struct ImportedRobot {
             const double y = part(random);
             return Vector(x, y, part(random));
         };
-        const auto fixations = all<VrexConstraint3D>(system.constraints(), "");
-        for (const auto& set : all<VrexRigidSet3D>(system.geometries(), "")) {
-            const bool isFixed = std::any_of(fixations.begin(), fixations.end(), [&](const auto& known) {
-                return known->isCompleteFixed() && known->getGeometries().at(0) == set;
-            });
-            if (!isFixed) {
-                const Frame here(set->getOrigin(), VrexQuaternionT<double>::ONE());
+        const auto held = heldGeometries();
+        for (const auto& geometry : system.geometries()) {
+            if (!held.contains(geometry)) {
+                const auto set = std::dynamic_pointer_cast<VrexRigidSet3D>(geometry);
+                const Frame here(set != nullptr ? set->getOrigin() : Vector(),
+                                 VrexQuaternionT<double>::ONE());
                 const Frame motion(vector(), part(random), vector());
                 VrexGeometryTransformation3DVisitor visitor(here * motion * here.getInversed(), false);
-                set->accept(visitor);
+                geometry->accept(visitor);
             }
         }
+    }
+    /// What is fixed, what a set carries, and the connectors.
+    std::set<std::shared_ptr<VrexBaseGeometry>> heldGeometries() const {
+        std::set<std::shared_ptr<VrexBaseGeometry>> held;
+        for (const auto& constraint : system.constraints()) {
+            if (constraint->isCompleteFixed()) {
+                held.insert(constraint->getGeometries().at(0));
+            }
+        }
+        for (const auto& set : all<VrexRigidSet3D>(system.geometries(), "")) {
+            held.insert(set->geometries().begin(), set->geometries().end());
+        }
+        for (const auto& connector : all<VrexConnector3D>(system.geometries(), "")) {
+            held.insert(connector);
+        }
+        return held;
     }
 
     VrexSolverReport solve() const { return VrexSolver3D().solve(geometries(), constraints()); }

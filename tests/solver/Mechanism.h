@@ -49,11 +49,17 @@ public:
         result->setTransformation({place, rotation});
         return add(result);
     }
-    /// A hinge about Z of space at this place.
-    std::shared_ptr<VrexRevoluteMate3D> hinge(const std::shared_ptr<VrexRigidSet3D>& first,
-                                              const std::shared_ptr<VrexRigidSet3D>& second,
-                                              const Vector& place) {
-        return bind(VrexRevoluteMate3D::create(connector(first, place), connector(second, place), {}));
+    /// A hinge at this place, about Z of space turned by `rotation`.
+    std::shared_ptr<VrexRevoluteMate3D>
+    hinge(const std::shared_ptr<VrexRigidSet3D>& first, const std::shared_ptr<VrexRigidSet3D>& second,
+          const Vector& place, const VrexQuaternionT<double>& rotation = VrexQuaternionT<double>::ONE()) {
+        return bind(VrexRevoluteMate3D::create(connector(first, place, rotation),
+                                               connector(second, place, rotation), {}));
+    }
+    /// The rotation that takes Z of space there, for connectors.
+    static VrexQuaternionT<double> towards(const Vector& direction) {
+        return VrexQuaternionT<double>::makeRotation(Vector::OZ(), direction / direction.magnitude(), 1e-12,
+                                                     Vector::OX());
     }
 
     std::shared_ptr<VrexConnectedComponent> component() const {

@@ -9,6 +9,11 @@
 #include "solver/Mechanism.h"
 #include "solver/VrexSolver3D.h"
 
+/// Solves what has been built as one component.
+inline VrexSolverComponentReport solve(const Mechanism& mechanism) {
+    return VrexSolver3D().solve({mechanism.component()}).components.at(0);
+}
+
 /// Solves these as one component.
 inline VrexSolverComponentReport
 solveOne(const std::vector<std::shared_ptr<VrexGeometry3D>>& entities,
@@ -24,8 +29,7 @@ solveOne(const std::vector<std::shared_ptr<VrexGeometry3D>>& entities,
     for (const auto& constraint : constraints) {
         mechanism.bind(constraint);
     }
-    const auto component = mechanism.component();
-    return VrexSolver3D().solve({component}).components.at(0);
+    return solve(mechanism);
 }
 
 /// Where it did not, the first reason that the report gives.

@@ -130,7 +130,7 @@ TEST(VrexSymmetryResiduals, DifferentKindsAreRefused) {
     const auto plane = VrexPlane3D::create({0, 0, 0}, {1, 0, 0});
     const Entities all{random.line(), random.circle(), plane};
     EXPECT_EQ(reasonOf(solveOne(all, {VrexSymmetry3D::create(all[0], all[1], plane)})),
-              "An image is supported between two entities of the same simple kind only.");
+              "A mirror image is supported between two entities of the same make only.");
 }
 
 /// A row of steps along one line and a turn about another.
@@ -224,15 +224,6 @@ TEST(VrexInstanceResiduals, StepFollowsFromFixedEnds) {
                        VrexFixation3D::create(all[0], complete), VrexFixation3D::create(all[1], complete),
                        VrexFixation3D::create(all[2], VrexFixation3DType::Location3D)}));
     EXPECT_NEAR(pattern->getValue(), 2.0, TOLERANCE);
-}
-
-TEST(VrexInstanceResiduals, InstanceOfARigidSetIsRefused) {
-    const auto along = VrexLine3D::create({0, 0, 0}, {1, 0, 0});
-    const auto pattern = VrexPattern3D::create(VrexPattern3DType::Linear3D, along, 1.0);
-    const auto array = VrexArrayPattern3D::create({pattern});
-    const Entities all{VrexRigidSet3D::create({}), VrexRigidSet3D::create({}), along, pattern, array};
-    EXPECT_EQ(reasonOf(solveOne(all, {VrexInstance3D::create(all[0], all[1], array, {3})})),
-              "An image is supported between two entities of the same simple kind only.");
 }
 
 } // namespace

@@ -29,10 +29,6 @@ void expectSolved(const VrexSolverComponentReport& report) {
     EXPECT_TRUE(report.overConstrained.empty());
 }
 
-VrexSolverComponentReport solve(const Mechanism& mechanism) {
-    return VrexSolver3D().solve({mechanism.component()}).components.at(0);
-}
-
 /// Two wheels and a slide on the ground. The wheels turn about Z, the slide moves along Z.
 struct Gearing : Mechanism {
     Gearing() {

@@ -1,5 +1,4 @@
 #include <cmath>
-#include <numbers>
 
 #include <gtest/gtest.h>
 
@@ -7,49 +6,12 @@
 #include "data/VrexTransformMatrix3D.h"
 #include "data/serialization/3d/VrexStreamGraphDecoder3D.h"
 #include "data/serialization/3d/VrexStreamGraphEncoder3D.h"
-#include "solver/Mechanism.h"
+#include "solver/FourBar.h"
 #include "solver/VrexSolver3D.h"
 
 namespace {
 
 using Vector = VrexVector3DT<double>;
-constexpr double PI = std::numbers::pi;
-
-/// A four-bar in the plane XY: ground pivots at (0, 0) and (4, 0), crank 1, coupler 3.5, rocker 2.5.
-struct FourBar : Mechanism {
-    static constexpr double GROUND = 4.0, CRANK = 1.0, COUPLER = 3.5, ROCKER = 2.5;
-
-    /// With the crank at this angle, the open branch.
-    explicit FourBar(double crankAngle) {
-        const Vector a{CRANK * std::cos(crankAngle), CRANK * std::sin(crankAngle), 0.0};
-        const Vector b = tip(a);
-        const auto base = ground();
-        const auto crank = body();
-        const auto coupler = body();
-        const auto rocker = body();
-        input = hinge(base, crank, {0.0, 0.0, 0.0});
-        hinge(crank, coupler, a);
-        hinge(coupler, rocker, b);
-        output = hinge(base, rocker, {GROUND, 0.0, 0.0});
-    }
-
-    /// Where the circles about the crank's end and the right pivot meet, above.
-    static Vector tip(const Vector& a) {
-        const Vector pivot{GROUND, 0.0, 0.0};
-        const double d = (pivot - a).magnitude();
-        const double along = (COUPLER * COUPLER - ROCKER * ROCKER + d * d) / (2.0 * d);
-        const double up = std::sqrt(COUPLER * COUPLER - along * along);
-        const Vector u = (pivot - a) / d;
-        return a + u * along + Vector(-u.y(), u.x(), 0.0) * up;
-    }
-    static double rockerAngle(double crankAngle) {
-        const Vector b = tip({CRANK * std::cos(crankAngle), CRANK * std::sin(crankAngle), 0.0});
-        return std::atan2(b.y(), b.x() - GROUND);
-    }
-
-    std::shared_ptr<VrexRevoluteMate3D> input;
-    std::shared_ptr<VrexRevoluteMate3D> output;
-};
 
 TEST(VrexSolver3D, FourBarFollowsItsCrank) {
     FourBar linkage(0.3);

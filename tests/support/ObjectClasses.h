@@ -1,7 +1,12 @@
 #pragma once
 
+#include <memory>
+#include <ostream>
+#include <string>
 #include <tuple>
 #include <type_traits>
+#include <typeinfo>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -26,7 +31,28 @@ struct ObjectClass;
     };
 #include "data/VrexObjects.def"
 
+/// A concrete object class as a parameter of tests: what they need to know of it without being compiled for
+/// each.
+struct ObjectKind {
+    const char* name;
+    const char* visitName;
+    const std::type_info* type;
+    std::shared_ptr<VrexBaseObject> (*makeSample)();
+};
+
+/// Test output names the class.
+inline std::ostream& operator<<(std::ostream& stream, const ObjectKind& kind) { return stream << kind.name; }
+inline std::string nameOfKind(const testing::TestParamInfo<ObjectKind>& info) { return info.param.name; }
+
 namespace nsObjectClasses {
+
+template <class Base, class Object>
+void addKind(std::vector<ObjectKind>& kinds) {
+    if constexpr (!std::is_abstract_v<Object> && std::is_base_of_v<Base, Object>) {
+        kinds.push_back({ObjectClass<Object>::NAME, ObjectClass<Object>::VISIT_NAME, &typeid(Object),
+                         []() -> std::shared_ptr<VrexBaseObject> { return makeSample<Object>(); }});
+    }
+}
 
 template <class Object>
 using IfConcrete =
@@ -50,3 +76,13 @@ using Concrete = decltype(std::tuple_cat(
 template <class... Further>
 using ConcreteObjectClasses = typename nsObjectClasses::ToTypes<decltype(std::tuple_cat(
     nsObjectClasses::Concrete(), std::tuple<std::type_identity<Further>...>()))>::Type;
+
+/// Every concrete class that has a row and derives from `Base`, and `Further` ones.
+template <class Base = VrexBaseObject, class... Further>
+std::vector<ObjectKind> concreteObjectKinds() {
+    std::vector<ObjectKind> kinds;
+#define VREX_OBJECT(CLASS, VISIT, BASE, BASE_VISIT) nsObjectClasses::addKind<Base, CLASS>(kinds);
+#include "data/VrexObjects.def"
+    (nsObjectClasses::addKind<Base, Further>(kinds), ...);
+    return kinds;
+}

@@ -12,8 +12,7 @@
 
 namespace {
 
-template <class Object>
-class VrexConstraintSystemCloner3DKinds : public testing::Test {
+class VrexConstraintSystemCloner3DKinds : public testing::TestWithParam<ObjectKind> {
 protected:
     VrexConstraintSystemCloner3DKinds() {
         m_source->setID(17);
@@ -33,19 +32,20 @@ protected:
         }
     }
 
-    std::shared_ptr<VrexBaseObject> m_source = makeSample<Object>();
+    std::shared_ptr<VrexBaseObject> m_source = GetParam().makeSample();
     CloneInput m_input{m_source};
 };
 
-TYPED_TEST_SUITE(VrexConstraintSystemCloner3DKinds, ConcreteObjectClasses<>);
+INSTANTIATE_TEST_SUITE_P(Kinds, VrexConstraintSystemCloner3DKinds, testing::ValuesIn(concreteObjectKinds()),
+                         nameOfKind);
 
-TYPED_TEST(VrexConstraintSystemCloner3DKinds, CloneIsEqualFieldByFieldAndSharesNoObject) {
-    const VrexConstraintSystemCloner3D cloner(this->m_input.geometries, this->m_input.constraints);
-    const auto clone = cloner.findClone(this->m_source);
+TEST_P(VrexConstraintSystemCloner3DKinds, CloneIsEqualFieldByFieldAndSharesNoObject) {
+    const VrexConstraintSystemCloner3D cloner(m_input.geometries, m_input.constraints);
+    const auto clone = cloner.findClone(m_source);
     ASSERT_NE(clone, nullptr);
     const VrexBaseObject& cloned = *clone;
-    EXPECT_EQ(typeid(cloned), typeid(TypeParam));
-    const ObjectGraph sources(std::vector{this->m_source});
+    EXPECT_EQ(typeid(cloned), *GetParam().type);
+    const ObjectGraph sources(std::vector{m_source});
     const ObjectGraph clones(std::vector{clone});
     EXPECT_EQ(clones.text(), sources.text());
     EXPECT_EQ(clones.countShared(sources), 0U);
@@ -55,27 +55,26 @@ TYPED_TEST(VrexConstraintSystemCloner3DKinds, CloneIsEqualFieldByFieldAndSharesN
     EXPECT_EQ(cloner.getGeometries().size() + cloner.getConstraints().size(), sources.objects().size());
 }
 
-TYPED_TEST(VrexConstraintSystemCloner3DKinds, CloneHasNoSnapshotAndTheSourceKeepsItsOwn) {
-    const VrexConstraintSystemCloner3D cloner(this->m_input.geometries, this->m_input.constraints);
-    const auto clone = cloner.findClone(this->m_source);
+TEST_P(VrexConstraintSystemCloner3DKinds, CloneHasNoSnapshotAndTheSourceKeepsItsOwn) {
+    const VrexConstraintSystemCloner3D cloner(m_input.geometries, m_input.constraints);
+    const auto clone = cloner.findClone(m_source);
     clone->setDirty(true);
     clone->restore();
     EXPECT_TRUE(clone->isDirty());
-    this->m_source->setDirty(true);
-    this->m_source->restore();
-    EXPECT_FALSE(this->m_source->isDirty());
+    m_source->setDirty(true);
+    m_source->restore();
+    EXPECT_FALSE(m_source->isDirty());
 }
 
-TYPED_TEST(VrexConstraintSystemCloner3DKinds, CloneOutlivesTheSource) {
-    auto cloner =
-        std::make_unique<VrexConstraintSystemCloner3D>(this->m_input.geometries, this->m_input.constraints);
-    const std::weak_ptr<VrexBaseObject> source = this->m_source;
-    const auto clone = cloner->findClone(this->m_source);
-    const auto text = ObjectGraph(std::vector{this->m_source}).text();
+TEST_P(VrexConstraintSystemCloner3DKinds, CloneOutlivesTheSource) {
+    auto cloner = std::make_unique<VrexConstraintSystemCloner3D>(m_input.geometries, m_input.constraints);
+    const std::weak_ptr<VrexBaseObject> source = m_source;
+    const auto clone = cloner->findClone(m_source);
+    const auto text = ObjectGraph(std::vector{m_source}).text();
     cloner.reset();
-    this->m_source.reset();
-    this->m_input.geometries.clear();
-    this->m_input.constraints.clear();
+    m_source.reset();
+    m_input.geometries.clear();
+    m_input.constraints.clear();
     EXPECT_TRUE(source.expired());
     EXPECT_EQ(ObjectGraph(std::vector{clone}).text(), text);
 }

@@ -1,9 +1,8 @@
 // What tells a few classes of constraints from all the others, tried over every class.
 
 #include <array>
-#include <cstddef>
+#include <memory>
 #include <string>
-#include <type_traits>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,48 +13,38 @@ namespace {
 
 using testing::Contains;
 
-/// Whether the name of the class is in `list`.
-template <class Object, std::size_t COUNT>
-bool isOneOf(const std::array<std::string, COUNT>& list) {
-    return testing::Value(list, Contains(ObjectClass<Object>::NAME));
+class VrexConstraint3DClasses : public testing::TestWithParam<ObjectKind> {
+protected:
+    std::shared_ptr<VrexConstraint3D> m_constraint =
+        std::dynamic_pointer_cast<VrexConstraint3D>(GetParam().makeSample());
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, VrexConstraint3DClasses,
+                         testing::ValuesIn(concreteObjectKinds<VrexConstraint3D>()), nameOfKind);
+
+TEST_P(VrexConstraint3DClasses, DimensionsAloneStoreTheRigidFlag) {
+    m_constraint->setRigid(true);
+    EXPECT_EQ(m_constraint->isRigid(), dynamic_cast<VrexDimension3D*>(m_constraint.get()) != nullptr);
+    m_constraint->setRigid(false);
+    EXPECT_FALSE(m_constraint->isRigid());
 }
 
-template <class Object>
-class VrexConstraint3DClasses : public testing::Test {};
-
-TYPED_TEST_SUITE(VrexConstraint3DClasses, ConcreteObjectClasses<>);
-
-TYPED_TEST(VrexConstraint3DClasses, DimensionsAloneStoreTheRigidFlag) {
-    if constexpr (std::is_base_of_v<VrexConstraint3D, TypeParam>) {
-        const auto constraint = makeSample<TypeParam>();
-        constraint->setRigid(true);
-        EXPECT_EQ(constraint->isRigid(), (std::is_base_of_v<VrexDimension3D, TypeParam>));
-        constraint->setRigid(false);
-        EXPECT_FALSE(constraint->isRigid());
-    }
-}
-
-TYPED_TEST(VrexConstraint3DClasses, HelpValuesAreForThoseThatTouchOrMeasureAlongCurves) {
+TEST_P(VrexConstraint3DClasses, HelpValuesAreForThoseThatTouchOrMeasureAlongCurves) {
     const std::array<std::string, 5> withPoints{"VrexIncidence3D", "VrexTangency3D", "VrexDistance3D",
                                                 "VrexDirectionDistance3D", "VrexParallelDistance3D"};
     const std::array<std::string, 2> withParametersAlone{"VrexEqualCurveProperty3D", "VrexCurveLength3D"};
-    if constexpr (std::is_base_of_v<VrexConstraint3D, TypeParam>) {
-        const auto constraint = makeSample<TypeParam>();
-        const bool hasPoints = isOneOf<TypeParam>(withPoints);
-        EXPECT_EQ(constraint->isHelpPointSupported(), hasPoints);
-        EXPECT_EQ(constraint->isHelpParameterSupported(),
-                  hasPoints || isOneOf<TypeParam>(withParametersAlone));
-    }
+    const bool hasPoints = testing::Value(withPoints, Contains(GetParam().name));
+    EXPECT_EQ(m_constraint->isHelpPointSupported(), hasPoints);
+    EXPECT_EQ(m_constraint->isHelpParameterSupported(),
+              hasPoints || testing::Value(withParametersAlone, Contains(GetParam().name)));
 }
 
-TYPED_TEST(VrexConstraint3DClasses, FixationsAloneCanBeComplete) {
-    if constexpr (std::is_same_v<VrexFixation3D, TypeParam>) {
-        const auto fixation = makeSample<TypeParam>();
+TEST_P(VrexConstraint3DClasses, FixationsAloneCanBeComplete) {
+    const auto fixation = std::dynamic_pointer_cast<VrexFixation3D>(m_constraint);
+    if (fixation != nullptr) {
         fixation->setFixationType(VrexFixation3DType::Complete3D);
-        EXPECT_TRUE(fixation->isCompleteFixed());
-    } else if constexpr (std::is_base_of_v<VrexConstraint3D, TypeParam>) {
-        EXPECT_FALSE(makeSample<TypeParam>()->isCompleteFixed());
     }
+    EXPECT_EQ(m_constraint->isCompleteFixed(), fixation != nullptr);
 }
 
 } // namespace

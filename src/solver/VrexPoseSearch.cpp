@@ -1,0 +1,58 @@
+#include "solver/VrexPoseSearch.h"
+
+#include <cstdint>
+#include <random>
+#include <utility>
+
+#include "solver/VrexSolverBuilder.h"
+#include "solver/VrexSolverSystem.h"
+
+namespace {
+
+/// Contacts that move that often go from side to side for ever.
+constexpr int MOST_CONTACT_MOVES = 20;
+
+} // namespace
+
+VrexPoseSearch::VrexPoseSearch(const VrexSolverOptions& options, VrexLeastSquares::KeepGoing keepGoing,
+                               const VrexSolverBuilder& builder)
+    : m_builder(builder),
+      m_system(builder.model().system()),
+      m_method(options.tolerance, options.maxIterations, std::move(keepGoing)),
+      m_retries(options.retries),
+      m_start(m_system.bodies()) {}
+
+VrexLeastSquaresResult VrexPoseSearch::run() {
+    m_result = {};
+    for (int i = 0; i <= m_retries && !m_result.isConverged && !m_result.isCancelled; ++i) {
+        m_system.bodies() = m_start;
+        if (i > 0) {
+            disturb(i);
+        }
+        attempt();
+    }
+    return m_result;
+}
+
+/// Contacts that moved open a search from where the bodies are now.
+void VrexPoseSearch::attempt() {
+    search();
+    for (int again = 0; m_result.isConverged && m_builder.moveContacts(); ++again) {
+        search();
+        m_result.isConverged = m_result.isConverged && again < MOST_CONTACT_MOVES;
+    }
+}
+
+void VrexPoseSearch::search() {
+    const int before = m_result.iterations;
+    m_result = m_method.solve(m_system, false);
+    m_result.iterations += before;
+}
+
+/// A start from which a search may go another way: half turns and points on each other are saddles.
+void VrexPoseSearch::disturb(int attempt) {
+    std::mt19937_64 random(static_cast<std::uint64_t>(attempt));
+    std::uniform_real_distribution<double> uniform(-0.03, 0.03);
+    m_system.move(
+        Eigen::VectorXd::NullaryExpr(m_system.unknownCount(), [&](Eigen::Index) { return uniform(random); }));
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <deque>
+
+#include "solver/VrexLeastSquares.h"
+#include "solver/VrexSolverBody.h"
+#include "solver/VrexSolverOptions.h"
+
+class VrexSolverBuilder;
+class VrexSolverSystem;
+
+/// Looks for a pose of a component in which its residuals vanish, always from the same start.
+class VrexPoseSearch {
+public:
+    /// The start is where the bodies stand now.
+    VrexPoseSearch(const VrexSolverOptions& options, VrexLeastSquares::KeepGoing keepGoing,
+                   const VrexSolverBuilder& builder);
+
+    /// Tries again from places close by where the search does not converge. The bodies end where the last
+    /// attempt led; the iterations are those of all.
+    VrexLeastSquaresResult run();
+
+private:
+    void attempt();
+    void search();
+    void disturb(int attempt);
+
+    const VrexSolverBuilder& m_builder;
+    VrexSolverSystem& m_system;
+    VrexLeastSquares m_method;
+    int m_retries;
+    std::deque<VrexSolverBody> m_start;
+    VrexLeastSquaresResult m_result;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "solver/VrexSolverModel.h"
+
+/// What makes a component impossible to solve before anything is tried.
+namespace nsSolverFaults {
+
+/// Names the first object that lacks an entity that it is made of or binds, that holds a number that is not
+/// finite, or whose direction has no length. Empty where there is none.
+std::string find(const VrexSolverModel::Geometries& geometries,
+                 const VrexSolverModel::Constraints& constraints);
+
+} // namespace nsSolverFaults

@@ -1,4 +1,4 @@
-# make run    builds and runs the first example
+# make run    takes two robots from their descriptions to solved documents in out/
 # make test   builds everything; runs every test, plain and under the address and undefined-behaviour sanitizers
 # make bench  builds and runs the benchmarks
 # make docs   writes the reference pages to build/docs
@@ -10,8 +10,8 @@ setup:
 
 run: setup
 	@cmake --preset release --log-level=ERROR >/dev/null
-	@cmake --build --preset release --target first_steps -j $(JOBS) >build/run.log || { cat build/run.log; exit 1; }
-	@build/release/examples/first_steps
+	@cmake --build --preset release --target run -j $(JOBS) >build/run.log || { cat build/run.log; exit 1; }
+	@build/release/examples/run examples/data out
 
 test: setup
 	cmake --preset release

@@ -7,6 +7,8 @@
 // equations, solve them and tell the freedom that is left; "objects" is the call that besides copies the
 // system, splits it into components and lays the results back. The peer is a program of its own that tells
 // its times.
+// "contact" is a point at a distance from a free-form surface; its peer evaluates the surface at as many
+// places as are tried for a start.
 // --weigh tells how the memory of a loop grows.
 
 #include <algorithm>
@@ -25,6 +27,7 @@
 #include "PeakMemory.h"
 #include "Sketch.h"
 #include "SketchObjects.h"
+#include "SurfaceContact.h"
 #include "solver/VrexSolver3D.h"
 
 namespace {
@@ -90,6 +93,27 @@ void addLinkages() {
         }
         return solve("linkages", components);
     });
+}
+
+/// What two scans of a surface look at, once for a start and once for whether that was the nearest place.
+double evaluateOnGrid() {
+    constexpr int scans = 2;
+    constexpr int side = 32;
+    const SurfaceContact contact;
+    const double start = RatioReport::threadSeconds();
+    double sum = 0.0;
+    for (int i = 0; i < scans * side * side; ++i) {
+        const double u = 5.0 * (i / side % side + 0.5) / side;
+        const double v = 5.0 * (i % side + 0.5) / side;
+        sum += contact.surface().evaluate(u, v, 1)[0].z();
+    }
+    benchmark::DoNotOptimize(sum);
+    return RatioReport::threadSeconds() - start;
+}
+
+void addContact() {
+    measure("contact/peer_evaluations", evaluateOnGrid);
+    measure("contact/solve_once", [] { return solve("contact", {SurfaceContact().component()}); });
 }
 
 #ifdef VREX_SLVS_PEER
@@ -163,6 +187,7 @@ int main(int argc, char** argv) {
     }
     addLoops();
     addLinkages();
+    addContact();
     for (const std::size_t points : {17U, 34U, 67U, 166U}) {
         addSketch("truss", Sketch::truss, points);
         addSketch("zigzag", Sketch::zigzag, points);

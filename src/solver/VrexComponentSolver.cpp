@@ -1,11 +1,12 @@
 #include "solver/VrexComponentSolver.h"
 
-#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <exception>
 #include <string>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"

@@ -15,6 +15,8 @@ using Members = VrexConflictSearch::Members;
 constexpr double LEAST_PART = 1e-3;
 /// Among more constraints the search would take too long.
 constexpr std::size_t MOST_SUSPECTS = 200;
+/// How many iterations times unknowns it may take: some seconds.
+constexpr double MOST_WORK = 2e6;
 /// More conflicts than anybody reads.
 constexpr std::size_t MOST_CONFLICTS = 20;
 
@@ -39,18 +41,31 @@ std::vector<Members> VrexConflictSearch::run() {
     std::vector<Members> conflicts;
     while (conflicts.size() < MOST_CONFLICTS) {
         const Members conflict = next();
-        if (conflict.empty() || m_isCancelled) {
-            canHold(m_held);
+        if (m_isCancelled) {
+            break;
+        }
+        if (conflict.empty() || isStopped()) {
+            search(m_held);
             break;
         }
         conflicts.push_back(conflict);
         std::erase(m_held, conflict.back());
-        if (canHold(m_held)) {
+        if (search(m_held)) {
             break;
         }
     }
     return conflicts;
 }
+
+bool VrexConflictSearch::search(const Members& members) {
+    m_system.holdOnly(members);
+    const VrexLeastSquaresResult result = m_search.run();
+    m_isCancelled = m_isCancelled || result.isCancelled;
+    m_work += static_cast<double>(result.iterations) * static_cast<double>(m_system.unknownCount());
+    return result.isConverged;
+}
+
+bool VrexConflictSearch::isStopped() const { return m_isCancelled || m_work > MOST_WORK; }
 
 /// Among the constraints that the last search left furthest from holding, else among all.
 Members VrexConflictSearch::next() {
@@ -78,16 +93,8 @@ Members VrexConflictSearch::suspects() const {
     return ordered(result);
 }
 
-/// Once cancelled it agrees to everything, to come to an end.
-bool VrexConflictSearch::canHold(const Members& members) {
-    if (m_isCancelled) {
-        return true;
-    }
-    m_system.holdOnly(members);
-    const VrexLeastSquaresResult result = m_search.run();
-    m_isCancelled = result.isCancelled;
-    return result.isConverged;
-}
+/// Once stopped it agrees to everything, to come to an end.
+bool VrexConflictSearch::canHold(const Members& members) { return isStopped() || search(members); }
 
 /// U. Junker, QuickXplain: preferred explanations and relaxations for over-constrained problems, AAAI 2004:
 /// about k log(n / k) trials for k of n.

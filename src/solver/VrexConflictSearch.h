@@ -16,12 +16,14 @@ public:
 
     /// Finds conflict after conflict. The members of each cannot hold together, but can as soon as any one is
     /// left out. The last member of each is left out of the system then, until the search solves what remains
-    /// or no further conflict is found; the bodies are where that search ended.
+    /// or no further conflict is found in reasonable time; the bodies are where that search ended.
     std::vector<Members> run();
     /// Whether the search was cancelled; the conflicts are those found before.
     bool isCancelled() const { return m_isCancelled; }
 
 private:
+    bool search(const Members& members);
+    bool isStopped() const;
     Members next();
     Members suspects() const;
     bool canHold(const Members& members);
@@ -31,5 +33,6 @@ private:
     VrexPoseSearch& m_search;
     VrexSolverSystem& m_system;
     Members m_held;
+    double m_work = 0.0;
     bool m_isCancelled = false;
 };

@@ -40,33 +40,55 @@ private:
     std::vector<double> m_values;
 };
 
-/// Looks for where `gap` is least; the place of the grid where the search from there ends higher.
-void seek(const std::vector<VrexContactPath>& paths, const std::function<double()>& gap, std::size_t rows,
-          const VrexSolverBuilder::Rows& stay) {
+/// Ways to go on from a place, one after the other.
+using Searches = std::vector<std::function<void()>>;
+
+/// Looks for where `gap` is least: on the grid and by the searches from there, of which those that end higher
+/// are undone.
+void seek(const std::vector<VrexContactPath>& paths, const std::function<double()>& gap,
+          const Searches& searches) {
     nsContactPaths::scan(paths, gap);
-    const Places places(paths);
-    const double least = gap();
-    nsContactPaths::settle(paths, rows, stay);
-    if (!(gap() <= least)) {
-        places.restore();
+    for (const auto& search : searches) {
+        const Places places(paths);
+        const double least = gap();
+        search();
+        if (!(gap() <= least)) {
+            places.restore();
+        }
     }
 }
 
 /// Moves points of contact to where `gap` is least, if that is less than where they are by more than a search
 /// leaves open.
 std::function<bool()> nearestCheck(const std::vector<VrexContactPath>& paths,
-                                   const std::function<double()>& gap, std::size_t rows,
-                                   const VrexSolverBuilder::Rows& stay, double length) {
+                                   const std::function<double()>& gap, const Searches& searches,
+                                   double length) {
     return [=] {
         constexpr double least = 1e-7;
         const Places places(paths);
         const double before = gap();
-        seek(paths, gap, rows, stay);
+        seek(paths, gap, searches);
         if (gap() < before - least * length) {
             return true;
         }
         places.restore();
         return false;
+    };
+}
+
+std::function<void()> settling(const std::vector<VrexContactPath>& paths, std::size_t rows,
+                               const VrexSolverBuilder::Rows& evaluate) {
+    return [=] { nsContactPaths::settle(paths, rows, evaluate); };
+}
+
+/// From one point of contact to the other.
+VrexSolverBuilder::Rows meetingRows(const VrexContactPath& first, const VrexContactPath& second,
+                                    double length) {
+    return [first, second, length](VrexVariable* values) {
+        const Vector gap = (second.contact().point - first.contact().point) / length;
+        values[0] = gap.x();
+        values[1] = gap.y();
+        values[2] = gap.z();
     };
 }
 
@@ -90,7 +112,8 @@ VrexContactGap::Measure VrexContactGap::pathAndReach() {
     }
     if (count > 0 && !m_isTouch && !hasHelp()) {
         const auto value = [gap] { return gap().value(); };
-        m_builder.addCheck(nearestCheck({path}, value, count, stay(path, signs), m_builder.length()));
+        const Searches searches{settling({path}, count, stay(path, signs))};
+        m_builder.addCheck(nearestCheck({path}, value, searches, m_builder.length()));
     }
     return gap;
 }
@@ -213,7 +236,7 @@ VrexContactSigns VrexContactGap::startNearest(const VrexContactPath& path) const
     Places places({path});
     for (const VrexContactSigns& signs : all) {
         const auto gap = [&] { return signs.gap(m_first.core, m_second.core, path.contact().point).value(); };
-        seek({path}, gap, path.parameterCount(), stay(path, signs));
+        seek({path}, gap, {settling({path}, path.parameterCount(), stay(path, signs))});
         if (const double here = gap(); here > most) {
             most = here;
             best = signs;
@@ -253,19 +276,17 @@ VrexContactGap::Measure VrexContactGap::paths() {
         return reachOf(second.contact().point - first.contact().point, fallback).length;
     };
     if (!hasHelp()) {
+        // What crosses meets, what does not is nearest: a coarse grid tells neither.
+        const Searches searches{settling({first, second}, 3, meetingRows(first, second, m_builder.length())),
+                                settling({first, second}, count, rows)};
         m_builder.addCheck(nearestCheck(
-            {first, second}, [gap] { return gap().value(); }, count, rows, m_builder.length()));
+            {first, second}, [gap] { return gap().value(); }, searches, m_builder.length()));
     }
     return gap;
 }
 
 VrexContactGap::Measure VrexContactGap::meet(const VrexContactPath& first, const VrexContactPath& second) {
-    const auto rows = [first, second, length = m_builder.length()](VrexVariable* values) {
-        const Vector gap = (second.contact().point - first.contact().point) / length;
-        values[0] = gap.x();
-        values[1] = gap.y();
-        values[2] = gap.z();
-    };
+    const auto rows = meetingRows(first, second, m_builder.length());
     nsContactPaths::settle({first, second}, 3, rows);
     m_builder.add(3, rows);
     return {};

@@ -17,8 +17,9 @@ public:
     double largestGradient() const { return m_gradient.size() == 0 ? 0.0 : m_gradient.cwiseAbs().maxCoeff(); }
 
 private:
-    /// Up to so many unknowns the decomposition of the full matrix is the faster way, and the exact one.
-    static constexpr Eigen::Index DENSE_LIMIT = 96;
+    /// Up to so many unknowns, those of six bodies, the decomposition of the full matrix costs at most twice
+    /// as much as the normal equations, and does not square what is nearly singular.
+    static constexpr Eigen::Index DENSE_LIMIT = 36;
 
     Eigen::VectorXd solveDense(double damping);
     Eigen::VectorXd solveSparse(double damping);

@@ -1,7 +1,10 @@
 #include "solver/VrexDependentGroups.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
+#include <memory>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
@@ -26,27 +29,39 @@ Matrix kernel(const Matrix& matrix) {
     return factor.matrixV().rightCols(matrix.cols() - rank);
 }
 
+/// The rows that take part in some relations, each with a place in a matrix.
+struct Layout {
+    Layout(const std::vector<const Relation*>& relations, const Owners& owners) {
+        std::set<Index> known;
+        for (const Relation* const relation : relations) {
+            for (Eigen::SparseVector<double>::InnerIterator entry(relation->multiples); entry; ++entry) {
+                known.insert(entry.index());
+            }
+        }
+        rows.assign(known.begin(), known.end());
+        for (std::size_t place = 0; place < rows.size(); ++place) {
+            const auto row = static_cast<std::size_t>(rows[place]);
+            places[owners[row]].push_back(static_cast<Index>(place));
+        }
+    }
+    Index placeOf(Index row) const { return std::lower_bound(rows.begin(), rows.end(), row) - rows.begin(); }
+
+    std::vector<Index> rows;                          ///< Of the Jacobian, in rising order.
+    std::map<std::size_t, std::vector<Index>> places; ///< By constraint.
+};
+
 /// The relations among the rows of some constraints: all sums of multiples of the columns of a matrix whose
 /// columns have length 1 and stand at right angles.
 class Relations {
 public:
     /// All of these, each independent of the others.
-    Relations(const std::vector<const Relation*>& relations, const Owners& owners) {
-        std::map<Index, Index> places;
-        for (const Relation* const relation : relations) {
-            for (Eigen::SparseVector<double>::InnerIterator entry(relation->multiples); entry; ++entry) {
-                places.emplace(entry.index(), 0);
-            }
-        }
-        for (auto& [row, place] : places) {
-            place = static_cast<Index>(m_rows.size());
-            m_rows.push_back(row);
-            m_places[owners[static_cast<std::size_t>(row)]].push_back(place);
-        }
-        m_basis.setZero(static_cast<Index>(m_rows.size()), static_cast<Index>(relations.size()));
+    Relations(const std::vector<const Relation*>& relations, const Owners& owners)
+        : m_layout(std::make_shared<Layout>(relations, owners)),
+          m_basis(
+              Matrix::Zero(static_cast<Index>(m_layout->rows.size()), static_cast<Index>(relations.size()))) {
         for (std::size_t i = 0; i < relations.size(); ++i) {
             for (Eigen::SparseVector<double>::InnerIterator entry(relations[i]->multiples); entry; ++entry) {
-                m_basis(places[entry.index()], static_cast<Index>(i)) = entry.value();
+                m_basis(m_layout->placeOf(entry.index()), static_cast<Index>(i)) = entry.value();
             }
         }
         straighten();
@@ -56,31 +71,24 @@ public:
     /// The constraints that take part.
     std::vector<std::size_t> members() const {
         std::vector<std::size_t> result;
-        for (const auto& [constraint, places] : m_places) {
+        for (const auto& [constraint, places] : m_layout->places) {
             if (m_basis(places, Eigen::all).cwiseAbs().maxCoeff() > NOTHING) {
                 result.push_back(constraint);
             }
         }
         return result;
     }
-    /// Whether this row of the Jacobian takes part.
-    bool has(Index row) const {
-        for (std::size_t i = 0; i < m_rows.size(); ++i) {
-            if (m_rows[i] == row) {
-                return m_basis.row(static_cast<Index>(i)).norm() > NOTHING;
-            }
-        }
-        return false;
-    }
+    /// Whether this row of the Jacobian takes part; it has a place here.
+    bool has(Index row) const { return m_basis.row(m_layout->placeOf(row)).norm() > NOTHING; }
     /// Those in which the constraint takes no part.
     Relations without(std::size_t constraint) const {
-        return with(kernel(m_basis(m_places.at(constraint), Eigen::all)));
+        return with(kernel(m_basis(m_layout->places.at(constraint), Eigen::all)));
     }
     /// Those among these constraints.
     Relations among(const std::vector<std::size_t>& constraints) const {
         const std::set<std::size_t> kept(constraints.begin(), constraints.end());
         std::vector<Index> others;
-        for (const auto& [constraint, places] : m_places) {
+        for (const auto& [constraint, places] : m_layout->places) {
             if (!kept.contains(constraint)) {
                 others.insert(others.end(), places.begin(), places.end());
             }
@@ -99,24 +107,27 @@ private:
         m_basis = factor.householderQ() * Matrix::Identity(m_basis.rows(), m_basis.cols());
     }
 
+    std::shared_ptr<const Layout> m_layout;
     Matrix m_basis;
-    std::vector<Index> m_rows;                          ///< Of the Jacobian, by row of the matrix.
-    std::map<std::size_t, std::vector<Index>> m_places; ///< Rows of the matrix by constraint.
 };
+
+/// Those that are left without one of the constraints, if that leaves any that are `wanted`.
+template <class IsWanted>
+std::optional<Relations> reducedOnce(const Relations& relations, const IsWanted& isWanted) {
+    for (const std::size_t member : relations.members()) {
+        Relations rest = relations.without(member);
+        if (!rest.isEmpty() && isWanted(rest)) {
+            return rest;
+        }
+    }
+    return std::nullopt;
+}
 
 /// Leaves out one constraint after the other as long as relations remain that are `wanted`.
 template <class IsWanted>
 Relations reduced(Relations relations, const IsWanted& isWanted) {
-    for (bool hasChanged = true; hasChanged;) {
-        hasChanged = false;
-        for (const std::size_t member : relations.members()) {
-            Relations rest = relations.without(member);
-            if (!rest.isEmpty() && isWanted(rest)) {
-                relations = std::move(rest);
-                hasChanged = true;
-                break;
-            }
-        }
+    while (auto rest = reducedOnce(relations, isWanted)) {
+        relations = std::move(*rest);
     }
     return relations;
 }

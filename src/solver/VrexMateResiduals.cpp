@@ -23,16 +23,16 @@ struct Joint {
     const VrexSolverShape* second;
     double sense; ///< -1 where the Z axes point opposite ways.
 
-    /// Both origins as seen from where the first one is now. Apart from each other they have the derivatives
-    /// of one body each, which a number holds without an allocation.
+    /// Both origins as seen from where the first one is now, in units. Apart from each other they have the
+    /// derivatives of one body each, which a number holds without an allocation.
     struct Arms {
         Vector first;
         Vector second;
     };
-    Arms arms() const {
+    Arms arms(double unit) const {
         const Vector origin = first->origin();
         const Vector place = nsContactFormulas::constant(nsContactFormulas::valueOf(origin));
-        return {origin - place, second->origin() - place};
+        return {(origin - place) / unit, (second->origin() - place) / unit};
     }
     Vector axisOf(Degree shift) const {
         return shift == Degree::SHIFT_X   ? first->axisX()
@@ -41,7 +41,9 @@ struct Joint {
     }
     VrexVariable shift(Degree degree, const Arms& arms) const {
         const Vector axis = axisOf(degree);
-        return axis.dotProduct(arms.second) - axis.dotProduct(arms.first);
+        VrexVariable result = axis.dotProduct(arms.second);
+        result -= axis.dotProduct(arms.first);
+        return result;
     }
     VrexVariable tilt(int index) const {
         return nsSolverDirections::tilt(*first, second->axisZ() * sense, index);
@@ -66,7 +68,7 @@ struct Joint {
         }
     }
     VrexVariable measure(Degree degree) const {
-        return isShift(degree) ? shift(degree, arms()) : turn(degree);
+        return isShift(degree) ? shift(degree, arms(1.0)) : turn(degree);
     }
 };
 
@@ -101,9 +103,9 @@ void addHeld(VrexSolverBuilder& builder, const Joint& joint, std::vector<Degree>
     }
     const std::size_t count = held.size();
     builder.add(count, [joint, held = std::move(held), length = builder.length()](VrexVariable* rows) {
-        const Joint::Arms arms = joint.arms();
+        const Joint::Arms arms = joint.arms(length);
         for (std::size_t i = 0; i < held.size(); ++i) {
-            rows[i] = isShift(held[i]) ? joint.shift(held[i], arms) / length : joint.turn(held[i]);
+            rows[i] = isShift(held[i]) ? joint.shift(held[i], arms) : joint.turn(held[i]);
         }
     });
 }

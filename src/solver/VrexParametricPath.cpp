@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <numbers>
@@ -21,14 +22,15 @@
 #include "data/geometry/3d/VrexSpinSurface3D.h"
 #include "data/geometry/3d/VrexSpline3D.h"
 #include "data/geometry/3d/VrexSweepSurface3D.h"
-#include "data/geometry/VrexGeometryVariable.h"
 #include "solver/VrexContactFormulas.h"
+#include "solver/VrexSolverParameter.h"
 
 namespace {
 
 using Vector = VrexSolverShape::Vector;
 using Range = VrexContactPath::Range;
 using Interval = std::pair<std::optional<double>, std::optional<double>>;
+using nsContactFormulas::constant;
 using nsContactFormulas::reachOf;
 
 constexpr Range FULL_TURN{0.0, 2.0 * std::numbers::pi};
@@ -75,6 +77,7 @@ public:
         m_isComplete = m_isComplete && m_shapes.back() != nullptr;
     }
     bool isComplete() const { return m_isComplete && !m_shapes.empty(); }
+    const std::vector<const VrexSolverShape*>& shapes() const { return m_shapes; }
     /// Good until the next call. A scan asks a thousand times, so that the list is made once.
     std::function<const std::vector<VrexVariable>&()> parameters() const {
         const auto list = std::make_shared<std::vector<VrexVariable>>(3 * m_shapes.size());
@@ -98,23 +101,19 @@ private:
 
 using Value = std::function<VrexVariable()>;
 
-/// What reads the parameter that a descriptor names: a variable's unknown or a number that stays; empty for a
-/// parameter of an entity that moves.
+/// What reads the parameter that a descriptor names, or a number that stays; empty for one that cannot be
+/// followed.
 Value valueOf(const VrexSolverBuilder& builder, const VrexVariableDescriptor& descriptor) {
     const auto geometry = std::dynamic_pointer_cast<VrexBaseGeometry>(descriptor.object());
     const VrexSolverShape* const known = builder.shape(geometry);
-    const bool isVariable = std::dynamic_pointer_cast<VrexGeometryVariable>(geometry) != nullptr;
-    if (known != nullptr && isVariable) {
-        return [known] { return known->size(0); };
-    }
     if (known == nullptr || known->isFixed()) {
         return [value = descriptor.getValue()] { return VrexVariable(value); };
     }
-    return {};
+    return nsSolverParameter::measureOf(builder, descriptor);
 }
 
 /// The parameters of an evaluated shape that stands at the origin: its slots, then its descriptors. Empty
-/// where a descriptor names a parameter of an entity that moves.
+/// where a descriptor names a parameter that cannot be followed.
 template <class Shape>
 std::function<std::vector<VrexVariable>()> localParameters(const VrexSolverBuilder& builder,
                                                            const Shape& shape) {
@@ -234,7 +233,46 @@ std::optional<Surface> sweepOf(const VrexSolverBuilder& builder, const VrexSweep
                    true};
 }
 
-std::optional<Surface> nurbsOf(const VrexSolverBuilder& builder, const VrexNURBSSurface3D& surface) {
+/// A copy of a surface for times of rest, with control points of its own where those of the surface then are:
+/// numbers alone are evaluated many times faster.
+class RestingSurface {
+public:
+    RestingSurface(VrexNURBSSurface3D& surface, const std::vector<const VrexSolverShape*>& shapes)
+        : m_shapes(shapes) {
+        const auto copy = std::static_pointer_cast<VrexNURBSSurface3D>(surface.makeCopy());
+        for (auto& row : copy->controlPoints()) {
+            for (auto& control : row) {
+                control.point = m_points.emplace_back(VrexPoint3D::create(0.0, 0.0, 0.0));
+            }
+        }
+        m_calculator = VrexParametricSurfaceCalculator3D::create(*copy);
+    }
+
+    bool isAtRest() const { return rest() != 0; }
+    SurfacePoint at(double u, double v) {
+        follow();
+        const auto sample = m_calculator->calculate(u, v, 1);
+        return {constant(sample[0]),
+                {constant(sample[sample.index(1, 0)]), constant(sample[sample.index(0, 1)])}};
+    }
+
+private:
+    std::uint64_t rest() const { return m_shapes.front()->body().space().rest(); }
+    void follow() {
+        if (std::exchange(m_followed, rest()) != rest()) {
+            for (std::size_t i = 0; i < m_points.size(); ++i) {
+                m_points[i]->setPosition(m_shapes[i]->frame().origin);
+            }
+        }
+    }
+
+    std::vector<const VrexSolverShape*> m_shapes;
+    std::vector<std::shared_ptr<VrexPoint3D>> m_points;
+    std::shared_ptr<VrexParametricSurfaceCalculator3D> m_calculator;
+    std::uint64_t m_followed = 0;
+};
+
+std::optional<Surface> nurbsOf(const VrexSolverBuilder& builder, VrexNURBSSurface3D& surface) {
     Controls controls(builder);
     for (const auto& row : surface.controlPoints()) {
         for (const auto& [point, weight] : row) {
@@ -245,7 +283,12 @@ std::optional<Surface> nurbsOf(const VrexSolverBuilder& builder, const VrexNURBS
         return std::nullopt;
     }
     const auto at = [calculator = VrexParametricSurfaceCalculator3D::create(surface),
-                     parameters = controls.parameters()](const VrexVariable& u, const VrexVariable& v) {
+                     parameters = controls.parameters(),
+                     resting = std::make_shared<RestingSurface>(surface, controls.shapes())](
+                        const VrexVariable& u, const VrexVariable& v) {
+        if (resting->isAtRest()) {
+            return resting->at(u.value(), v.value());
+        }
         const auto sample = calculator->calculate(parameters(), u, v, 1);
         return SurfacePoint{sample[0], {sample[sample.index(1, 0)], sample[sample.index(0, 1)]}};
     };

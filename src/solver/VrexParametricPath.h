@@ -15,8 +15,8 @@ bool isKnown(VrexGeometry3DType kind);
 /// Whether it has two parameters.
 bool isSurface(VrexGeometry3DType kind);
 
-/// Whether all parts of the entity are the component's, such as control points, and its expressions read
-/// variables and what stands still.
+/// Whether all parts of the entity are the component's, such as control points, and its expressions read what
+/// equations can read or what stands still.
 bool canRun(const VrexSolverBuilder& builder, const std::shared_ptr<VrexGeometry3D>& entity);
 
 /// Throws `std::bad_optional_access` without `canRun`. Parameters that the help holds keep their values.

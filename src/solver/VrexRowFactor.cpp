@@ -123,69 +123,70 @@ void VrexRowFactor::factorize(const Matrix& product, double tolerance) {
     std::sort(m_dependentRows.begin(), m_dependentRows.end());
 }
 
-/// L^T x = x over the independent rows.
-void VrexRowFactor::solveUpper(Eigen::Ref<Eigen::VectorXd> x) const {
-    for (std::size_t i = m_pivots.size(); i-- > 0;) {
-        double sum = 0.0;
+/// L x = x.
+void VrexRowFactor::solveLower(Vectors& x) const {
+    for (std::size_t i = 0; i < m_pivots.size(); ++i) {
+        const auto from = static_cast<Eigen::Index>(i);
         for (auto p = static_cast<std::size_t>(m_starts[i]); p < static_cast<std::size_t>(m_ends[i]); ++p) {
-            const int place = m_places[p];
-            sum += m_pivots[static_cast<std::size_t>(place)] != 0.0 ? m_entries[p] * x[place] : 0.0;
+            x.row(m_places[p]) -= m_entries[p] * x.row(from);
         }
-        x[static_cast<Eigen::Index>(i)] -= sum;
     }
+}
+
+/// L^T x = x, where x is zero at dependent rows.
+void VrexRowFactor::solveUpper(Vectors& x) const {
+    for (std::size_t i = m_pivots.size(); i-- > 0;) {
+        const auto to = static_cast<Eigen::Index>(i);
+        for (auto p = static_cast<std::size_t>(m_starts[i]); p < static_cast<std::size_t>(m_ends[i]); ++p) {
+            x.row(to) -= m_entries[p] * x.row(m_places[p]);
+        }
+    }
+}
+
+VrexRowFactor::Vectors VrexRowFactor::inRowOrder(const Vectors& x) const {
+    Vectors result(x.rows(), x.cols());
+    for (Eigen::Index i = 0; i < x.rows(); ++i) {
+        result.row(m_rowAt[static_cast<std::size_t>(i)]) = x.row(i);
+    }
+    return result;
 }
 
 Eigen::VectorXd VrexRowFactor::combination(Eigen::Index row) const {
     const int k = m_placeOf[static_cast<std::size_t>(row)];
-    Eigen::VectorXd x = Eigen::VectorXd::Zero(static_cast<Eigen::Index>(m_pivots.size()));
+    Vectors x = Vectors::Zero(static_cast<Eigen::Index>(m_pivots.size()), 1);
     for (std::size_t i = 0; i < m_pivots.size(); ++i) {
         const auto first = m_places.begin() + m_starts[i];
         const auto last = m_places.begin() + m_ends[i];
         const auto found = std::lower_bound(first, last, k); // rows came in rising order
         if (found != last && *found == k) {
-            x[static_cast<Eigen::Index>(i)] = m_entries[static_cast<std::size_t>(found - m_places.begin())];
+            x(static_cast<Eigen::Index>(i), 0) =
+                m_entries[static_cast<std::size_t>(found - m_places.begin())];
         }
     }
     solveUpper(x);
-    Eigen::VectorXd result(x.size());
-    for (Eigen::Index i = 0; i < x.size(); ++i) {
-        result[m_rowAt[static_cast<std::size_t>(i)]] = x[i];
-    }
-    return result;
+    return inRowOrder(x);
 }
 
 /// (J J^T) x = right over the independent rows, zero for the others.
-Eigen::VectorXd VrexRowFactor::solve(const Eigen::VectorXd& right) const {
-    Eigen::VectorXd x(right.size());
-    for (Eigen::Index i = 0; i < x.size(); ++i) {
-        const auto place = static_cast<std::size_t>(i);
-        x[i] = m_pivots[place] != 0.0 ? right[m_rowAt[place]] : 0.0;
+VrexRowFactor::Vectors VrexRowFactor::solve(const Vectors& right) const {
+    Vectors x(right.rows(), right.cols());
+    for (Eigen::Index i = 0; i < x.rows(); ++i) {
+        x.row(i) = right.row(m_rowAt[static_cast<std::size_t>(i)]);
     }
-    for (std::size_t i = 0; i < m_pivots.size(); ++i) {
-        for (int p = m_starts[i]; p < m_ends[i]; ++p) {
-            x[m_places[static_cast<std::size_t>(p)]] -=
-                m_entries[static_cast<std::size_t>(p)] * x[static_cast<Eigen::Index>(i)];
-        }
-    }
-    for (Eigen::Index i = 0; i < x.size(); ++i) {
+    solveLower(x);
+    for (Eigen::Index i = 0; i < x.rows(); ++i) {
         const double pivot = m_pivots[static_cast<std::size_t>(i)];
-        x[i] = pivot != 0.0 ? x[i] / pivot : 0.0;
+        x.row(i) *= pivot != 0.0 ? 1.0 / pivot : 0.0;
     }
     solveUpper(x);
-    Eigen::VectorXd result(x.size());
-    for (Eigen::Index i = 0; i < x.size(); ++i) {
-        result[m_rowAt[static_cast<std::size_t>(i)]] = x[i];
-    }
-    return result;
+    return inRowOrder(x);
 }
 
 Eigen::MatrixXd VrexRowFactor::withoutRows(const Eigen::MatrixXd& motions) const {
-    Eigen::MatrixXd result = motions;
+    Vectors result = motions;
     constexpr int passes = 3; // each takes away what rounding left in the one before
-    for (Eigen::Index column = 0; column < result.cols(); ++column) {
-        for (int pass = 0; pass < passes; ++pass) {
-            result.col(column) -= m_matrix.transpose() * solve(m_matrix * result.col(column));
-        }
+    for (int pass = 0; pass < passes; ++pass) {
+        result -= m_matrix.transpose() * solve(m_matrix * result);
     }
     return result;
 }

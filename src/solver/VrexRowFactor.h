@@ -32,8 +32,12 @@ private:
     void factorize(const Eigen::SparseMatrix<double>& product, double tolerance);
     int reach(const Eigen::SparseMatrix<double>& product, int k, std::vector<int>& marks,
               std::vector<int>& stack) const;
-    void solveUpper(Eigen::Ref<Eigen::VectorXd> x) const;
-    Eigen::VectorXd solve(const Eigen::VectorXd& right) const;
+    /// Several vectors side by side, so that what is done to all of them alike stands in a row.
+    using Vectors = Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>;
+    void solveLower(Vectors& x) const;
+    void solveUpper(Vectors& x) const;
+    Vectors solve(const Vectors& right) const;
+    Vectors inRowOrder(const Vectors& x) const;
 
     Eigen::SparseMatrix<double> m_matrix;
     std::vector<int> m_rowAt;   ///< By place in the factors, the row of J.

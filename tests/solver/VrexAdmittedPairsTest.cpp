@@ -1,4 +1,6 @@
-#include <array>
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <string>
@@ -161,14 +163,15 @@ TEST(VrexAdmittedPairs, DerivativesMatchCentralDifferences) {
 
 /// Whether it is solved from one of a few random starts.
 bool canSolve(const Case& row, RandomShapes& random) {
+    SCOPED_TRACE(row.name());
     for (int i = 0; i < 5; ++i) {
         const auto first = nsRandomEntities::make(row.first.type, random);
         const auto second = nsRandomEntities::make(row.second.type, random);
         const auto constraint = makeConstraint(row, first, second);
         const auto report = solveOne({first, second}, {constraint});
-        if (report.isConverged && report.remarks.empty()) {
+        // From some starts an ellipse shrinks to nothing, where all its points say the same.
+        if (report.isConverged && report.remarks.empty() && report.overConstrained.empty()) {
             EXPECT_EQ(constraint->satisfiedStatus(), VrexConstraintSatisfiedStatus::Satisfied);
-            EXPECT_TRUE(report.overConstrained.empty());
             return true;
         }
     }
@@ -177,7 +180,9 @@ bool canSolve(const Case& row, RandomShapes& random) {
 
 TEST(VrexAdmittedPairs, AllOfSimpleEntitiesAreSolved) {
     RandomShapes random;
-    for (const Case& row : admitted(SIMPLE)) {
+    const auto cases = admitted(SIMPLE);
+    EXPECT_EQ(cases.size(), 1391U); // as the page on constraints tells
+    for (const Case& row : cases) {
         EXPECT_TRUE(canSolve(row, random)) << row.name();
     }
 }
@@ -205,13 +210,30 @@ void expectReported(const Case& row, const std::vector<std::shared_ptr<VrexGeome
     EXPECT_EQ(constraint->satisfiedStatus(), VrexConstraintSatisfiedStatus::Unknown);
 }
 
+constexpr Type FREE_FORMS[] = {Type::SPLINE, Type::EVAL_CURVE, Type::NURBS_SURFACE, Type::SPIN_SURFACE,
+                               Type::SWEEP_SURFACE};
+
+/// Pairs with a free form in first place; two free forms in one order, since their points are sought on
+/// both. Components of the others behave as what they are matched as.
+std::vector<Case> admittedOfFreeForms() {
+    std::vector<Type> types = SIMPLE;
+    types.insert(types.end(), std::begin(FREE_FORMS), std::end(FREE_FORMS));
+    const auto placeOf = [&types](Type type) { return std::find(types.begin(), types.end(), type); };
+    auto cases = admitted(types);
+    std::erase_if(cases, [&](const Case& row) {
+        const auto first = placeOf(row.first.type);
+        const bool isSimple = first < types.begin() + static_cast<std::ptrdiff_t>(SIMPLE.size());
+        const bool isWhole =
+            row.second.component == Component::UNKNOWN || row.second.type == Type::SPIN_SURFACE;
+        return isSimple || !isWhole || placeOf(row.second.type) > first;
+    });
+    return cases;
+}
+
 TEST(VrexAdmittedPairs, FreeFormsAreSupportedOrReported) {
     RandomShapes random;
-    std::vector<Type> types = SIMPLE;
-    types.insert(types.end(), {Type::SPLINE, Type::EVAL_CURVE, Type::NURBS_SURFACE, Type::SPIN_SURFACE,
-                               Type::SWEEP_SURFACE});
     std::set<std::string> refused;
-    for (const Case& row : admitted(types)) {
+    for (const Case& row : admittedOfFreeForms()) {
         const Built first = makeAny(row.first.type, random);
         const Built second = makeAny(row.second.type, random);
         const auto constraint = makeConstraint(row, first.entity, second.entity);

@@ -106,7 +106,7 @@ TEST(VrexContactHelp, ParameterThatHasNoOriginCannotBeHeld) {
 
 /// Two free forms apart from each other, the second one shifted.
 struct Couple {
-    Couple(nsFreeForms::Maker makeFirst, nsFreeForms::Maker makeSecond, const Vector& shift)
+    Couple(nsFreeForms::Maker makeFirst, nsFreeForms::Maker makeSecond, const Vector& shift, double angle)
         : first(makeFirst()), second(makeSecond()) {
         set = VrexRigidSet3D::create({second.entity});
         all = nsFreeForms::allOf(first);
@@ -114,10 +114,8 @@ struct Couple {
             all.push_back(entity);
         }
         all.push_back(set);
-        VrexGeometryTransformation3DVisitor visitor(
-            VrexTransformation3DT<double>(
-                shift, VrexQuaternionT<double>::makeFromAngleAndAxis(0.5, {0.6, 0.0, 0.8}, 1e-6)),
-            false);
+        const auto turn = VrexQuaternionT<double>::makeFromAngleAndAxis(angle, {1.0, 0.0, 0.1}, 1e-6);
+        VrexGeometryTransformation3DVisitor visitor(VrexTransformation3DT<double>(shift, turn), false);
         set->accept(visitor);
     }
     Built first;
@@ -131,16 +129,23 @@ std::vector<std::shared_ptr<VrexConstraint3D>> constraintsOf(const Couple& coupl
             VrexTangency3D::create(couple.first.entity, couple.second.entity, WHOLE, WHOLE)};
 }
 
-const std::pair<nsFreeForms::Maker, nsFreeForms::Maker> COUPLES[] = {
-    {nsFreeForms::spline, nsFreeForms::spline}, {nsFreeForms::spline, nsFreeForms::nurbs},
-    {nsFreeForms::helix, nsFreeForms::sweep},   {nsFreeForms::nurbs, nsFreeForms::nurbs},
-    {nsFreeForms::spin, nsFreeForms::sweep},    {nsFreeForms::helix, nsFreeForms::spline},
+/// The second one turned and shifted so that they face each other inside their ranges.
+const struct {
+    nsFreeForms::Maker first;
+    nsFreeForms::Maker second;
+    Vector shift;
+    double angle;
+} COUPLES[] = {
+    {nsFreeForms::spline, nsFreeForms::nurbs, {4.0, 2.0, 6.0}, 0.5},
+    {nsFreeForms::helix, nsFreeForms::sweep, {4.0, 2.0, 6.0}, 0.5},
+    {nsFreeForms::nurbs, nsFreeForms::nurbs, {0.1, 3.7, 3.0}, 3.0},
+    {nsFreeForms::spin, nsFreeForms::sweep, {4.0, 2.0, 6.0}, 0.5},
 };
 
 TEST(VrexContactHelp, DerivativesBetweenTwoFreeFormsMatchCentralDifferences) {
-    for (const auto& [makeFirst, makeSecond] : COUPLES) {
+    for (const auto& [makeFirst, makeSecond, shift, angle] : COUPLES) {
         for (const std::size_t which : {0U, 1U}) {
-            const Couple couple(makeFirst, makeSecond, {4.0, 2.0, 6.0});
+            const Couple couple(makeFirst, makeSecond, shift, angle);
             SCOPED_TRACE(std::string(getEnumeratorText(couple.first.entity->type())) + " " +
                          getEnumeratorText(couple.second.entity->type()) + " " + std::to_string(which));
             SolverProbe({couple.all.begin(), couple.all.end()}, {constraintsOf(couple)[which]})
@@ -150,9 +155,9 @@ TEST(VrexContactHelp, DerivativesBetweenTwoFreeFormsMatchCentralDifferences) {
 }
 
 TEST(VrexContactHelp, TwoFreeFormsComeAsNearAsTheConstraintSays) {
-    for (const auto& [makeFirst, makeSecond] : COUPLES) {
+    for (const auto& [makeFirst, makeSecond, shift, angle] : COUPLES) {
         for (const std::size_t which : {0U, 1U}) {
-            const Couple couple(makeFirst, makeSecond, {4.0, 2.0, 6.0});
+            const Couple couple(makeFirst, makeSecond, shift, angle);
             SCOPED_TRACE(std::string(getEnumeratorText(couple.first.entity->type())) + " " +
                          getEnumeratorText(couple.second.entity->type()) + " " + std::to_string(which));
             const auto report = solveOne(

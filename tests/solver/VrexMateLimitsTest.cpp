@@ -58,7 +58,7 @@ TEST(VrexMateLimits, AnglesAreCountedIntoTheLimits) {
         {{std::nullopt, 0.0}, 0.0, 0.2, 0.0},  {{std::nullopt, std::nullopt}, 7.0, 0.5, TURN + 0.5},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.counted) + " at " + std::to_string(row.angle));
+        SCOPED_TRACE(testing::Message() << row.counted << " at " << row.angle);
         const Hinge hinge(row.limits, row.counted, row.angle);
         EXPECT_TRUE(hinge.solve().isConverged);
         EXPECT_NEAR(hinge.mate->getDimension(0).value, row.expected, TOLERANCE);

@@ -1,6 +1,8 @@
 #include "solver/VrexSolverResiduals.h"
 
+#include <algorithm>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -58,14 +60,21 @@ std::vector<Constraint> makeEmpty() {
     };
 }
 
-TEST(VrexSolverResiduals, ConstraintsThatLackTheirGeometriesAreRefusedByIdentifier) {
+TEST(VrexSolverResiduals, ConstraintsThatLackTheirGeometriesAreNamed) {
     for (const Constraint& constraint : makeEmpty()) {
         const auto line = VrexLine3D::create({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0});
         const auto report = solveOne({line}, {constraint});
-        ASSERT_EQ(report.remarks.size(), 1U) << report.refusal;
-        EXPECT_EQ(report.remarks[0].id, constraint->getID());
-        EXPECT_NE(report.remarks[0].reason, "");
-        EXPECT_NE(report.remarks[0].reason, "This kind of constraint is not supported.");
+        const auto& geometries = constraint->getGeometries();
+        if (std::find(geometries.begin(), geometries.end(), nullptr) != geometries.end()) {
+            std::string refusal = constraint->getNamePrefix();
+            refusal.append(std::to_string(constraint->getID())).append(" binds an entity that is missing.");
+            EXPECT_EQ(report.refusal, refusal);
+        } else {
+            ASSERT_EQ(report.remarks.size(), 1U) << report.refusal;
+            EXPECT_EQ(report.remarks[0].id, constraint->getID());
+            EXPECT_NE(report.remarks[0].reason, "");
+            EXPECT_NE(report.remarks[0].reason, "This kind of constraint is not supported.");
+        }
         EXPECT_EQ(constraint->status(), VrexConstraintStatus::NotSolved);
         EXPECT_EQ(constraint->satisfiedStatus(), VrexConstraintSatisfiedStatus::Unknown);
     }

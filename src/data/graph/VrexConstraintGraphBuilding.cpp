@@ -8,31 +8,54 @@
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
 #include "data/VrexLog.h"
+#include "data/VrexPrefetch.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexGraphTimer.h"
-#include "data/graph/VrexPrefetch.h"
 
 namespace {
 
-/// Fetches what a pass over `constraints` will ask for behind the one at `index`.
-void prefetch(const std::vector<std::shared_ptr<VrexBaseConstraint>>& constraints, std::size_t index) {
+using Constraints = std::vector<std::shared_ptr<VrexBaseConstraint>>;
+
+/// Fetches the constraint at `place`, if there is one.
+void prefetchConstraint(const Constraints& constraints, std::size_t place) {
     constexpr std::size_t ARGUMENTS = 160; // of the library's own constraints
-    const auto ahead = [&](std::size_t fetches) -> const VrexBaseConstraint* {
-        const std::size_t place = index + fetches * nsPrefetch::STEPS;
-        return place < constraints.size() ? constraints[place].get() : nullptr;
-    };
-    if (const VrexBaseConstraint* constraint = ahead(3)) {
-        nsPrefetch::object(constraint);
-        nsPrefetch::line(reinterpret_cast<const char*>(constraint) + ARGUMENTS);
+    if (place < constraints.size() && constraints[place] != nullptr) {
+        nsPrefetch::object(constraints[place].get());
+        nsPrefetch::line(reinterpret_cast<const char*>(constraints[place].get()) + ARGUMENTS);
     }
-    if (const VrexBaseConstraint* constraint = ahead(2)) {
-        nsPrefetch::line(constraint->getGeometries().data());
+}
+
+/// Fetches the list of what it binds.
+void prefetchArguments(const Constraints& constraints, std::size_t place) {
+    if (place < constraints.size() && constraints[place] != nullptr) {
+        nsPrefetch::line(constraints[place]->getGeometries().data());
     }
-    if (const VrexBaseConstraint* constraint = ahead(1)) {
-        for (const auto& geometry : constraint->getGeometries()) {
-            nsPrefetch::object(geometry.get());
+}
+
+/// Calls `fetch` with each object that it binds.
+template <class Fetch>
+void prefetchBound(const Constraints& constraints, std::size_t place, const Fetch& fetch) {
+    if (place < constraints.size() && constraints[place] != nullptr) {
+        for (const auto& geometry : constraints[place]->getGeometries()) {
+            if (geometry != nullptr) {
+                fetch(*geometry);
+            }
         }
     }
+}
+
+/// Fetches what a pass over `constraints` will ask for behind the one at `index`: it, the list of what it
+/// binds, that, and where `objects` has it.
+void prefetch(const Constraints& constraints, std::size_t index, const VrexVertexIndex& objects) {
+    constexpr std::size_t STEPS = nsPrefetch::STEPS;
+    prefetchConstraint(constraints, index + 4 * STEPS);
+    prefetchArguments(constraints, index + 3 * STEPS);
+    prefetchBound(constraints, index + 2 * STEPS,
+                  [](const VrexBaseGeometry& geometry) { nsPrefetch::object(&geometry); });
+    prefetchBound(constraints, index + STEPS,
+                  [&](const VrexBaseGeometry& geometry) { objects.prefetchPlace(geometry.getID()); });
+    prefetchBound(constraints, index + STEPS / 2,
+                  [&](const VrexBaseGeometry& geometry) { objects.prefetchObject(geometry.getID()); });
 }
 
 VrexVertexType typeOf(const VrexBaseGeometry&) { return VrexVertexType::Geometry; }
@@ -190,7 +213,7 @@ VrexConstraintGraph::addConstraints(const std::vector<std::shared_ptr<VrexBaseCo
     const std::uint32_t edges = m_edges.size();
     std::size_t joined = adjacency().empty() ? constraints.size() : 0;
     for (std::size_t i = 0; i < constraints.size(); ++i) {
-        prefetch(constraints, i);
+        prefetch(constraints, i, m_objects);
         const auto& constraint = constraints[i];
         if (constraint == nullptr) {
             continue;

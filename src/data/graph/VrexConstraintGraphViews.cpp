@@ -9,10 +9,10 @@
 
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
+#include "data/VrexPrefetch.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexConstraintVertex.h"
 #include "data/graph/VrexGeometryVertex.h"
-#include "data/graph/VrexPrefetch.h"
 
 namespace {
 

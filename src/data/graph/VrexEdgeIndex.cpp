@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
 
 #include "data/VrexLog.h"
 
 void VrexEdgeIndex::addLater(std::uint32_t edge) {
     const Ends ends = m_ends[edge];
-    m_later[ends.first].push_back({ends.second, edge});
-    m_later[ends.second].push_back({ends.first, edge});
+    m_later[ends.first].push_back({ends.second, edge, NONE});
+    m_later[ends.second].push_back({ends.first, edge, NONE});
 }
 
 void VrexEdgeIndex::raiseTooMany() { VREX_RAISE(std::length_error, "Too many edges for one graph."); }
@@ -18,24 +17,43 @@ void VrexEdgeIndex::layOut(std::uint32_t vertexCount) {
     if (isLaidOut(vertexCount)) {
         return;
     }
-    // Counted two behind, summed up, and moved on by one as they are filled, so that the starts end in place.
-    std::vector<std::uint32_t> starts(vertexCount + 2ULL);
-    for (const Ends& ends : m_ends) {
-        ++starts[ends.first + 2ULL];
-        ++starts[ends.second + 2ULL];
-    }
-    for (std::size_t i = 2; i < starts.size(); ++i) {
-        starts[i] += starts[i - 1];
-    }
+    m_starts = countStarts(vertexCount);
+    std::vector<std::uint32_t> next(m_starts.begin(), m_starts.end() - 1);
     m_incidences.resize(2 * m_ends.size());
     for (std::uint32_t edge = 0; edge < m_ends.size(); ++edge) {
         const Ends& ends = m_ends[edge];
-        m_incidences[starts[ends.first + 1ULL]++] = {ends.second, edge};
-        m_incidences[starts[ends.second + 1ULL]++] = {ends.first, edge};
+        if (edge + nsPrefetch::STEPS < m_ends.size()) {
+            const std::uint32_t ahead = next[m_ends[edge + nsPrefetch::STEPS].first];
+            nsPrefetch::lineToWrite(m_incidences.data() + ahead);
+        }
+        m_incidences[next[ends.first]++] = {ends.second, edge, beyond(edge)};
+        m_incidences[next[ends.second]++] = {ends.first, edge, NONE};
     }
-    starts.pop_back();
-    m_starts = std::move(starts);
     m_later.clear();
+}
+
+std::vector<std::uint32_t> VrexEdgeIndex::countStarts(std::uint32_t vertexCount) const {
+    std::vector<std::uint32_t> starts(vertexCount + 1ULL);
+    for (const Ends& ends : m_ends) {
+        ++starts[ends.first + 1ULL];
+        ++starts[ends.second + 1ULL];
+    }
+    for (std::size_t i = 1; i < starts.size(); ++i) {
+        starts[i] += starts[i - 1];
+    }
+    return starts;
+}
+
+std::uint32_t VrexEdgeIndex::beyond(std::uint32_t edge) const {
+    const std::uint32_t passed = m_ends[edge].second;
+    if (m_starts[passed + 1ULL] - m_starts[passed] != 2) {
+        return NONE;
+    }
+    if (edge > 0 && m_ends[edge - 1].second == passed) {
+        return m_ends[edge - 1].first;
+    }
+    const bool isFollowed = edge + 1 < m_ends.size() && m_ends[edge + 1].second == passed;
+    return isFollowed ? m_ends[edge + 1].first : NONE;
 }
 
 std::span<const VrexEdgeIndex::Incidence> VrexEdgeIndex::later(std::uint32_t vertex) const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/VrexExport.h"
+#include "data/VrexPrefetch.h"
 
 /// The edges of a constraint graph as pairs of vertex indices, and for each vertex the edges at it, in the
 /// order of their addition; a loop stands twice at its vertex.
@@ -19,10 +20,15 @@ public:
         std::uint32_t first;
         std::uint32_t second;
     };
+    /// No vertex.
+    static constexpr std::uint32_t NONE = 0xFFFFFFFFU;
     /// An edge as one of its ends sees it.
     struct Incidence {
         std::uint32_t other; ///< The vertex at the other end.
         std::uint32_t edge;
+        /// Where `other` has but one more edge, the vertex behind that, if it was found in passing, as for
+        /// what a constraint of two binds; otherwise `NONE`. Who walks need not look at `other` then.
+        std::uint32_t beyond;
     };
     struct Range {
         std::uint32_t next;
@@ -61,6 +67,11 @@ public:
     /// The same as places of `incidence`.
     Range range(std::uint32_t vertex) const { return {m_starts[vertex], m_starts[vertex + 1ULL]}; }
     const Incidence& incidence(std::uint32_t place) const { return m_incidences[place]; }
+    /// Fetches the range of a vertex, and then, some steps later, what stands in it.
+    void prefetchRange(std::uint32_t vertex) const { nsPrefetch::line(&m_starts[vertex]); }
+    void prefetchIncidences(std::uint32_t vertex) const {
+        nsPrefetch::line(m_incidences.data() + m_starts[vertex]);
+    }
     /// The edges at a vertex that came later.
     std::span<const Incidence> later(std::uint32_t vertex) const;
     std::size_t degree(std::uint32_t vertex) const { return laidOut(vertex).size() + later(vertex).size(); }
@@ -73,6 +84,11 @@ private:
     static constexpr std::size_t MOST_EDGES = 0x7FFFFFFFU;
 
     void addLater(std::uint32_t edge);
+    /// How many edges each of `vertexCount` vertices has, summed up before it.
+    std::vector<std::uint32_t> countStarts(std::uint32_t vertexCount) const;
+    /// The other vertex that the second end of `edge` is joined to, if the edge before or behind is its only
+    /// other one.
+    std::uint32_t beyond(std::uint32_t edge) const;
     [[noreturn]] static void raiseTooMany();
 
     std::vector<Ends> m_ends;

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "data/VrexPrefetch.h"
+
 /// From a 64-bit key to the places 0, 1, 2 ... at which it was added, the latest first.
 ///
 /// Chained buckets in flat arrays: nothing is allocated for a single key, and keys that meet in a bucket
@@ -41,7 +43,7 @@ public:
     /// Fetches the bucket of a key that is about to be looked up.
     void prefetch(std::uint64_t key) const {
         if (!m_heads.empty()) {
-            __builtin_prefetch(&m_heads[bucketOf(key)]);
+            nsPrefetch::line(&m_heads[bucketOf(key)]);
         }
     }
     /// The latest place of any key in the bucket of `key`: mostly its own, and never behind its own.

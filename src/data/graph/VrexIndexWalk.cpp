@@ -7,11 +7,11 @@
 
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
+#include "data/VrexPrefetch.h"
 #include "data/graph/VrexComponentGenerator.h"
 #include "data/graph/VrexConnectedComponent.h"
 #include "data/graph/VrexConstraintGraph.h"
 #include "data/graph/VrexFixedGeometryTaker.h"
-#include "data/graph/VrexPrefetch.h"
 
 bool VrexIndexWalk::isAble(VrexConstraintGraph& graph) {
     if (graph.m_objects.hasRepeatedIDs() || graph.numVertices() != graph.m_objects.size()) {
@@ -91,11 +91,24 @@ void VrexIndexWalk::searchDepthFirst(std::uint32_t seed) {
             m_frames.pop_back();
             continue;
         }
-        const std::uint32_t other = edges.incidence(left.next++).other;
-        if (!isVisitedColor(color(other))) {
-            enter(other);
+        const VrexEdgeIndex::Incidence next = edges.incidence(left.next++);
+        if (isVisitedColor(color(next.other))) {
+            continue;
+        }
+        if (!passThrough(next)) {
+            enter(next.other);
+        } else if (!isVisitedColor(color(next.beyond))) {
+            enter(next.beyond);
         }
     }
+}
+
+bool VrexIndexWalk::passThrough(const VrexEdgeIndex::Incidence& next) {
+    if (next.beyond == VrexEdgeIndex::NONE || color(next.other) != VrexGraphVertexColor::White) {
+        return false;
+    }
+    setColor(next.other, VrexGraphVertexColor::Black);
+    return discover(next.other, false);
 }
 
 void VrexIndexWalk::searchBroadFirst(std::uint32_t seed) {
@@ -103,11 +116,20 @@ void VrexIndexWalk::searchBroadFirst(std::uint32_t seed) {
     m_queue.assign(1, seed);
     setColor(seed, VrexGraphVertexColor::Gray);
     for (std::size_t head = 0; head < m_queue.size(); ++head) {
+        prefetchQueued(head);
         const std::uint32_t index = m_queue[head];
         if (discover(index, isFixedColor(color(index)) || (head == 0 && isFixedSeed))) {
             setColor(index, VrexGraphVertexColor::Black);
             expandBroadFirst(index);
         }
+    }
+}
+
+void VrexIndexWalk::prefetchQueued(std::size_t head) const {
+    const VrexEdgeIndex& edges = m_graph.m_edges;
+    if (head + 2 * nsPrefetch::STEPS < m_queue.size()) {
+        edges.prefetchRange(m_queue[head + 2 * nsPrefetch::STEPS]);
+        edges.prefetchIncidences(m_queue[head + nsPrefetch::STEPS]);
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -38,7 +39,12 @@ private:
     void search(bool isDepthFirst);
     void searchFrom(VrexVertexType type, bool isDepthFirst);
     void searchDepthFirst(std::uint32_t seed);
+    /// Takes the vertex at the other end with nothing but one more edge, by which the search then goes on;
+    /// false, and nothing done, where it is not known to be such a one.
+    bool passThrough(const VrexEdgeIndex::Incidence& next);
     void searchBroadFirst(std::uint32_t seed);
+    /// Fetches what the vertices behind the one at `head` are expanded by.
+    void prefetchQueued(std::size_t head) const;
     void expandBroadFirst(std::uint32_t index);
     /// Takes a vertex into the component; false where the walk does not pass through it.
     bool discover(std::uint32_t index, bool isFixed);

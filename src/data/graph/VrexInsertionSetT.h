@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "data/VrexPrefetch.h"
 #include "data/graph/VrexIndexChains.h"
-#include "data/graph/VrexPrefetch.h"
 
 /// Objects by address, each once, in the order of their insertion. Nulls are not taken.
 ///

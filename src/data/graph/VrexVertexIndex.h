@@ -8,9 +8,9 @@
 
 #include "data/VrexBaseObject.h"
 #include "data/VrexExport.h"
+#include "data/VrexPrefetch.h"
 #include "data/base/VrexIDHash.h"
 #include "data/graph/VrexIndexChains.h"
-#include "data/graph/VrexPrefetch.h"
 #include "data/graph/VrexVertexType.h"
 
 /// The objects of a constraint graph in the order of its vertices, found by kind and identifier.
@@ -48,6 +48,14 @@ public:
         }
         index = find(type, object.getID());
         return index != NONE && m_objects[index].get() == &object ? index : NONE;
+    }
+    /// Fetches where an object stands that is about to be found, and then, some steps later, its pointer.
+    void prefetchPlace(std::uint64_t id) const { m_chains.prefetch(id); }
+    void prefetchObject(std::uint64_t id) const {
+        const std::uint32_t index = m_chains.latestNear(id);
+        if (index != NONE) {
+            nsPrefetch::line(&m_objects[index]);
+        }
     }
     /// The latest object of either kind.
     std::uint32_t findAny(std::uint64_t id) const { return m_chains.latest(id); }

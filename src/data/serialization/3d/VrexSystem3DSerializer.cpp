@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/VrexLog.h"
+#include "data/VrexPrefetch.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/constraint/equation/VrexBaseEquation.h"
 #include "data/geometry/VrexGeometryVariable.h"
@@ -21,23 +22,14 @@ namespace keys = nsJsonKeys;
 
 namespace {
 
-/// In a large system objects are far away: they are fetched while those before them are written.
-constexpr std::size_t AHEAD = 8;
-void prefetch(const void* object) {
-    constexpr std::size_t LINE = 64, LINES = 4;
-    for (std::size_t line = 0; object != nullptr && line < LINES; ++line) {
-        __builtin_prefetch(static_cast<const char*>(object) + line * LINE);
-    }
-}
-
-/// Visits in order; a null goes to the look-up that refuses it.
+/// Visits in order, and fetches what comes later; a null goes to the look-up that refuses it.
 template <class Object, class Index>
 void visitAll(const std::vector<std::shared_ptr<Object>>& objects, VrexObject3DSerializer& visitor,
               const Index& indexOf) {
     for (std::size_t i = 0; i < objects.size(); ++i) {
-        const auto& next = objects[std::min(i + AHEAD, objects.size() - 1)];
+        const auto& next = objects[std::min(i + nsPrefetch::STEPS, objects.size() - 1)];
         if (next != nullptr) {
-            prefetch(next.get());
+            nsPrefetch::wholeObject(next.get());
             visitor.expect(*next);
         }
         if (objects[i] != nullptr) {

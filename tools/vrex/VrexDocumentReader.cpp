@@ -84,7 +84,7 @@ VrexDocument nsVrexDocument::read(const std::string& name, const VrexConsole& co
         return document;
     }
     const LumoJson json = parse(document.title, text);
-    text = std::string(); // Both it and the system would take room.
+    std::string().swap(text); // An assignment would keep its room, and the system needs it.
     document.system = replay(document.title, json);
     document.furtherKeys = furtherKeysOf(json);
     return document;

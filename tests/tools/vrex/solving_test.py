@@ -100,6 +100,11 @@ class Solve(tool.ToolTest):
         self.assertEqual(output.read_bytes(), b"former")
         self.expect_files("system.json", "out.json")
 
+    def test_failure_is_told_where_the_report_is_not(self):
+        sentence = self.failure(OVER_CONSTRAINED, "--quiet", "solve", "--out", "-", self.write(inconsistent()))
+        self.assertIn("cannot hold together", sentence)
+        self.assertEqual(self.expect(OVER_CONSTRAINED, "--quiet", "solve", self.write(inconsistent())).stderr, b"")
+
     def test_one_constraint_that_cannot_hold_between_what_is_fixed(self):
         document = Document()
         for place in range(2):

@@ -172,8 +172,11 @@ VrexExitCode VrexSolveCommand::run(const VrexConsole& console) const {
     if (!output.empty() && solved.isConverged()) {
         nsVrexDocument::write(output, nsVrexDocument::textOf(solving.solved()), console);
     } else if (!output.empty()) {
-        console.note(output + " is not written: there is no solution.");
+        console.note("Nothing is written: there is no solution.");
     }
     output == "-" ? console.tell(report) : console.print(report);
+    if (output == "-" && console.options().isQuiet && code != VrexExitCode::FINE) {
+        console.fail(sentence); // The report was not told.
+    }
     return code;
 }

@@ -37,6 +37,13 @@ def expect_same_bits(outputs):
                  "".join(f"{name}:\n{text}" for name, text in outputs.items()))
 
 
+def expect_files(prefix):
+    for name in ("share/vrex.data3d/document.schema.json", "share/vrex.data3d/report.schema.json",
+                 "share/man/man1/vrex.1", "share/bash-completion/completions/vrex"):
+        if not (prefix / name).is_file():
+            sys.exit(f"install_consumer: {name} is not where it should be")
+
+
 def use_by_cmake(cmake, compiler, prefix, folder):
     run(cmake, "-S", CONSUMER, "-B", folder, "-G", "Ninja", f"-DCMAKE_PREFIX_PATH={prefix}",
         f"-DCMAKE_CXX_COMPILER={compiler}", "-DCMAKE_BUILD_TYPE=Debug",
@@ -85,8 +92,8 @@ def main():
         run(cmake, "--install", build, "--prefix", folder / "first")
         # Nothing in the installed tree may remember where it was put.
         prefix = (folder / "first").rename(folder / "moved")
-        if not (prefix / "share/vrex.data3d/document.schema.json").is_file():
-            sys.exit("install_consumer: the schema of documents is not where it should be")
+        expect_files(prefix)
+        run(prefix / "bin" / "vrex", "--version")
         use_by_cmake(cmake, compiler, prefix, folder / "build")
         use_by_pkg_config(compiler, prefix, folder)
     print("install_consumer: found by CMake and by pkg-config, built and run" +

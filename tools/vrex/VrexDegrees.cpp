@@ -34,11 +34,12 @@ bool isCarrier(Type type) {
 } // namespace
 
 VrexDegrees::VrexDegrees(const std::vector<std::shared_ptr<VrexBaseGeometry>>& geometries) {
+    const auto addressOf = [](const auto& part) { return part.get(); };
     for (const auto& geometry : geometries) {
         const Type type = typeOf(*geometry);
         if (isCarrier(type)) {
             std::ranges::transform(geometry->getGeometries(), std::inserter(m_carried, m_carried.end()),
-                                   [](const auto& part) { return part.get(); });
+                                   addressOf);
         } else if (type == Type::CONNECTOR && !geometry->getGeometries().empty()) {
             m_carried.insert(geometry.get());
         }

@@ -123,18 +123,35 @@ findNotCreated(const LumoJson& json, const VrexSystem3DDeserializer& deserialize
     return std::nullopt;
 }
 
-/// The first object that cannot be filled.
+/// Why the values of the next object cannot be read; nothing where they can.
+std::optional<std::string> refusalOf(VrexBaseObject& object, VrexVisitor3D& reader) {
+    try {
+        object.accept(reader);
+        return std::nullopt;
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+}
+
+/// The first object of the array that cannot be filled.
+std::optional<VrexDocumentFault> findNotFilledIn(const Created& array, const LumoJson& json,
+                                                 const VrexSystem3DDeserializer& deserializer,
+                                                 VrexVisitor3D& reader) {
+    const std::uint64_t count = countCreated(array, deserializer);
+    for (std::uint64_t i = 0; i < count; ++i) {
+        if (const auto refusal = refusalOf(*array.at(deserializer, i), reader)) {
+            return atObject(array.key, i, json[array.key][i], *refusal);
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<VrexDocumentFault> findNotFilled(const LumoJson& json, VrexSystem3DDeserializer& deserializer) {
     VrexIDGenerator generator;
     VrexObject3DDeserializer reader(json, deserializer, generator, {});
     for (const Created& array : ARRAYS) {
-        const std::uint64_t count = countCreated(array, deserializer);
-        for (std::uint64_t i = 0; i < count; ++i) {
-            try {
-                array.at(deserializer, i)->accept(reader);
-            } catch (const std::exception& error) {
-                return atObject(array.key, i, json[array.key][i], error.what());
-            }
+        if (auto fault = findNotFilledIn(array, json, deserializer, reader)) {
+            return fault;
         }
     }
     return std::nullopt;

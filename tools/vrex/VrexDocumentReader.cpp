@@ -28,8 +28,7 @@ bool isListOfObjects(std::string_view key) {
            key == keys::EQUATIONS;
 }
 
-/// Takes the text over, so that it is gone before the system is made.
-LumoJson parse(const std::string& title, std::string text) {
+LumoJson parse(const std::string& title, const std::string& text) {
     try {
         return LumoJson::parse(text);
     } catch (const std::runtime_error& error) {
@@ -84,7 +83,8 @@ VrexDocument nsVrexDocument::read(const std::string& name, const VrexConsole& co
         document.system = nsVrexSystemStream::decode(document.title, text);
         return document;
     }
-    const LumoJson json = parse(document.title, std::move(text));
+    const LumoJson json = parse(document.title, text);
+    std::string().swap(text); // An assignment would keep its room, and the system needs it.
     document.system = replay(document.title, json);
     document.furtherKeys = furtherKeysOf(json);
     return document;

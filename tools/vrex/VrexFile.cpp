@@ -166,12 +166,14 @@ private:
 } // namespace
 
 void nsVrexFile::save(const fs::path& file, std::string_view text) {
-    VrexInterruption interruption;
     const fs::file_status status = fs::status(file);
     if (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status)) {
-        writeAll(Descriptor(file, O_WRONLY).number(), file, text, interruption);
+        const Descriptor target(file, O_WRONLY); // May wait for a reader, and nothing has been begun.
+        VrexInterruption interruption;
+        writeAll(target.number(), file, text, interruption);
         return;
     }
+    VrexInterruption interruption;
     PartFile part(fs::exists(status) ? fs::canonical(file) : file);
     part.write(text, interruption);
     part.takePlace();

@@ -36,6 +36,15 @@ std::string failureOf(const Component& component) {
     return {};
 }
 
+/// How a sentence about culprits ends.
+const char* endOf(bool isRepetition, bool isOneAlone) {
+    if (isOneAlone) {
+        return " cannot hold, with or without the others.";
+    }
+    return isRepetition ? " repeat each other; leaving out any one of them ends that."
+                        : " cannot hold together; leaving out any one of them ends that.";
+}
+
 } // namespace
 
 VrexSolveReport::VrexSolveReport(const VrexSolverReport& solved,
@@ -64,19 +73,18 @@ bool VrexSolveReport::isOverConstrained(bool areSolvedAllowed) const {
 }
 
 std::string VrexSolveReport::culprits() const {
-    std::string text;
     for (const Component& component : m_solved.components) {
         if (component.overConstrained.empty()) {
             continue;
         }
-        for (const std::uint64_t id : component.overConstrained.front()) {
-            text.append(text.empty() ? "" : ", ").append(nameOfConstraint(id));
+        const auto& ids = component.overConstrained.front();
+        std::string names;
+        for (const std::uint64_t id : ids) {
+            names.append(names.empty() ? "" : ", ").append(nameOfConstraint(id));
         }
-        return text + (component.isConverged
-                           ? " repeat each other; leaving out any one of them ends that."
-                           : " cannot hold together; leaving out any one of them ends that.");
+        return names.append(endOf(component.isConverged, ids.size() == 1));
     }
-    return text;
+    return {};
 }
 
 std::string VrexSolveReport::nameOfConstraint(std::uint64_t id) const {
@@ -113,17 +121,21 @@ VrexSolveReport::describe(std::uint64_t id, const std::unordered_map<std::uint64
     return {id, nsVrexObjectNames::kindOf(*found->second), found->second->label()};
 }
 
+void VrexSolveReport::addGroup(VrexReport::Table& table, std::size_t component, std::size_t group,
+                               const std::vector<std::uint64_t>& ids) const {
+    for (const std::uint64_t id : ids) {
+        std::vector<LumoJson> row = describe(id, m_constraints);
+        row.insert(row.begin(), {component, group});
+        table.add(std::move(row));
+    }
+}
+
 void VrexSolveReport::addOverConstrained(VrexReport& report) const {
     auto& table = report.addTable("overConstrainedGroups", {"component", "group", "id", "type", "label"});
     std::size_t group = 0;
     for (std::size_t i = 0; i < m_solved.components.size(); ++i) {
         for (const auto& ids : m_solved.components[i].overConstrained) {
-            for (const std::uint64_t id : ids) {
-                std::vector<LumoJson> row = describe(id, m_constraints);
-                row.insert(row.begin(), {i, group});
-                table.add(std::move(row));
-            }
-            ++group;
+            addGroup(table, i, group++, ids);
         }
     }
 }
@@ -137,16 +149,20 @@ void VrexSolveReport::addRemarks(VrexReport& report) const {
     }
 }
 
+void VrexSolveReport::addFreedom(VrexReport::Table& table, std::size_t component,
+                                 const VrexSolverFreedom& freedom) const {
+    if (freedom.degrees > 0) {
+        std::vector<LumoJson> row = describe(freedom.id, m_geometries);
+        row.insert(row.begin(), {component, freedom.degrees});
+        table.add(std::move(row));
+    }
+}
+
 void VrexSolveReport::addFreedoms(VrexReport& report) const {
     auto& table = report.addTable("freedoms", {"component", "degrees", "id", "type", "label"});
     for (std::size_t i = 0; i < m_solved.components.size(); ++i) {
         for (const VrexSolverFreedom& freedom : m_solved.components[i].freedoms) {
-            if (freedom.degrees == 0) {
-                continue;
-            }
-            std::vector<LumoJson> row = describe(freedom.id, m_geometries);
-            row.insert(row.begin(), {i, freedom.degrees});
-            table.add(std::move(row));
+            addFreedom(table, i, freedom);
         }
     }
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "solver/VrexSolverReport.h"
 #include "tools/vrex/VrexReport.h"
@@ -17,7 +19,8 @@ public:
 
     /// Whether a component was not solved, or a constraint of it.
     bool isUnsolved() const { return !m_firstFailure.empty(); }
-    /// Whether constraints repeat others; with `areSolvedAllowed`, in components that did not converge.
+    /// Whether constraints repeat or contradict each other; with `areSolvedAllowed`, in components that did
+    /// not converge.
     bool isOverConstrained(bool areSolvedAllowed) const;
     std::size_t freedom() const { return m_freedom; }
 
@@ -31,8 +34,12 @@ public:
 private:
     std::string nameOfConstraint(std::uint64_t id) const;
     void addComponents(VrexReport& report) const;
+    void addGroup(VrexReport::Table& table, std::size_t component, std::size_t group,
+                  const std::vector<std::uint64_t>& ids) const;
     void addOverConstrained(VrexReport& report) const;
     void addRemarks(VrexReport& report) const;
+    /// None for what cannot move.
+    void addFreedom(VrexReport::Table& table, std::size_t component, const VrexSolverFreedom& freedom) const;
     void addFreedoms(VrexReport& report) const;
     /// Identifier, kind and label.
     template <class Object>

@@ -91,7 +91,8 @@ TEST_F(VrexFile, AWriteThatFailsHalfWayLeavesTheFormerFileAlone) {
 }
 
 TEST_F(VrexFile, LoadsWhatWasSaved) {
-    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{65536}, std::size_t{300'000}}) {
+    for (const std::size_t size :
+         {std::size_t{0}, std::size_t{1}, std::size_t{65536}, std::size_t{300'000}}) {
         const std::string text(size, 'z');
         nsVrexFile::save(m_file, text);
         EXPECT_EQ(nsVrexFile::load(m_file), text);

@@ -100,11 +100,28 @@ class Solve(tool.ToolTest):
         self.assertEqual(output.read_bytes(), b"former")
         self.expect_files("system.json", "out.json")
 
-    def test_too_few_iterations_do_not_converge(self):
-        document = tool.triangle(1.5, 1.2)
+    def test_failure_is_told_where_the_report_is_not(self):
+        sentence = self.failure(OVER_CONSTRAINED, "--quiet", "solve", "--out", "-", self.write(inconsistent()))
+        self.assertIn("cannot hold together", sentence)
+        self.assertEqual(self.expect(OVER_CONSTRAINED, "--quiet", "solve", self.write(inconsistent())).stderr, b"")
+
+    def test_one_constraint_that_cannot_hold_between_what_is_fixed(self):
+        document = Document()
+        for place in range(2):
+            document.fix(document.point(float(place), 0.0, 0.0))
+        document.bind("Distance3D", [0, 1], value=1.0, label="wide")
         self.report(FINE, "solve", self.write(document))
-        report = self.report(NOT_CONVERGED, "solve", "--max-iterations", "1", self.write(document))
-        self.assertIn("Component 0: It did not converge", report["summary"])
+        document.root["constraints"][-1]["value"] = 2.0
+        summary = self.report(OVER_CONSTRAINED, "solve", self.write(document))["summary"]
+        self.assertIn("Distance3D \"wide\" (id 5) cannot hold, with or without the others.", summary)
+
+    def test_component_that_is_refused_leaves_the_others_to_be_solved(self):
+        document = tool.gap()
+        first, second = document.point(0.0, 0.0, 0.0), document.point(1.0, 1.0, 0.0)
+        document.bind("Distance3D", [first, second], value=1.0, minLimit=3.0, maxLimit=2.0)
+        report = self.report(NOT_CONVERGED, "solve", self.write(document))
+        self.assertEqual([row["converged"] for row in report["components"]], [True, False])
+        self.assertIn("Component 1: Distance3D 9 has a lower limit above the upper one.", report["summary"])
 
     def test_unsupported_kind_is_not_solved_and_named(self):
         document = Document()

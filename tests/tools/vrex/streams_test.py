@@ -144,6 +144,14 @@ class Interruption(tool.ToolTest):
             self.assertEqual(sentence.decode(),
                              f"vrex: error: {pipe} cannot be written: Interrupted system call.\n")
 
+    def test_wait_for_a_reader_can_be_ended(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        process = subprocess.Popen([PROGRAM, "convert", "--out", pipe, self.write(tool.gap())])
+        time.sleep(0.5)
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(process.wait(timeout=10), -signal.SIGINT)
+
     def test_no_file_is_torn_whenever_it_ends(self):
         texts = [tool.run("convert", self.write(many(5000 + i))).stdout for i in range(2)]
         files = [self.write(text, f"{i}.json") for i, text in enumerate(texts)]

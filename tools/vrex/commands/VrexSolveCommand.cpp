@@ -133,22 +133,21 @@ struct Verdict {
 };
 
 Verdict judge(const VrexSolveCommand& command, const VrexSolveReport& report, const std::string& title) {
-    if (report.isOverConstrained(command.allowsRedundancy)) {
-        return {VrexExitCode::OVER_CONSTRAINED,
-                fmt::format("{} is over-constrained: {}", title, report.culprits())};
-    }
-    if (report.isUnsolved()) {
-        return {VrexExitCode::NOT_CONVERGED,
-                fmt::format("{} is not solved. {}", title, report.firstFailure())};
-    }
     const std::string left =
         nsVrexObjectNames::countOf(report.freedom(), "degree of freedom", "degrees of freedom");
-    const std::string solved = fmt::format("{} is solved, with {} left.", title, left);
+    const std::string solved = fmt::format("{} is {}solved", title, report.isUnsolved() ? "not " : "");
+    if (report.isOverConstrained(command.allowsRedundancy)) {
+        return {VrexExitCode::OVER_CONSTRAINED,
+                fmt::format("{}, and over-constrained: {}", solved, report.culprits())};
+    }
+    if (report.isUnsolved()) {
+        return {VrexExitCode::NOT_CONVERGED, fmt::format("{}. {}", solved, report.firstFailure())};
+    }
     if (command.isToBeDetermined && report.freedom() > 0) {
         return {VrexExitCode::UNDER_CONSTRAINED,
-                fmt::format("{} is under-constrained: {} left.", title, left)};
+                fmt::format("{}, but under-constrained: {} left.", solved, left)};
     }
-    return {VrexExitCode::FINE, solved};
+    return {VrexExitCode::FINE, fmt::format("{}, with {} left.", solved, left)};
 }
 
 } // namespace
@@ -173,8 +172,11 @@ VrexExitCode VrexSolveCommand::run(const VrexConsole& console) const {
     if (!output.empty() && solved.isConverged()) {
         nsVrexDocument::write(output, nsVrexDocument::textOf(solving.solved()), console);
     } else if (!output.empty()) {
-        console.note(output + " is not written: there is no solution.");
+        console.note("Nothing is written: there is no solution.");
     }
     output == "-" ? console.tell(report) : console.print(report);
+    if (output == "-" && console.options().isQuiet && code != VrexExitCode::FINE) {
+        console.fail(sentence); // The report was not told.
+    }
     return code;
 }

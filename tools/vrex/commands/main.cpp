@@ -1,3 +1,3 @@
-#include "tools/vrex/VrexCommandLine.h"
+#include "tools/vrex/commands/VrexCommandLine.h"
 
 int main(int count, char** arguments) { return nsVrexCommandLine::run(count, arguments); }

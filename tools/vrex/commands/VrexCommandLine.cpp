@@ -1,4 +1,4 @@
-#include "tools/vrex/VrexCommandLine.h"
+#include "tools/vrex/commands/VrexCommandLine.h"
 
 #include <csignal>
 #include <exception>

@@ -76,15 +76,11 @@ private:
 
     /// A link has the frame of its own name; a joint carries that of its child.
     std::string linkOf(const std::string& frame) const {
-        const auto isLink = [&frame](const VrexUrdfLink& link) { return link.name == frame; };
-        if (std::ranges::none_of(m_robot.links, isLink)) {
-            for (const VrexUrdfJoint& joint : m_robot.joints) {
-                if (joint.name == frame) {
-                    return joint.child;
-                }
-            }
+        if (std::ranges::find(m_robot.links, frame, &VrexUrdfLink::name) != m_robot.links.end()) {
+            return frame;
         }
-        return frame;
+        const auto joint = std::ranges::find(m_robot.joints, frame, &VrexUrdfJoint::name);
+        return joint != m_robot.joints.end() ? joint->child : frame;
     }
 
     const std::string& m_file;

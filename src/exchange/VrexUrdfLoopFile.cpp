@@ -40,7 +40,8 @@ private:
 
     void readPairs(const YAML::Node& root, const YAML::Node& pairs, const YAML::Node& types) {
         if (!pairs || !pairs.IsSequence()) {
-            refuse(root.Mark(), PAIRS, "The loop file has no list closed_loop.");
+            m_findings.doubt(placeOf(root.Mark()), PAIRS, "The loop file has no list closed_loop.",
+                             "It closes no loop.");
             return;
         }
         if (!types || !types.IsSequence() || types.size() != pairs.size()) {

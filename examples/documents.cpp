@@ -67,7 +67,7 @@ public:
         parameters.generateMissingIds = true;
         VrexSystem3DSerializer serializer(parameters);
         serializer.serialize({m_geometries, {}, m_constraints, {}, 1e-8, 1e-11, {}, {}});
-        nsVrexFile::save(file, serializer.jsonStream());
+        nsVrexFile::save(file, std::string(serializer.jsonStream()).append("\n"));
         std::printf("%s\n", file.c_str());
     }
 

@@ -13,7 +13,6 @@
 #include <stdexcept>
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 #include "data/3d/VrexAssigner3D.h"
@@ -144,27 +143,25 @@ private:
 
     /// What came back goes onto the objects of the same identifiers.
     void takeBack(const unsigned char* buffer, unsigned int size) const {
-        std::unordered_map<std::uint64_t, std::shared_ptr<VrexBaseObject>> ours;
-        for (const auto& geometry : m_geometries) {
-            ours[geometry->getID()] = geometry;
-        }
-        for (const auto& constraint : m_constraints) {
-            ours[constraint->getID()] = constraint;
-        }
         Components components;
         if (!VrexStreamGraphDecoder3D().decodeConstraintGraphs(buffer, size, components)) {
             throw std::runtime_error("the solver's answer does not read");
         }
         for (const auto& component : components) {
-            assign(component->getGeometries(), ours);
-            assign(component->getConstraints(), ours);
+            assign(component->getGeometries(), m_geometries);
+            assign(component->getConstraints(), m_constraints);
         }
     }
 
-    template <class List, class Table>
-    static void assign(const List& solved, const Table& ours) {
+    template <class Base, class Class>
+    static void assign(const std::vector<std::shared_ptr<Base>>& solved,
+                       const std::vector<std::shared_ptr<Class>>& ours) {
+        std::unordered_map<std::uint64_t, std::shared_ptr<Class>> byId;
+        for (const auto& object : ours) {
+            byId[object->getID()] = object;
+        }
         for (const auto& object : solved) {
-            VrexAssigner3D()(*object, *ours.at(object->getID()));
+            VrexAssigner3D()(dynamic_cast<const Class&>(*object), *byId.at(object->getID()));
         }
     }
 
@@ -178,8 +175,8 @@ private:
             iterations += component.iterations;
             residual = std::fmax(residual, component.largestResidual);
         }
-        std::printf("  split      %zu components; %u bytes to the solver, %u back\n", components, sent,
-                    received);
+        std::printf("  split      %zu component%s; %u bytes to the solver, %u back\n", components,
+                    components == 1 ? "" : "s", sent, received);
         std::printf("  solved     %d iterations, residual %s, %zu degrees of freedom left\n", iterations,
                     residual <= 1e-10 ? "below 1e-10" : "above 1e-10", freedom);
     }

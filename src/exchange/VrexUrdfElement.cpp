@@ -100,7 +100,7 @@ void VrexUrdfElement::reportAttribute(const tinyxml2::XMLAttribute& attribute,
     if (isAmong(name, words.otherAttributes)) {
         note(std::string(name), what + " has no counterpart.");
     } else {
-        m_findings->warn(place(), std::string(name), what + " is not known and left out.");
+        warn(std::string(name), what + " is not known and left out.");
     }
 }
 
@@ -203,8 +203,14 @@ VrexVector3DT<double> VrexUrdfElement::vector(std::string_view attribute,
     return {(*numbers)[0], (*numbers)[1], (*numbers)[2]};
 }
 
+bool VrexUrdfElement::isStrict() const { return m_findings->isStrict(); }
+
 void VrexUrdfElement::note(const std::string& name, const std::string& message) const {
     m_findings->note(place(), name, message);
+}
+
+void VrexUrdfElement::warn(const std::string& name, const std::string& message) const {
+    m_findings->warn(place(), name, message);
 }
 
 void VrexUrdfElement::doubt(const std::string& name, const std::string& message,

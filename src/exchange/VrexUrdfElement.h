@@ -55,7 +55,9 @@ public:
     /// Three numbers; `fallback` where there are none, refused where they are not three.
     VrexVector3DT<double> vector(std::string_view attribute, const VrexVector3DT<double>& fallback) const;
 
+    bool isStrict() const;
     void note(const std::string& name, const std::string& message) const;
+    void warn(const std::string& name, const std::string& message) const;
     void doubt(const std::string& name, const std::string& message, const std::string& remedy) const;
     void refuse(const std::string& name, const std::string& message) const;
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "exchange/VrexUrdfChain.h"
 #include "exchange/VrexUrdfFindings.h"
 #include "exchange/VrexUrdfJointKinds.h"
 #include "exchange/VrexUrdfRobot.h"
@@ -83,20 +84,16 @@ public:
     void find(VrexUrdfFindings& findings) {
         m_isKnown.assign(m_robot.joints.size(), false);
         for (std::size_t start = 0; start < m_robot.joints.size(); ++start) {
-            std::vector<std::size_t> path;
-            std::size_t joint = start;
-            while (joint != NONE && !m_isKnown[joint] && path.size() <= m_robot.joints.size()) {
-                path.push_back(joint);
-                joint = leaderOf(joint);
-            }
-            if (path.size() > m_robot.joints.size()) {
-                const VrexUrdfFollowing& following = *m_robot.joints[start].following;
-                findings.refuse(following.place, following.label,
-                                "joint " + quoted(m_robot.joints[start].name) + " follows itself.");
+            const auto path = nsUrdfChain::backFrom(start, m_robot.joints.size(), m_isKnown,
+                                                    [this](std::size_t joint) { return leaderOf(joint); });
+            if (!path.has_value()) {
+                const VrexUrdfJoint& joint = m_robot.joints[start];
+                findings.refuse(joint.following->place, joint.following->label,
+                                "joint " + quoted(joint.name) + " follows itself.");
                 return;
             }
-            for (auto next = path.rbegin(); next != path.rend(); ++next) {
-                set(*next);
+            for (const std::size_t joint : *path) {
+                set(joint);
             }
         }
     }

@@ -40,7 +40,8 @@ private:
 
     void readPairs(const YAML::Node& root, const YAML::Node& pairs, const YAML::Node& types) {
         if (!pairs || !pairs.IsSequence()) {
-            refuse(root.Mark(), PAIRS, "The loop file has no list closed_loop.");
+            m_findings.doubt(placeOf(root.Mark()), PAIRS, "The loop file has no list closed_loop.",
+                             "It closes no loop.");
             return;
         }
         if (!types || !types.IsSequence() || types.size() != pairs.size()) {
@@ -76,15 +77,11 @@ private:
 
     /// A link has the frame of its own name; a joint carries that of its child.
     std::string linkOf(const std::string& frame) const {
-        const auto isLink = [&frame](const VrexUrdfLink& link) { return link.name == frame; };
-        if (std::ranges::none_of(m_robot.links, isLink)) {
-            for (const VrexUrdfJoint& joint : m_robot.joints) {
-                if (joint.name == frame) {
-                    return joint.child;
-                }
-            }
+        if (std::ranges::find(m_robot.links, frame, &VrexUrdfLink::name) != m_robot.links.end()) {
+            return frame;
         }
-        return frame;
+        const auto joint = std::ranges::find(m_robot.joints, frame, &VrexUrdfJoint::name);
+        return joint != m_robot.joints.end() ? joint->child : frame;
     }
 
     const std::string& m_file;

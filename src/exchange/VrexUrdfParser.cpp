@@ -140,19 +140,17 @@ VrexUrdfLink readLink(const VrexUrdfElement& element) {
 }
 
 /// An end that is left out: 0, as the format has it, where reading is strict; else open.
-std::optional<double> readLimit(const VrexUrdfElement& limit, const VrexUrdfJoint& joint,
-                                const std::string& end, VrexUrdfFindings& findings) {
+std::optional<double> readLimit(const VrexUrdfElement& limit, const std::string& joint,
+                                const std::string& end) {
     if (limit.text(end).has_value()) {
         return limit.number(end);
     }
-    findings.warn(limit.place(), joint.name,
-                  limit.title() + ": the " + end + " limit is missing. It is taken as " +
-                      (findings.isStrict() ? "0." : "open."));
-    return findings.isStrict() ? std::optional(0.0) : std::nullopt;
+    limit.warn(joint, limit.title() + ": the " + end + " limit is missing. It is taken as " +
+                          (limit.isStrict() ? "0." : "open."));
+    return limit.isStrict() ? std::optional(0.0) : std::nullopt;
 }
 
-VrexDimensionLimits readLimits(const VrexUrdfElement& element, const VrexUrdfJoint& joint,
-                               VrexUrdfFindings& findings) {
+VrexDimensionLimits readLimits(const VrexUrdfElement& element, const VrexUrdfJoint& joint) {
     const auto limit = element.child("limit");
     const bool isLimited = joint.kind == Kind::Revolute || joint.kind == Kind::Prismatic;
     if (limit.has_value()) {
@@ -160,8 +158,8 @@ VrexDimensionLimits readLimits(const VrexUrdfElement& element, const VrexUrdfJoi
     }
     if (!isLimited) {
         if (limit.has_value() && (limit->text("lower").has_value() || limit->text("upper").has_value())) {
-            findings.warn(limit->place(), joint.name,
-                          element.title() + ": a joint of this type has no limits. They are left out.");
+            limit->warn(joint.name,
+                        element.title() + ": a joint of this type has no limits. They are left out.");
         }
         return {};
     }
@@ -169,8 +167,8 @@ VrexDimensionLimits readLimits(const VrexUrdfElement& element, const VrexUrdfJoi
         element.doubt(joint.name, element.title() + " has no limits.", "It is taken without.");
         return {};
     }
-    const VrexDimensionLimits limits{readLimit(*limit, joint, "lower", findings),
-                                     readLimit(*limit, joint, "upper", findings)};
+    const VrexDimensionLimits limits{readLimit(*limit, joint.name, "lower"),
+                                     readLimit(*limit, joint.name, "upper")};
     if (limits.first > limits.second && limits.second.has_value()) {
         limit->refuse(joint.name, element.title() + ": the lower limit is above the upper one.");
     }
@@ -189,7 +187,7 @@ std::optional<VrexUrdfFollowing> readMimic(const VrexUrdfElement& element, const
 
 bool hasAxis(Kind kind) { return kind != Kind::Fixed && kind != Kind::Floating && kind != Kind::Other; }
 
-VrexUrdfJoint readJoint(const VrexUrdfElement& element, VrexUrdfFindings& findings) {
+VrexUrdfJoint readJoint(const VrexUrdfElement& element) {
     VrexUrdfJoint joint;
     joint.name = element.requiredText("name");
     joint.place = element.place();
@@ -207,7 +205,7 @@ VrexUrdfJoint readJoint(const VrexUrdfElement& element, VrexUrdfFindings& findin
     if (hasAxis(joint.kind)) {
         joint.axis = readAxis(element, joint.name, joint.kind == Kind::Ball ? Vector::OZ() : Vector::OX());
     }
-    joint.limits = readLimits(element, joint, findings);
+    joint.limits = readLimits(element, joint);
     joint.following = readMimic(element, joint.name);
     if (joint.kind == Kind::Screw) {
         joint.pitch = readValue(element, "screw_thread_pitch");
@@ -247,7 +245,7 @@ VrexUrdfCoupling readCoupling(const VrexUrdfElement& element) {
             readLinkName(element, "successor"), readValue(element, "ratio")};
 }
 
-VrexUrdfRobot readRobot(const VrexUrdfElement& root, VrexUrdfFindings& findings) {
+VrexUrdfRobot readRobot(const VrexUrdfElement& root) {
     VrexUrdfRobot robot;
     robot.name = root.requiredText("name");
     root.reportRest(ROBOT);
@@ -255,7 +253,7 @@ VrexUrdfRobot readRobot(const VrexUrdfElement& root, VrexUrdfFindings& findings)
         if (element.tag() == "link") {
             robot.links.push_back(readLink(element));
         } else if (element.tag() == "joint") {
-            robot.joints.push_back(readJoint(element, findings));
+            robot.joints.push_back(readJoint(element));
         } else if (element.tag() == "loop") {
             robot.loops.push_back(readLoop(element));
         } else if (element.tag() == "coupling") {
@@ -281,5 +279,5 @@ VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file
                         "The outermost element is not <robot>.");
         return {};
     }
-    return readRobot(VrexUrdfElement(*root, file, findings), findings);
+    return readRobot(VrexUrdfElement(*root, file, findings));
 }

@@ -41,7 +41,7 @@ Source load(const std::filesystem::path& file) {
     return source;
 }
 
-VrexUrdfImport import(const Source& robotSource, const Source& loopSource, bool isStrict) {
+VrexUrdfImport importFrom(const Source& robotSource, const Source& loopSource, bool isStrict) {
     VrexUrdfFindings findings(isStrict);
     VrexUrdfRobot robot = nsUrdfParser::parse(robotSource.text, robotSource.name, findings);
     if (!loopSource.text.empty()) {
@@ -67,12 +67,12 @@ VrexUrdfImport VrexUrdfReader::read(const std::filesystem::path& file) const {
     if (loopFile.empty()) {
         loopFile = std::filesystem::path(file).replace_extension(".yaml");
         if (!std::filesystem::exists(loopFile)) {
-            return import(load(file), {}, m_options.isStrict);
+            return importFrom(load(file), {}, m_options.isStrict);
         }
     }
-    return import(load(file), load(loopFile), m_options.isStrict);
+    return importFrom(load(file), load(loopFile), m_options.isStrict);
 }
 
 VrexUrdfImport VrexUrdfReader::readText(std::string_view robot, std::string_view loops) const {
-    return import({{}, std::string(robot)}, {{}, std::string(loops)}, m_options.isStrict);
+    return importFrom({{}, std::string(robot)}, {{}, std::string(loops)}, m_options.isStrict);
 }

@@ -110,16 +110,20 @@ void VrexUrdfTree::checkRoots(VrexUrdfFindings& findings) const {
 
 void VrexUrdfTree::checkLoops(VrexUrdfFindings& findings) const {
     for (const VrexUrdfLoop& loop : m_robot.loops) {
-        const std::string title = "loop " + quoted(loop.name);
-        for (const VrexUrdfLoopEnd* end : {&loop.predecessor, &loop.successor}) {
-            if (!end->link.empty() && linkNamed(end->link) == NONE) {
-                findings.refuse(loop.place, loop.name,
-                                title + ": there is no link " + quoted(end->link) + ".");
-            }
-        }
+        checkEnd(loop, loop.predecessor, findings);
+        checkEnd(loop, loop.successor, findings);
         if (loop.predecessor.link == loop.successor.link) {
-            findings.refuse(loop.place, loop.name, title + " joins a link with itself.");
+            findings.refuse(loop.place, loop.name,
+                            "loop " + quoted(loop.name) + " joins a link with itself.");
         }
+    }
+}
+
+void VrexUrdfTree::checkEnd(const VrexUrdfLoop& loop, const VrexUrdfLoopEnd& end,
+                            VrexUrdfFindings& findings) const {
+    if (!end.link.empty() && linkNamed(end.link) == NONE) {
+        findings.refuse(loop.place, loop.name,
+                        "loop " + quoted(loop.name) + ": there is no link " + quoted(end.link) + ".");
     }
 }
 
@@ -127,24 +131,24 @@ void VrexUrdfTree::findPoses(VrexUrdfFindings& findings) {
     m_poses.assign(m_robot.links.size(), {});
     std::vector<bool> isKnown(m_robot.links.size());
     for (std::size_t start = 0; start < m_robot.links.size(); ++start) {
-        // Up to a link whose pose is known or that hangs on none; then down again.
-        std::vector<std::size_t> path;
-        std::size_t link = start;
-        while (link != NONE && !isKnown[link] && path.size() <= m_robot.links.size()) {
-            path.push_back(link);
-            link = parentOf(link);
-        }
-        if (path.size() > m_robot.links.size()) {
-            findings.refuse(m_robot.links[start].place, m_robot.links[start].name,
-                            "link " + quoted(m_robot.links[start].name) + " hangs on a ring of joints.");
+        const auto path = nsUrdfChain::backFrom(start, m_robot.links.size(), isKnown,
+                                                [this](std::size_t link) { return parentOf(link); });
+        if (!path.has_value()) {
+            const VrexUrdfLink& link = m_robot.links[start];
+            findings.refuse(link.place, link.name,
+                            "link " + quoted(link.name) + " hangs on a ring of joints.");
             return;
         }
-        for (auto next = path.rbegin(); next != path.rend(); ++next) {
-            const std::size_t parent = parentOf(*next);
-            if (parent != NONE) {
-                m_poses[*next] = m_poses[parent] * m_robot.joints[m_carriers[*next]].origin;
-            }
-            isKnown[*next] = true;
+        for (const std::size_t link : *path) {
+            findPose(link);
+            isKnown[link] = true;
         }
+    }
+}
+
+void VrexUrdfTree::findPose(std::size_t link) {
+    const std::size_t parent = parentOf(link);
+    if (parent != NONE) {
+        m_poses[link] = m_poses[parent] * m_robot.joints[m_carriers[link]].origin;
     }
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/VrexTransformation3DT.h"
+#include "exchange/VrexUrdfChain.h"
 #include "exchange/VrexUrdfRobot.h"
 
 class VrexUrdfFindings;
@@ -17,7 +18,7 @@ class VrexUrdfFindings;
 /// two parents, rings, further roots and loops that join nothing.
 class VrexUrdfTree {
 public:
-    static constexpr std::size_t NONE = static_cast<std::size_t>(-1);
+    static constexpr std::size_t NONE = nsUrdfChain::NONE;
 
     /// Declares links that are used only. The robot outlives this object.
     VrexUrdfTree(VrexUrdfRobot& robot, VrexUrdfFindings& findings);
@@ -41,7 +42,9 @@ private:
     void findCarriers(VrexUrdfFindings& findings);
     void checkRoots(VrexUrdfFindings& findings) const;
     void checkLoops(VrexUrdfFindings& findings) const;
+    void checkEnd(const VrexUrdfLoop& loop, const VrexUrdfLoopEnd& end, VrexUrdfFindings& findings) const;
     void findPoses(VrexUrdfFindings& findings);
+    void findPose(std::size_t link);
     std::size_t parentOf(std::size_t link) const;
 
     VrexUrdfRobot& m_robot;

@@ -30,7 +30,7 @@ struct Told {
     }
 };
 
-VrexUrdfImport import(std::string_view text, bool isStrict, std::string_view loops = {}) {
+VrexUrdfImport readText(std::string_view text, bool isStrict, std::string_view loops = {}) {
     return VrexUrdfReader({isStrict, {}}).readText(text, loops);
 }
 
@@ -103,10 +103,10 @@ TEST(VrexUrdfFindings, DoubtfulContentIsAnErrorOrWorkedAround) {
     };
     for (const Doubt& doubt : doubts) {
         SCOPED_TRACE(doubt.title);
-        const auto strict = import(doubt.text, true);
+        const auto strict = readText(doubt.text, true);
         EXPECT_FALSE(strict.system.has_value());
         EXPECT_THAT(toldOf(strict), testing::ElementsAre(doubt.error));
-        const auto lenient = import(doubt.text, false);
+        const auto lenient = readText(doubt.text, false);
         EXPECT_TRUE(lenient.system.has_value());
         Told warning = doubt.error;
         warning.severity = Warning;
@@ -183,7 +183,7 @@ TEST(VrexUrdfFindings, WhatCannotBeReadIsRefusedInBothModes) {
     for (const Refusal& refusal : refusals) {
         for (const bool isStrict : {true, false}) {
             SCOPED_TRACE(refusal.text);
-            const auto result = import(refusal.text, isStrict);
+            const auto result = readText(refusal.text, isStrict);
             EXPECT_FALSE(result.system.has_value());
             EXPECT_THAT(toldOf(result), testing::Contains(refusal.error));
         }
@@ -191,12 +191,12 @@ TEST(VrexUrdfFindings, WhatCannotBeReadIsRefusedInBothModes) {
 }
 
 TEST(VrexUrdfFindings, WhatHasNoCounterpartIsNoted) {
-    const auto result = import(robotOf("<link name='a'>\n"
-                                       "<inertial/>\n"
-                                       "<visual><geometry>\n<mesh filename='a.stl'/></geometry>\n"
-                                       "<material name='red'/></visual></link>\n"
-                                       "<transmission name='t'/>\n"),
-                               true);
+    const auto result = readText(robotOf("<link name='a'>\n"
+                                         "<inertial/>\n"
+                                         "<visual><geometry>\n<mesh filename='a.stl'/></geometry>\n"
+                                         "<material name='red'/></visual></link>\n"
+                                         "<transmission name='t'/>\n"),
+                                 true);
     EXPECT_TRUE(result.system.has_value());
     EXPECT_THAT(toldOf(result),
                 testing::ElementsAre(Told{Note, 3, "inertial", "link \"a\": <inertial> has no counterpart."},
@@ -207,7 +207,7 @@ TEST(VrexUrdfFindings, WhatHasNoCounterpartIsNoted) {
 
 TEST(VrexUrdfFindings, AttributesThatAreNotReadAreTold) {
     const auto result =
-        import(jointOf("revolute", "\n<limit lower='0' upper='1' effort='3' jerk='4'/>"), true);
+        readText(jointOf("revolute", "\n<limit lower='0' upper='1' effort='3' jerk='4'/>"), true);
     EXPECT_TRUE(result.system.has_value());
     EXPECT_THAT(
         toldOf(result),
@@ -219,11 +219,11 @@ TEST(VrexUrdfFindings, AttributesThatAreNotReadAreTold) {
 
 TEST(VrexUrdfFindings, ALimitThatIsLeftOutIsZeroToTheLetterAndOpenElse) {
     const std::string text = jointOf("prismatic", "\n<limit upper='1'/>");
-    const auto strict = import(text, true);
+    const auto strict = readText(text, true);
     EXPECT_THAT(toldOf(strict),
                 testing::ElementsAre(
                     Told{Warning, 4, "j", "joint \"j\": the lower limit is missing. It is taken as 0."}));
-    const auto lenient = import(text, false);
+    const auto lenient = readText(text, false);
     EXPECT_THAT(toldOf(lenient),
                 testing::ElementsAre(
                     Told{Warning, 4, "j", "joint \"j\": the lower limit is missing. It is taken as open."}));
@@ -235,7 +235,7 @@ TEST(VrexUrdfFindings, ALimitThatIsLeftOutIsZeroToTheLetterAndOpenElse) {
 }
 
 TEST(VrexUrdfFindings, LimitsWhereTheFormatHasNoneAreTold) {
-    EXPECT_THAT(toldOf(import(jointOf("continuous", "\n<limit lower='0' upper='1'/>"), true)),
+    EXPECT_THAT(toldOf(readText(jointOf("continuous", "\n<limit lower='0' upper='1'/>"), true)),
                 testing::ElementsAre(Told{Warning, 4, "j",
                                           "joint \"j\": a joint of this type has no limits. They are left "
                                           "out."}));
@@ -247,11 +247,11 @@ TEST(VrexUrdfFindings, ASecondFollowingOfOneJointIsDoubtful) {
         text.find("</robot>"),
         "<link name='c'/><joint name='k' type='continuous'><parent link='a'/><child link='c'/></joint>\n"
         "<coupling name='gear'><predecessor link='c'/><successor link='b'/><ratio value='2'/></coupling>");
-    EXPECT_THAT(toldOf(import(text, false)),
+    EXPECT_THAT(toldOf(readText(text, false)),
                 testing::ElementsAre(Told{
                     Warning, 5, "gear",
                     "coupling \"gear\": joint \"j\" follows another one by now. The coupling is left out."}));
-    EXPECT_FALSE(import(text, true).system.has_value());
+    EXPECT_FALSE(readText(text, true).system.has_value());
 }
 
 TEST(VrexUrdfFindings, ACouplingOfLinksOnDifferentLinksIsDoubtful) {
@@ -261,11 +261,11 @@ TEST(VrexUrdfFindings, ACouplingOfLinksOnDifferentLinksIsDoubtful) {
         "<joint name='k' type='continuous'><parent link='b'/><child link='c'/></joint>\n"
         "<coupling name='gear'><predecessor link='b'/><successor link='c'/><ratio value='2'/></coupling>\n");
     EXPECT_THAT(
-        toldOf(import(text, false)),
+        toldOf(readText(text, false)),
         testing::ElementsAre(Told{Warning, 5, "gear",
                                   "coupling \"gear\": its links hang on different links. Their joints "
                                   "are coupled."}));
-    EXPECT_FALSE(import(text, true).system.has_value());
+    EXPECT_FALSE(readText(text, true).system.has_value());
 }
 
 TEST(VrexUrdfFindings, ALoopFileIsHeldToItsForm) {
@@ -287,10 +287,27 @@ TEST(VrexUrdfFindings, ALoopFileIsHeldToItsForm) {
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(row.loops);
-        const auto result = import(text, true, row.loops);
+        const auto result = readText(text, true, row.loops);
         EXPECT_EQ(result.system.has_value(), row.told.severity == Note);
         EXPECT_THAT(toldOf(result), testing::ElementsAre(row.told));
     }
+}
+
+TEST(VrexUrdfFindings, AFileOfTheSameNameWithoutLoopsIsDoubtful) {
+    const auto result = readText(jointOf("continuous", ""), false, "type: []");
+    EXPECT_TRUE(result.system.has_value());
+    EXPECT_THAT(toldOf(result),
+                testing::ElementsAre(Told{Warning, 1, "closed_loop",
+                                          "The loop file has no list closed_loop. It closes no loop."}));
+}
+
+TEST(VrexUrdfFindings, TextsOfAnyDepthAreRefused) {
+    std::string deep = "<robot name='r'>";
+    for (int i = 0; i < 100000; ++i) {
+        deep += "<link name='a'>";
+    }
+    EXPECT_FALSE(readText(deep, false).system.has_value());
+    EXPECT_FALSE(readText(jointOf("continuous", ""), false, std::string(100000, '[')).system.has_value());
 }
 
 /// A folder for files, removed in the end.

@@ -51,6 +51,7 @@ def use_by_cmake(cmake, compiler, prefix, folder):
     run(cmake, "--build", folder)
     run(folder / "consumer")
     run(folder / "tolvbase_consumer")
+    run(folder / "exchange_consumer")
     run(folder / "solver_consumer")
     if can_fuse():
         expect_same_bits({name: run(folder / f"formulas_{name}") for name in ("plain", "fused")})
@@ -58,7 +59,8 @@ def use_by_cmake(cmake, compiler, prefix, folder):
 
 def use_by_pkg_config(compiler, prefix, folder):
     packages = next(prefix.rglob("vrex.data3d.pc")).parent
-    for source, package in (("main.cpp", "vrex.data3d"), ("solver.cpp", "vrex.solver"), ("tolvbase.cpp", "tolvbase")):
+    for source, package in (("main.cpp", "vrex.data3d"), ("exchange.cpp", "vrex.exchange"),
+                            ("solver.cpp", "vrex.solver"), ("tolvbase.cpp", "tolvbase")):
         flags = run("pkg-config", "--cflags", "--libs", package, environment={"PKG_CONFIG_PATH": str(packages)})
         program = folder / f"by_pkg_config_{package}"
         run(compiler, "-std=c++20", CONSUMER / source, "-o", program, *flags.split())

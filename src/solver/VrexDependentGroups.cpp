@@ -4,7 +4,6 @@
 #include <cmath>
 #include <map>
 #include <memory>
-#include <optional>
 #include <unordered_map>
 #include <utility>
 

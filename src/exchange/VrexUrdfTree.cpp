@@ -121,7 +121,7 @@ void VrexUrdfTree::checkLoops(VrexUrdfFindings& findings) const {
 
 void VrexUrdfTree::checkEnd(const VrexUrdfLoop& loop, const VrexUrdfLoopEnd& end,
                             VrexUrdfFindings& findings) const {
-    if (!end.link.empty() && linkNamed(end.link) == NONE) {
+    if (linkNamed(end.link) == NONE) {
         findings.refuse(loop.place, loop.name,
                         "loop " + quoted(loop.name) + ": there is no link " + quoted(end.link) + ".");
     }

@@ -281,6 +281,7 @@ TEST(VrexUrdfFindings, ALoopFileIsHeldToItsForm) {
         {"closed_loop:\n - [a]\ntype: ['6d']",
          {Error, 2, "closed_loop", "A loop of closed_loop is no pair of frames."}},
         {"closed_loop:\n - [a, x]\ntype: ['6d']", {Error, 2, "a x", "loop \"a x\": there is no link \"x\"."}},
+        {"closed_loop: [[a, '']]\ntype: ['3d']", {Error, 1, "a ", "loop \"a \": there is no link \"\"."}},
         {"closed_loop: [\n",
          {Error, 2, "YAML", "The loop file cannot be read: end of sequence flow not found."}},
         {"closed_loop: []\ntype: []\nname_mot: []", {Note, 3, "name_mot", "name_mot has no counterpart."}},

@@ -35,11 +35,12 @@ void prefetchArguments(const Constraints& constraints, std::size_t place) {
 /// Calls `fetch` with each object that it binds.
 template <class Fetch>
 void prefetchBound(const Constraints& constraints, std::size_t place, const Fetch& fetch) {
-    if (place < constraints.size() && constraints[place] != nullptr) {
-        for (const auto& geometry : constraints[place]->getGeometries()) {
-            if (geometry != nullptr) {
-                fetch(*geometry);
-            }
+    if (place >= constraints.size() || constraints[place] == nullptr) {
+        return;
+    }
+    for (const auto& geometry : constraints[place]->getGeometries()) {
+        if (geometry != nullptr) {
+            fetch(*geometry);
         }
     }
 }

@@ -29,6 +29,6 @@ int main() {
     VrexVariable::initializeDerivatives(x); // variable i is x[i]
     const VrexVector3DT<VrexVariable> a(x[0], x[1], x[2]), b(x[3], x[4], x[5]);
     const VrexVariable distance = a.distanceTo(b); // 13, with its gradient in distance.derivatives()
-    std::printf("by the height: %.4f\n", distance.derivatives().back().value); // 12 / 13
+    std::printf("by the height: %.4f\n", distance.derivatives()[5]); // 12 / 13
     return report.isConverged() ? 0 : 1;
 }

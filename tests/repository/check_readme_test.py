@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""A line of the README that the example lacks, or has in another order, is found."""
+"""A line of the README that the example lacks, or has in another order, is found; so is another screen."""
 
 import unittest
 
@@ -20,6 +20,10 @@ class CheckReadmeTest(unittest.TestCase):
 
     def test_no_code_is_nothing_seen(self):
         self.assertEqual((0, []), check_readme.offences("text\n", EXAMPLE))
+
+    def test_screen_is_shown_whole(self):
+        self.assertTrue(check_readme.is_screen_shown("a\n```text\none\ntwo\n```\n", "one\ntwo\n"))
+        self.assertFalse(check_readme.is_screen_shown("a\n```text\none\n```\n", "one\ntwo\n"))
 
 
 if __name__ == "__main__":

@@ -20,7 +20,7 @@ constexpr double TOLERANCE = 1e-9;
 struct Hinge {
     Hinge(const VrexDimensionLimits& limits, double counted, double angle) {
         const auto base = mechanism.ground();
-        const auto body = mechanism.body();
+        body = mechanism.body();
         const auto turn = VrexQuaternionT<double>::makeFromAngleAndAxis(angle, {0.0, 0.0, 1.0}, 1e-9);
         const auto first = mechanism.connector(base, {0.0, 0.0, 0.0});
         arm = mechanism.connector(body, {0.0, 0.0, 0.0}, turn);
@@ -32,12 +32,14 @@ struct Hinge {
     }
     /// Of the X axes, from -pi to pi.
     double angle() const {
-        const auto x = VrexQuaternionT<double>::rotate({1.0, 0.0, 0.0}, arm->getRotation(), false);
+        const auto turn = body->getRotation() * arm->getRotation();
+        const auto x = VrexQuaternionT<double>::rotate({1.0, 0.0, 0.0}, turn, false);
         return std::atan2(x.y(), x.x());
     }
 
     Mechanism mechanism;
-    std::shared_ptr<VrexConnector3D> arm;
+    std::shared_ptr<VrexRigidSet3D> body;
+    std::shared_ptr<VrexConnector3D> arm; ///< On the body.
     std::shared_ptr<VrexRevoluteMate3D> mate;
 };
 
@@ -91,10 +93,11 @@ TEST(VrexMateLimits, ShiftsStopAtThem) {
     for (const auto& [start, expected] : {std::pair{-3.0, -1.0}, std::pair{0.5, 0.5}, std::pair{9.0, 2.0}}) {
         Mechanism mechanism;
         const auto first = mechanism.connector(mechanism.ground(), {0.0, 0.0, 0.0});
-        const auto second = mechanism.connector(mechanism.body(), {0.0, 0.0, start});
+        const auto slide = mechanism.body();
+        const auto second = mechanism.connector(slide, {0.0, 0.0, start});
         const auto mate = mechanism.bind(VrexSliderMate3D::create(first, second, {-1.0, 2.0}));
         EXPECT_TRUE(VrexSolver3D().solve({mechanism.component()}).isConverged());
-        EXPECT_NEAR(second->getOrigin().z(), expected, TOLERANCE);
+        EXPECT_NEAR(slide->getOrigin().z() + start, expected, TOLERANCE);
         EXPECT_NEAR(mate->getDimension(0).value, expected, TOLERANCE);
     }
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include <gtest/gtest.h>
 
@@ -15,7 +14,7 @@ template <class Make, class Check>
 void solveFromRandomStarts(double size, const Make& make, const Check& check) {
     constexpr std::uint64_t starts = 200;
     for (std::uint64_t seed = 1; seed <= starts; ++seed) {
-        SCOPED_TRACE("start " + std::to_string(seed));
+        SCOPED_TRACE(seed);
         auto mechanism = make();
         disturb(mechanism.geometries, mechanism.constraints, size, seed);
         const VrexSolverComponentReport report = solve(mechanism);

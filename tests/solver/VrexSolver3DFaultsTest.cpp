@@ -180,7 +180,7 @@ TEST(VrexSolver3DFaults, NumbersThatAreNotFiniteAreFoundInEveryParameter) {
                 if (!parameter.hasParameter()) {
                     break;
                 }
-                SCOPED_TRACE(std::string(nsEnum::toText(kind)) + " slot " + std::to_string(slot));
+                SCOPED_TRACE(testing::Message() << nsEnum::toText(kind) << " slot " << slot);
                 parameter.setValue(value);
                 expectRefused(system, *entity, " holds a number that is not finite.");
             }

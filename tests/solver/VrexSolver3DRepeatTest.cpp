@@ -36,7 +36,7 @@ TEST(VrexSolver3DRepeat, SameSystemGivesTheSameBits) {
     const std::vector<Mechanism> first = makeSystems();
     const std::vector<Mechanism> second = makeSystems();
     for (std::size_t i = 0; i < first.size(); ++i) {
-        SCOPED_TRACE("system " + std::to_string(i));
+        SCOPED_TRACE(i);
         const auto component = first[i].component();
         const auto twin = second[i].component();
         const std::string start = bytesOf(component);
@@ -51,7 +51,7 @@ TEST(VrexSolver3DRepeat, SameSystemGivesTheSameBits) {
 TEST(VrexSolver3DRepeat, SolvingASolvedSystemChangesNothing) {
     const std::vector<Mechanism> systems = makeSystems();
     for (std::size_t i = 0; i < systems.size(); ++i) {
-        SCOPED_TRACE("system " + std::to_string(i));
+        SCOPED_TRACE(i);
         const auto component = systems[i].component();
         ASSERT_TRUE(VrexSolver3D().solve({component}).isConverged());
         const std::string solved = bytesOf(component);
@@ -65,7 +65,7 @@ TEST(VrexSolver3DRepeat, SolvingASolvedSystemChangesNothing) {
 TEST(VrexSolver3DRepeat, SolvingSolvedLiveObjectsChangesNothing) {
     const std::vector<Mechanism> systems = makeSystems();
     for (std::size_t i = 0; i < systems.size(); ++i) {
-        SCOPED_TRACE("system " + std::to_string(i));
+        SCOPED_TRACE(i);
         const Mechanism& system = systems[i];
         ASSERT_TRUE(VrexSolver3D().solve(system.geometries, system.constraints).isConverged());
         const std::string solved = bytesOf(system.component());

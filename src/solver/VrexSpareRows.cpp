@@ -37,6 +37,17 @@ private:
     std::vector<Row> m_basis;
 };
 
+/// Of the columns from `first` on, before `end`, those that follow from the ones before.
+void addSpares(const Eigen::SparseMatrix<double>& columns, Eigen::Index first, Eigen::Index end,
+               double tolerance, std::unordered_set<Eigen::Index>& spares) {
+    Span span(tolerance);
+    for (Eigen::Index column = first; column < end; ++column) {
+        if (!span.add(columns.col(column))) {
+            spares.insert(column);
+        }
+    }
+}
+
 void clearRows(Eigen::SparseMatrix<double>& jacobian, const std::unordered_set<Eigen::Index>& rows) {
     if (!rows.empty()) {
         jacobian.prune([&rows](Eigen::Index row, Eigen::Index, double) { return !rows.contains(row); });
@@ -52,12 +63,10 @@ std::unordered_set<Eigen::Index> nsSpareRows::clear(Eigen::SparseMatrix<double>&
     Eigen::Index row = 0;
     for (const VrexSolverResidual& residual : system.residuals()) {
         const Eigen::Index end = row + static_cast<Eigen::Index>(residual.rows);
-        Span span(tolerance);
-        for (; row < end; ++row) {
-            if (residual.hasSpares && !span.add(transposed.col(row))) {
-                spares.insert(row);
-            }
+        if (residual.hasSpares) {
+            addSpares(transposed, row, end, tolerance, spares);
         }
+        row = end;
     }
     clearRows(jacobian, spares);
     return spares;

@@ -45,7 +45,7 @@ std::vector<Members> VrexConflictSearch::run() {
             break;
         }
         if (conflict.empty() || isStopped()) {
-            search(m_held);
+            finish();
             break;
         }
         conflicts.push_back(conflict);
@@ -55,6 +55,13 @@ std::vector<Members> VrexConflictSearch::run() {
         }
     }
     return conflicts;
+}
+
+/// What other searches did not move stands where all that is held was tried last.
+void VrexConflictSearch::finish() {
+    if (m_work > 0.0) {
+        search(m_held);
+    }
 }
 
 bool VrexConflictSearch::search(const Members& members) {

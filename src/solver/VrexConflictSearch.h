@@ -23,6 +23,7 @@ public:
 
 private:
     bool search(const Members& members);
+    void finish();
     bool isStopped() const;
     Members next();
     Members suspects() const;

@@ -11,6 +11,9 @@ namespace {
 
 /// Contacts that move that often go from side to side for ever.
 constexpr int MOST_CONTACT_MOVES = 20;
+/// How many iterations times unknowns may go before another start: some seconds. What went on for so long was
+/// on its way, and a start close by only sends many bodies back.
+constexpr double MOST_WORK = 5e6;
 
 } // namespace
 
@@ -24,14 +27,19 @@ VrexPoseSearch::VrexPoseSearch(const VrexSolverOptions& options, VrexLeastSquare
 
 VrexLeastSquaresResult VrexPoseSearch::run() {
     m_result = {};
-    for (int i = 0; i <= m_retries && !m_result.isConverged && !m_result.isCancelled; ++i) {
+    m_system.bodies() = m_start;
+    attempt();
+    for (int i = 1; i <= m_retries && isWorthAnother(); ++i) {
         m_system.bodies() = m_start;
-        if (i > 0) {
-            disturb(i);
-        }
+        disturb(i);
         attempt();
     }
     return m_result;
+}
+
+bool VrexPoseSearch::isWorthAnother() const {
+    const double work = static_cast<double>(m_result.iterations) * static_cast<double>(m_system.unknownCount());
+    return !m_result.isConverged && !m_result.isCancelled && work < MOST_WORK;
 }
 
 /// Contacts that moved open a search from where the bodies are now.

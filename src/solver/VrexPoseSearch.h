@@ -21,6 +21,8 @@ public:
     VrexLeastSquaresResult run();
 
 private:
+    /// Whether a start close by may lead where the last one did not.
+    bool isWorthAnother() const;
     void attempt();
     void search();
     void disturb(int attempt);

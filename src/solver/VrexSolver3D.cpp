@@ -25,10 +25,12 @@ VrexSolverReport VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexConne
     VrexSolverReport report;
     VrexSolverProgress progress;
     progress.componentCount = components.size();
-    const auto keepGoing = [this, &progress](int iteration, double largestResidual) {
+    bool isEnded = false; // and not asked again then
+    const auto keepGoing = [this, &progress, &isEnded](int iteration, double largestResidual) {
         progress.iteration = iteration;
         progress.largestResidual = largestResidual;
-        return !m_options.progress || m_options.progress(progress);
+        isEnded = isEnded || (m_options.progress && !m_options.progress(progress));
+        return !isEnded;
     };
     const VrexComponentSolver solver(m_options, keepGoing, sourceId);
     for (const auto& component : components) {

@@ -1,5 +1,6 @@
 #include "exchange/VrexUrdfParser.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <tinyxml2.h>
@@ -8,6 +9,7 @@
 #include "exchange/VrexUrdfFindings.h"
 #include "exchange/VrexUrdfFrames.h"
 #include "exchange/VrexUrdfJointKinds.h"
+#include "tolvbase/TolvUtf8.h"
 
 namespace {
 
@@ -267,6 +269,12 @@ VrexUrdfRobot readRobot(const VrexUrdfElement& root) {
 
 VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file,
                                   VrexUrdfFindings& findings) {
+    const std::size_t invalid = nsTolvUtf8::findInvalid(text);
+    if (invalid != std::string_view::npos) {
+        const auto line = 1 + std::ranges::count(text.substr(0, invalid), '\n');
+        findings.refuse({file, static_cast<int>(line)}, "UTF-8", "The text is not valid UTF-8.");
+        return {};
+    }
     tinyxml2::XMLDocument document;
     if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS) {
         findings.refuse({file, document.ErrorLineNum()}, "XML",

@@ -90,6 +90,8 @@ VrexExitCode VrexImportCommand::run(const VrexConsole& console) const {
                               "--json and --out - cannot both have standard output: name a file with --out.");
     }
     nsVrexDocument::expectOther(input, output);
+    nsVrexDocument::expectOther(loopFile.empty() ? VrexUrdfReader::loopFileBeside(input).string() : loopFile,
+                                output);
     const std::string title = nsVrexDocument::titleOf(input);
     const VrexUrdfImport import = read(*this, title, console);
     const VrexReport report = reportOf(import, title);

@@ -1,6 +1,7 @@
 #include "exchange/VrexUrdfParser.h"
 
 #include <algorithm>
+#include <cctype>
 #include <utility>
 
 #include <tinyxml2.h>
@@ -265,6 +266,17 @@ VrexUrdfRobot readRobot(const VrexUrdfElement& root) {
     return robot;
 }
 
+/// The name of an error of the XML reader as words.
+std::string wordsOf(std::string_view error) {
+    constexpr std::string_view PREFIX = "XML_ERROR_";
+    error.remove_prefix(error.starts_with(PREFIX) ? PREFIX.size() : 0);
+    std::string words(error);
+    std::ranges::transform(words, words.begin(), [](char letter) {
+        return letter == '_' ? ' ' : static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    });
+    return words;
+}
+
 } // namespace
 
 VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file,
@@ -277,8 +289,9 @@ VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file
     }
     tinyxml2::XMLDocument document;
     if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS) {
-        findings.refuse({file, document.ErrorLineNum()}, "XML",
-                        std::string("The text is no XML: ").append(document.ErrorName()).append("."));
+        findings.refuse(
+            {file, document.ErrorLineNum()}, "XML",
+            std::string("The text is no XML: ").append(wordsOf(document.ErrorName())).append("."));
         return {};
     }
     const tinyxml2::XMLElement* const root = document.RootElement();

@@ -244,5 +244,9 @@ int main(int count, char** arguments) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;
     }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        std::perror("the screen cannot be written");
+        return 1;
+    }
     return 0;
 }

@@ -11,6 +11,8 @@
 namespace {
 
 constexpr std::string_view BLANKS = " \t\r\n";
+/// Of lengths and angles, so that sums and squares of them stay finite.
+constexpr double LARGEST = 1e100;
 
 std::string_view withoutPrefix(std::string_view name) {
     const std::size_t colon = name.rfind(':');
@@ -54,6 +56,8 @@ std::optional<std::vector<double>> numbersOf(std::string_view text) {
     }
     return numbers;
 }
+
+bool isModest(double number) { return std::abs(number) <= LARGEST; }
 
 std::string quoted(std::string_view text) { return std::string("\"").append(text).append("\""); }
 
@@ -131,9 +135,10 @@ std::vector<VrexUrdfElement> VrexUrdfElement::children() const {
 }
 
 std::optional<VrexUrdfElement> VrexUrdfElement::child(std::string_view tag) const {
-    for (const VrexUrdfElement& child : children()) {
-        if (child.tag() == tag) {
-            return child;
+    for (const tinyxml2::XMLElement* child = m_element->FirstChildElement(); child != nullptr;
+         child = child->NextSiblingElement()) {
+        if (withoutPrefix(child->Name()) == tag) {
+            return VrexUrdfElement(*child, *m_file, *m_findings);
         }
     }
     return std::nullopt;
@@ -181,9 +186,9 @@ std::optional<double> VrexUrdfElement::number(std::string_view attribute) const 
 
 double VrexUrdfElement::requiredSize(std::string_view attribute) const {
     const double size = requiredText(attribute).empty() ? 1.0 : number(attribute).value_or(1.0);
-    if (!(size > 0.0)) {
+    if (!(size > 0.0 && isModest(size))) {
         refuse(ownName(), title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag()) +
-                              " must be above 0.");
+                              " must be above 0" + (size > 0.0 ? ", and at most 1e100." : "."));
     }
     return size;
 }
@@ -198,6 +203,11 @@ VrexVector3DT<double> VrexUrdfElement::vector(std::string_view attribute,
     if (!numbers.has_value() || numbers->size() != 3) {
         refuse(ownName(), title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag()) +
                               " needs three numbers: " + quoted(*known) + ".");
+        return fallback;
+    }
+    if (!std::ranges::all_of(*numbers, isModest)) {
+        refuse(ownName(), title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag()) +
+                              " holds a number beyond 1e100: " + quoted(*known) + ".");
         return fallback;
     }
     return {(*numbers)[0], (*numbers)[1], (*numbers)[2]};

@@ -50,9 +50,9 @@ public:
     std::string requiredText(std::string_view attribute) const;
     /// Empty where there is none; refused where it is no finite number.
     std::optional<double> number(std::string_view attribute) const;
-    /// Refused, and 1 or the number itself, where there is none or it is not above 0.
+    /// Refused, and 1 or the number itself, where there is none or it is not above 0 or too large.
     double requiredSize(std::string_view attribute) const;
-    /// Three numbers; `fallback` where there are none, refused where they are not three.
+    /// Three numbers; `fallback` where there are none, refused where they are not three or too large.
     VrexVector3DT<double> vector(std::string_view attribute, const VrexVector3DT<double>& fallback) const;
 
     bool isStrict() const;

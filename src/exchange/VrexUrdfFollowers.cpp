@@ -1,5 +1,6 @@
 #include "exchange/VrexUrdfFollowers.h"
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -93,7 +94,7 @@ public:
                 return;
             }
             for (const std::size_t joint : *path) {
-                set(joint);
+                set(joint, findings);
             }
         }
     }
@@ -103,13 +104,20 @@ private:
         const auto& following = m_robot.joints[joint].following;
         return following.has_value() ? m_tree.jointNamed(following->leader) : NONE;
     }
-    void set(std::size_t place) {
+    void set(std::size_t place, VrexUrdfFindings& findings) {
         VrexUrdfJoint& joint = m_robot.joints[place];
         if (joint.following.has_value()) {
             const double ofLeader = m_robot.joints[leaderOf(place)].shift;
             joint.shift = joint.following->ratio * ofLeader + joint.following->offset;
+            expectFinite(joint, findings);
         }
         m_isKnown[place] = true;
+    }
+    static void expectFinite(const VrexUrdfJoint& joint, VrexUrdfFindings& findings) {
+        if (!std::isfinite(joint.shift)) {
+            findings.refuse(joint.following->place, joint.following->label,
+                            "joint " + quoted(joint.name) + " follows by too large an offset.");
+        }
     }
 
     VrexUrdfRobot& m_robot;

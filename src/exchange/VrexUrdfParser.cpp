@@ -1,5 +1,7 @@
 #include "exchange/VrexUrdfParser.h"
 
+#include <algorithm>
+#include <cctype>
 #include <utility>
 
 #include <tinyxml2.h>
@@ -8,6 +10,7 @@
 #include "exchange/VrexUrdfFindings.h"
 #include "exchange/VrexUrdfFrames.h"
 #include "exchange/VrexUrdfJointKinds.h"
+#include "tolvbase/TolvUtf8.h"
 
 namespace {
 
@@ -263,14 +266,32 @@ VrexUrdfRobot readRobot(const VrexUrdfElement& root) {
     return robot;
 }
 
+/// The name of an error of the XML reader as words.
+std::string wordsOf(std::string_view error) {
+    constexpr std::string_view PREFIX = "XML_ERROR_";
+    error.remove_prefix(error.starts_with(PREFIX) ? PREFIX.size() : 0);
+    std::string words(error);
+    std::ranges::transform(words, words.begin(), [](char letter) {
+        return letter == '_' ? ' ' : static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    });
+    return words;
+}
+
 } // namespace
 
 VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file,
                                   VrexUrdfFindings& findings) {
+    const std::size_t invalid = nsTolvUtf8::findInvalid(text);
+    if (invalid != std::string_view::npos) {
+        const auto line = 1 + std::ranges::count(text.substr(0, invalid), '\n');
+        findings.refuse({file, static_cast<int>(line)}, "UTF-8", "The text is not valid UTF-8.");
+        return {};
+    }
     tinyxml2::XMLDocument document;
     if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS) {
-        findings.refuse({file, document.ErrorLineNum()}, "XML",
-                        std::string("The text is no XML: ").append(document.ErrorName()).append("."));
+        findings.refuse(
+            {file, document.ErrorLineNum()}, "XML",
+            std::string("The text is no XML: ").append(wordsOf(document.ErrorName())).append("."));
         return {};
     }
     const tinyxml2::XMLElement* const root = document.RootElement();

@@ -65,7 +65,7 @@ VrexUrdfReader::VrexUrdfReader(VrexUrdfOptions options) : m_options(std::move(op
 VrexUrdfImport VrexUrdfReader::read(const std::filesystem::path& file) const {
     std::filesystem::path loopFile = m_options.loopFile;
     if (loopFile.empty()) {
-        loopFile = std::filesystem::path(file).replace_extension(".yaml");
+        loopFile = loopFileBeside(file);
         if (!std::filesystem::exists(loopFile)) {
             return importFrom(load(file), {}, m_options.isStrict);
         }
@@ -74,5 +74,10 @@ VrexUrdfImport VrexUrdfReader::read(const std::filesystem::path& file) const {
 }
 
 VrexUrdfImport VrexUrdfReader::readText(std::string_view robot, std::string_view loops) const {
-    return importFrom({{}, std::string(robot)}, {{}, std::string(loops)}, m_options.isStrict);
+    return importFrom({{}, std::string(robot)}, {m_options.loopFile.string(), std::string(loops)},
+                      m_options.isStrict);
+}
+
+std::filesystem::path VrexUrdfReader::loopFileBeside(const std::filesystem::path& file) {
+    return std::filesystem::path(file).replace_extension(".yaml");
 }

@@ -21,8 +21,12 @@ public:
     /// Throws `std::filesystem::filesystem_error` for a file that cannot be read, the loop file that the
     /// options name included.
     VrexUrdfImport read(const std::filesystem::path& file) const;
-    /// Reads texts; `loops` is that of a loop file, if not empty. No file is opened.
+    /// Reads texts; `loops` is that of a loop file, if not empty. No file is opened: the loop file of the
+    /// options is what findings name.
     VrexUrdfImport readText(std::string_view robot, std::string_view loops = {}) const;
+
+    /// The loop file that is read with a robot file where the options name none.
+    static std::filesystem::path loopFileBeside(const std::filesystem::path& file);
 
 private:
     VrexUrdfOptions m_options;

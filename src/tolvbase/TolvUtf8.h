@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "tolvbase/TolvExport.h"
+
 /// UTF-8 as Unicode defines it: no surrogates, nothing above U+10FFFF, no longer form than needed.
 namespace nsTolvUtf8 {
 
@@ -13,6 +15,6 @@ inline constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 [[nodiscard]] std::size_t characterLength(std::string_view text) noexcept;
 
 /// Where the first byte stands that starts no valid character; `npos` for a valid text.
-[[nodiscard]] std::size_t findInvalid(std::string_view text) noexcept;
+[[nodiscard]] TOLV_EXPORT std::size_t findInvalid(std::string_view text) noexcept;
 
 } // namespace nsTolvUtf8

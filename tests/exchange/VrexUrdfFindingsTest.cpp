@@ -132,9 +132,9 @@ TEST(VrexUrdfFindings, WhatCannotBeReadIsRefusedInBothModes) {
     };
     const Refusal refusals[] = {
         {"<robot name='r'>\n<link name='a'>\n</robot>",
-         {Error, 2, "XML", "The text is no XML: XML_ERROR_MISMATCHED_ELEMENT."}},
+         {Error, 2, "XML", "The text is no XML: mismatched element."}},
         {"\n<model/>", {Error, 2, "robot", "The outermost element is not <robot>."}},
-        {"", {Error, 0, "XML", "The text is no XML: XML_ERROR_EMPTY_DOCUMENT."}},
+        {"", {Error, 0, "XML", "The text is no XML: empty document."}},
         {robotOf(""), {Error, 0, "robot", "There is no link."}},
         {robotOf("<link/>\n"), {Error, 2, "link", "robot \"r\": <link> needs the attribute \"name\"."}},
         {robotOf("<link name='a'/>\n<link name='a'/>\n"), {Error, 3, "a", "There is another link \"a\"."}},
@@ -152,6 +152,12 @@ TEST(VrexUrdfFindings, WhatCannotBeReadIsRefusedInBothModes) {
           "joint \"j\": the attribute \"rpy\" of <origin> needs three numbers: \"0 0 nan\"."}},
         {jointOf("continuous", "\n<axis xyz='0 0 0'/>"),
          {Error, 4, "j", "joint \"j\": the axis has no length."}},
+        {jointOf("continuous", "\n<axis xyz='1e200 0 1e200'/>"),
+         {Error, 4, "axis",
+          "joint \"j\": the attribute \"xyz\" of <axis> holds a number beyond 1e100: \"1e200 0 1e200\"."}},
+        {jointOf("continuous", "\n<origin xyz='0 -1e308 0'/>"),
+         {Error, 4, "origin",
+          "joint \"j\": the attribute \"xyz\" of <origin> holds a number beyond 1e100: \"0 -1e308 0\"."}},
         {jointOf("continuous", "\n<axis/>\n<axis/>"),
          {Error, 5, "axis", "joint \"j\": <axis> stands here twice."}},
         {jointOf("revolute", "\n<limit lower='1' upper='-1'/>"),
@@ -169,6 +175,17 @@ TEST(VrexUrdfFindings, WhatCannotBeReadIsRefusedInBothModes) {
          {Error, 4, "j", "joint \"j\" follows a joint \"nobody\", which is not declared."}},
         {robotOf(three + mimic("j", "b", "k") + mimic("k", "c", "j")),
          {Error, 3, "j", "joint \"j\" follows itself."}},
+        {robotOf(three + mimic("j", "b", "k' offset='1e200") +
+                 "<joint name='k' type='continuous'><parent link='b'/><child link='c'/></joint>\n" +
+                 "<link name='d'/><joint name='m' type='continuous'><parent link='c'/><child link='d'/>\n"
+                 "<mimic joint='j' multiplier='1e200'/></joint>"),
+         {Error, 6, "m", "joint \"m\" follows by too large an offset."}},
+        {robotOf("<link name='a'/>\n<link name='\xE9'/>\n"),
+         {Error, 3, "UTF-8", "The text is not valid UTF-8."}},
+        {robotOf(
+             "<link name='a'>\n<visual><geometry>\n<sphere radius='1e200'/></geometry></visual></link>\n"),
+         {Error, 4, "sphere",
+          "link \"a\": the attribute \"radius\" of <sphere> must be above 0, and at most 1e100."}},
         {robotOf(TWO_LINKS + hinge("j", "a", "b") +
                  "<loop name='l' type='6d'><predecessor link='b'/><successor link='c'/></loop>\n"),
          {Error, 4, "l", "loop \"l\": there is no link \"c\"."}},
@@ -309,6 +326,22 @@ TEST(VrexUrdfFindings, TextsOfAnyDepthAreRefused) {
     }
     EXPECT_FALSE(readText(deep, false).system.has_value());
     EXPECT_FALSE(readText(jointOf("continuous", ""), false, std::string(100000, '[')).system.has_value());
+}
+
+TEST(VrexUrdfFindings, RepeatedTagsTakeTimeInProportion) {
+    std::string text = "<robot name='r'><link name='a'><visual><geometry/>";
+    for (int i = 0; i < 100000; ++i) {
+        text += "<origin/>";
+    }
+    EXPECT_EQ(readText(text + "</visual></link></robot>", true).findings.size(), 99999U);
+}
+
+TEST(VrexUrdfFindings, TextsOfLoopsGoByTheNameOfTheOptions) {
+    const auto result = VrexUrdfReader({true, "mine.yaml"})
+                            .readText(jointOf("continuous", ""), "closed_loop: []\ntype: []\nother: 1\n");
+    ASSERT_EQ(result.findings.size(), 1U);
+    EXPECT_EQ(result.findings[0].file, "mine.yaml");
+    EXPECT_EQ(result.findings[0].line, 3);
 }
 
 /// A folder for files, removed in the end.

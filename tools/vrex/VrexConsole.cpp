@@ -3,11 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 
 #include <fmt/format.h>
 #include <unistd.h>
 
 #include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexHarmlessText.h"
 #include "tools/vrex/VrexReport.h"
 #include "tools/vrex/VrexToolFailure.h"
 
@@ -15,6 +17,9 @@ namespace {
 
 /// See no-color.org.
 bool isColoured(int descriptor) { return isatty(descriptor) == 1 && std::getenv("NO_COLOR") == nullptr; }
+
+/// Where talk cannot be heard, the exit code still tells.
+void put(const std::string& text) { std::fputs(text.c_str(), stderr); }
 
 } // namespace
 
@@ -49,12 +54,12 @@ void VrexConsole::fail(std::string_view sentence) const { say("\033[31m", "error
 
 void VrexConsole::tell(const VrexReport& report) const {
     if (!m_options.isQuiet) {
-        fmt::print(stderr, "{}", report.toText(isColoured(STDERR_FILENO)));
+        put(report.toText(isColoured(STDERR_FILENO)));
     }
 }
 
 void VrexConsole::say(std::string_view colour, std::string_view kind, std::string_view sentence) {
     const bool hasColour = !colour.empty() && isColoured(STDERR_FILENO);
-    fmt::print(stderr, "vrex: {}{}{}{}\n", hasColour ? colour : "", kind, hasColour ? "\033[0m" : "",
-               sentence);
+    put(fmt::format("vrex: {}{}{}{}\n", hasColour ? colour : "", kind, hasColour ? "\033[0m" : "",
+                    nsVrexHarmlessText::of(std::string(sentence))));
 }

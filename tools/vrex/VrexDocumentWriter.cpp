@@ -31,8 +31,9 @@ std::string nsVrexDocument::textOf(const VrexDocument& document, std::uint64_t i
 
 void nsVrexDocument::expectOther(const std::string& input, const std::string& output) {
     std::error_code none;
-    if (input != "-" && output != "-" && std::filesystem::is_regular_file(output, none) &&
-        std::filesystem::equivalent(input, output, none)) {
+    const std::string source = input == "-" ? "/dev/stdin" : input;
+    if (output != "-" && std::filesystem::is_regular_file(output, none) &&
+        std::filesystem::equivalent(source, output, none)) {
         throw VrexToolFailure(
             VrexExitCode::USAGE,
             fmt::format("{} is the input, which is never touched: name another file with --out.", output));

@@ -6,6 +6,8 @@
 
 #include <fmt/format.h>
 
+#include "tools/vrex/VrexHarmlessText.h"
+
 namespace {
 
 constexpr auto PATIENCE = std::chrono::milliseconds(500);
@@ -54,5 +56,5 @@ void VrexProgress::draw() const {
     if (line.size() > WIDTH) {
         line.resize(WIDTH);
     }
-    fmt::print(stderr, "{}{}", CLEAR_LINE, line);
+    std::fputs((CLEAR_LINE + nsVrexHarmlessText::of(std::move(line))).c_str(), stderr);
 }

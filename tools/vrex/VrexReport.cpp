@@ -8,6 +8,8 @@
 
 #include <fmt/format.h>
 
+#include "tools/vrex/VrexHarmlessText.h"
+
 namespace {
 
 constexpr std::string_view GREEN = "\033[32m", RED = "\033[31m", BOLD = "\033[1m", PLAIN = "\033[0m";
@@ -31,13 +33,6 @@ std::string wordsOf(std::string_view key) {
     return words;
 }
 
-/// Labels may hold anything; nothing of it is to move the cursor.
-std::string harmless(std::string text) {
-    std::ranges::replace_if(
-        text, [](char letter) { return std::iscntrl(static_cast<unsigned char>(letter)) != 0; }, '?');
-    return text;
-}
-
 /// In characters, of UTF-8.
 std::size_t widthOf(const std::string& text) {
     constexpr unsigned MASK = 0xC0, FOLLOWER = 0x80;
@@ -52,7 +47,7 @@ std::string textOf(const LumoJson& value) {
         return "-";
     case LumoJsonType::String:
         getValue(value, text);
-        return harmless(std::move(text));
+        return nsVrexHarmlessText::of(std::move(text));
     case LumoJsonType::Boolean: {
         bool isTrue = false;
         getValue(value, isTrue);
@@ -177,7 +172,7 @@ std::string VrexReport::toJson() const {
 
 std::string VrexReport::toText(bool isColoured) const {
     std::string text;
-    appendColoured(text, m_sentence, m_isGood ? GREEN : RED, isColoured);
+    appendColoured(text, nsVrexHarmlessText::of(m_sentence), m_isGood ? GREEN : RED, isColoured);
     text += '\n';
     for (const Fact& fact : m_facts) {
         fmt::format_to(std::back_inserter(text), "{}{}: {}\n", GAP, wordsOf(fact.key), textOf(fact.value));

@@ -74,6 +74,27 @@ class StandardStreams(tool.ToolTest):
                           ("diff", file), ("diff", "--tolerance", "-1", file, file)):
             self.failure(USAGE, *arguments)
 
+    def test_numbers_that_are_none(self):
+        file = self.write(tool.gap())
+        for number in ("nan", "inf", "1e400", "-1"):
+            for command, limit in ((("solve", file), "above 0"), (("diff", file, file), "from 0 on")):
+                self.assertEqual(self.failure(USAGE, *command, "--tolerance", number),
+                                 f"--tolerance: {number} is no number {limit}. See vrex --help.")
+
+    def test_standard_error_that_cannot_be_written(self):
+        file = self.write(tool.gap())
+        for code, arguments in ((IO_FAILURE, ("info", "none")), (USAGE, ("nonsense",)), (FINE, ("solve", "--out", "-", file)),
+                                (FINE, ("convert", "--out", self.folder / "out.json", file))):
+            with open("/dev/full", "wb") as full:
+                result = subprocess.run([PROGRAM, *arguments], stdout=subprocess.PIPE, stderr=full)
+            self.assertEqual(result.returncode, code, arguments)
+            closed = subprocess.run(["bash", "-c", '"$0" "$@" 2>&-', PROGRAM, *arguments], stdout=subprocess.PIPE)
+            self.assertEqual(closed.returncode, code, arguments)
+
+    def test_failures_do_not_move_the_cursor(self):
+        robot = b'<robot name="r"><link name="&#27;[2J&#10;"/><link name="&#27;[2J&#10;"/></robot>'
+        self.assertIn('link "?[2J?"', self.failure(INVALID, "import", "--quiet", self.write(robot)))
+
     def test_options_stand_before_and_behind_the_command(self):
         file = self.write(tool.gap())
         outputs = {self.expect(FINE, *words).stdout for words in (
@@ -117,6 +138,19 @@ class Files(tool.ToolTest):
         self.expect(FINE, "solve", "--out", output, file)
         self.assertEqual(stat.S_IMODE(output.stat().st_mode), 0o640)
         self.assertEqual((file.read_bytes(), file.stat().st_mtime_ns), (tool.gap().text(), before.st_mtime_ns))
+
+    def test_no_input_is_written_to(self):
+        file, link, robot = self.write(tool.gap()), self.folder / "link.json", self.write(b"<robot/>", "robot.urdf")
+        loops = self.write(b"closed_loop: []", "robot.yaml")
+        link.symlink_to(file)
+        for output, arguments in ((file, ("convert", file)), (link, ("convert", file)), (robot, ("import", robot)),
+                                  (loops, ("import", robot)), (file, ("import", robot, "--loops", file))):
+            before = output.read_bytes()
+            self.assertIn("is the input, which is never touched", self.failure(USAGE, *arguments, "--out", output))
+            self.assertEqual(output.read_bytes(), before)
+        with open(file, "rb") as stdin:
+            result = subprocess.run([PROGRAM, "convert", "-", "--out", file], stdin=stdin, capture_output=True)
+        self.assertEqual((result.returncode, file.read_bytes()), (USAGE, tool.gap().text()))
 
     def test_pipe_as_output_is_written_into(self):
         pipe = self.folder / "pipe"

@@ -1,5 +1,6 @@
 #include "tools/vrex/commands/VrexCommandLine.h"
 
+#include <cmath>
 #include <csignal>
 #include <exception>
 #include <functional>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
 
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexToolFailure.h"
@@ -24,6 +26,19 @@ namespace {
 
 constexpr const char* STREAM = "stream";
 constexpr const char* INPUT = "Document or stream; - is standard input";
+
+/// A number above 0, or 0 where that is fine too. The library's own checks let NaN pass, and tell all digits
+/// of the largest number there is.
+CLI::Validator finiteNumber(bool canBeZero) {
+    const auto complaint = [canBeZero](const std::string& text) {
+        double number = 0.0;
+        const bool isNumber = CLI::detail::lexical_cast(text, number) && std::isfinite(number);
+        const bool isFine = isNumber && (number > 0.0 || (canBeZero && number == 0.0));
+        return isFine ? std::string()
+                      : fmt::format("{} is no number {}", text, canBeZero ? "from 0 on" : "above 0");
+    };
+    return {complaint, ""};
+}
 
 /// All commands with their options as the arguments fill them.
 class CommandLine {
@@ -96,10 +111,10 @@ private:
                      "Do not fail (4) for constraints that repeat others and hold");
         app.add_option("--tolerance", m_solve.tolerance, "What residuals may be in the end")
             ->capture_default_str()
-            ->check(CLI::PositiveNumber);
+            ->check(finiteNumber(false));
         app.add_option("--max-iterations", m_solve.maxIterations, "Iterations of a component")
             ->capture_default_str()
-            ->check(CLI::PositiveNumber);
+            ->check(finiteNumber(false));
     }
     void addConvert() {
         CLI::App& app = add("convert", "Write a document or a stream anew", m_convert);
@@ -130,7 +145,7 @@ private:
         app.add_option("second", m_diff.second, INPUT)->required()->type_name("");
         app.add_option("--tolerance", m_diff.tolerance, "Numbers that differ by no more are the same")
             ->capture_default_str()
-            ->check(CLI::NonNegativeNumber);
+            ->check(finiteNumber(true));
     }
     /// One value an option, so that what follows is the input.
     static void addRepeated(CLI::App& app, const char* name, std::vector<std::string>& values,

@@ -11,6 +11,7 @@
 #include "tools/vrex/VrexDocumentReader.h"
 #include "tools/vrex/VrexDocumentWriter.h"
 #include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexObjectNames.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexReport.h"
 #include "tools/vrex/VrexToolFailure.h"
@@ -58,8 +59,8 @@ VrexUrdfImport read(const VrexImportCommand& command, const std::string& title, 
 VrexReport reportOf(const VrexUrdfImport& import, const std::string& title) {
     VrexReport report("import");
     const bool isImported = import.system.has_value();
-    report.conclude(fmt::format("{} is {}imported, with {} findings.", title, isImported ? "" : "not ",
-                                import.findings.size()),
+    report.conclude(fmt::format("{} is {}imported, with {}.", title, isImported ? "" : "not ",
+                                nsVrexObjectNames::countOf(import.findings.size(), "finding", "findings")),
                     isImported);
     report.add("imported", isImported);
     report.add("robot", import.robotName);
@@ -90,6 +91,8 @@ VrexExitCode VrexImportCommand::run(const VrexConsole& console) const {
                               "--json and --out - cannot both have standard output: name a file with --out.");
     }
     nsVrexDocument::expectOther(input, output);
+    nsVrexDocument::expectOther(loopFile.empty() ? VrexUrdfReader::loopFileBeside(input).string() : loopFile,
+                                output);
     const std::string title = nsVrexDocument::titleOf(input);
     const VrexUrdfImport import = read(*this, title, console);
     const VrexReport report = reportOf(import, title);

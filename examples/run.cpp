@@ -62,7 +62,7 @@ public:
     template <class Class, class List>
     static std::shared_ptr<Class> labelled(const List& list, const std::string& label) {
         for (const auto& object : list) {
-            const auto known = std::dynamic_pointer_cast<Class>(object);
+            auto known = std::dynamic_pointer_cast<Class>(object);
             if (known != nullptr && known->label() == label) {
                 return known;
             }

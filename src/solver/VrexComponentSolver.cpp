@@ -93,6 +93,8 @@ private:
     void solve() {
         if (m_drag != nullptr) {
             nsDragWishes::add(m_builder, *m_drag);
+        }
+        if (m_model.system().hasWishes()) {
             const VrexLeastSquares method(m_options.tolerance, m_options.maxIterations, m_keepGoing);
             m_report.iterations = method.solve(m_model.system(), true).iterations;
         }

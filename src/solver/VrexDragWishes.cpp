@@ -12,15 +12,12 @@ namespace {
 
 using Vector = VrexSolverShape::Vector;
 
-/// Beside the constraints, which count 1.
-constexpr double WEIGHT = 1e-2;
-
 Vector constant(const VrexVector3DT<double>& v) { return {v.x(), v.y(), v.z()}; }
 
 void set(VrexVariable* rows, const Vector& v) {
-    rows[0] = v.x() * WEIGHT;
-    rows[1] = v.y() * WEIGHT;
-    rows[2] = v.z() * WEIGHT;
+    rows[0] = v.x();
+    rows[1] = v.y();
+    rows[2] = v.z();
 }
 
 /// The whole frame: for a line or a plane what it cannot do simply stays undone.
@@ -43,7 +40,7 @@ void addPose(VrexSolverBuilder& builder, const VrexSolverShape& shape, const Vre
 void addSize(VrexSolverBuilder& builder, const VrexSolverShape& shape, std::size_t index, double value,
              double unit) {
     builder.addWish(1, [&shape, index, value, unit](VrexVariable* rows) {
-        rows[0] = (shape.size(index) - value) * (WEIGHT / unit);
+        rows[0] = (shape.size(index) - value) / unit;
     });
 }
 

@@ -113,7 +113,9 @@ void nsEquationResiduals::add(VrexSolverBuilder& builder, VrexBaseEquation& equa
         }
     }
     const Function function(equation, std::move(parameters));
-    const double unit = unitOf(function(), builder.length());
+    const VrexVariable start = function();
+    builder.requireFinite(start.value());
+    const double unit = unitOf(start, builder.length());
     const VrexSolverBuilder::Rows rows = [function, condition, unit](VrexVariable* row) {
         row[0] = condition(function() / unit);
     };

@@ -38,7 +38,8 @@ VrexLeastSquaresResult VrexPoseSearch::run() {
 }
 
 bool VrexPoseSearch::isWorthAnother() const {
-    const double work = static_cast<double>(m_result.iterations) * static_cast<double>(m_system.unknownCount());
+    const double work =
+        static_cast<double>(m_result.iterations) * static_cast<double>(m_system.unknownCount());
     return !m_result.isConverged && !m_result.isCancelled && work < MOST_WORK;
 }
 

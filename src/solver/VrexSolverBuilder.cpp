@@ -1,5 +1,6 @@
 #include "solver/VrexSolverBuilder.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -11,10 +12,15 @@
 
 namespace {
 
-/// False for a limit that is not a number, too.
+/// Beside the constraints, which count 1.
+constexpr double WISH_WEIGHT = 1e-2;
+
+/// False for a limit that is not a number or that nothing can keep, too.
 bool areSound(const VrexDimensionLimits& limits) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    return limits.first.value_or(-infinity) <= limits.second.value_or(infinity);
+    const double low = limits.first.value_or(-infinity);
+    const double high = limits.second.value_or(infinity);
+    return low <= high && low < infinity && high > -infinity;
 }
 
 } // namespace
@@ -51,7 +57,11 @@ void VrexSolverBuilder::addWithSpares(std::size_t rows, Rows evaluate) {
 }
 
 void VrexSolverBuilder::addWish(std::size_t rows, Rows evaluate) {
-    m_model.system().addResidual({m_place, rows, true, false, std::move(evaluate)});
+    const auto weighed = [rows, evaluate = std::move(evaluate)](VrexVariable* values) {
+        evaluate(values);
+        std::for_each(values, values + rows, [](VrexVariable& value) { value = value * WISH_WEIGHT; });
+    };
+    m_model.system().addResidual({m_place, rows, true, false, weighed});
 }
 
 void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit) {

@@ -30,6 +30,7 @@ VrexSolverBody& VrexSolverSystem::addBody(const VrexSolverBody& body) {
 void VrexSolverSystem::addResidual(VrexSolverResidual residual) {
     m_rowConstraints.insert(m_rowConstraints.end(), residual.rows, residual.constraint);
     m_rowCount += static_cast<Eigen::Index>(residual.rows);
+    m_hasWishes = m_hasWishes || residual.isSoft;
     m_residuals.push_back(std::move(residual));
 }
 

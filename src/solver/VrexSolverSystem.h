@@ -33,6 +33,7 @@ public:
     const std::deque<VrexSolverBody>& bodies() const { return m_bodies; }
     std::deque<VrexSolverBody>& bodies() { return m_bodies; }
     const std::vector<VrexSolverResidual>& residuals() const { return m_residuals; }
+    bool hasWishes() const { return m_hasWishes; }
     double length() const { return m_space.length(); }
     Eigen::Index unknownCount() const { return m_unknownCount; }
     /// The first unknown of those of helps, which come last.
@@ -71,6 +72,7 @@ private:
     Eigen::Index m_unknownCount = 0;
     Eigen::Index m_firstHelp = 0;
     Eigen::Index m_rowCount = 0;
+    bool m_hasWishes = false;
     std::vector<VrexVariable> m_rows;
     std::vector<Eigen::Triplet<double>> m_entries;
     std::vector<int> m_rowEntries; ///< How many derivatives count.

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/constraint/3d/VrexDistance3D.h"
 #include "data/constraint/3d/VrexFixation3D.h"
 #include "data/constraint/equation/VrexCallbackEquation.h"
 #include "data/constraint/equation/VrexEquationCallback.h"
@@ -136,6 +137,20 @@ TEST(VrexEquationResiduals, DragAsksForNothing) {
     expectSolved(report);
     EXPECT_EQ(report.freedom, 1U);
     SolverProbe({variable}, {drag}).expectDerivativesMatch();
+}
+
+TEST(VrexEquationResiduals, DragPullsAsFarAsConstraintsAllow) {
+    const auto hub = VrexPoint3D::create(0, 0, 0);
+    const auto tip = VrexPoint3D::create(1, 0.1, 0);
+    const auto hold = VrexFixation3D::create(hub, VrexFixation3DType::Complete3D);
+    const auto arm = VrexDistance3D::create(hub, tip, 2.0, VrexGeometryComponentType::UNKNOWN,
+                                            VrexGeometryComponentType::UNKNOWN);
+    const auto drag = VrexExpressionEquation::create({{tip, VrexPoint3D::Y, "y"}}, dragTowardsZero, "y - 1");
+    const auto report = solveOne({hub, tip}, {hold, arm, drag});
+    expectSolved(report);
+    EXPECT_NEAR(tip->getPosition().magnitude(), 2.0, TOLERANCE);
+    EXPECT_NEAR(tip->getPosition().y(), 1.0, 1e-3);
+    EXPECT_EQ(report.freedom, 2U);
 }
 
 TEST(VrexEquationResiduals, LinearCallbackTiesPlaces) {

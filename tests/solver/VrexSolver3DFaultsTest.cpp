@@ -148,6 +148,19 @@ const Fault FAULTS[] = {
      [](PlantedSystem& s) {
          return addAdvance(s, {0.0, NO_NUMBER, 0.0});
      }},
+    {"a function that yields no number", " has a value that is not finite.",
+     [](PlantedSystem& s) -> Object {
+         const auto x = s.variable(1.0);
+         return s.bind(VrexCallbackEquation::create(
+             {{x, 0, "x"}}, VrexEquationConditionType::equalToZero,
+             [](const std::vector<VrexVariable>& /*args*/) { return VrexVariable(NO_NUMBER); }));
+     }},
+    {"a mate with a limit that nothing can keep", " has limits that contradict each other.",
+     [](PlantedSystem& s) -> Object {
+         const auto mate = addSlider(s);
+         mate->getDistance().limits = {INFINITE, INFINITE};
+         return mate;
+     }},
     {"a function that throws", "the disk is gone",
      [](PlantedSystem& s) -> Object {
          const auto x = s.variable(1.0);

@@ -139,6 +139,31 @@ TEST(VrexSolver3DRepeat, CancellingKeepsThePoseOfWhatIsNotSolved) {
     EXPECT_EQ(linkages[1].input->status(), VrexConstraintStatus::NotSolved);
 }
 
+TEST(VrexSolver3DRepeat, CancellingEndsAllComponentsAndDoesNotAskAgain) {
+    std::vector<FourBar> linkages{FourBar(0.3), FourBar(0.3)};
+    for (FourBar& linkage : linkages) {
+        linkage.input->getAngle().value = 0.9;
+        linkage.input->getAngle().setFixed(true);
+    }
+    int calls = 0;
+    VrexSolverOptions options;
+    options.progress = [&calls](const VrexSolverProgress&) { return ++calls > 1; }; // false but once
+    const auto report = VrexSolver3D(options).solve({linkages[0].component(), linkages[1].component()});
+    EXPECT_EQ(calls, 1);
+    EXPECT_TRUE(report.components[0].isCancelled);
+    EXPECT_TRUE(report.components[1].isCancelled);
+    EXPECT_EQ(linkages[1].coupler->getRotation().scalar(), 1.0);
+}
+
+TEST(VrexSolver3DRepeat, FewerThanNoRetriesAreNone) {
+    FourBar linkage(0.3);
+    linkage.input->getAngle().value = 0.9;
+    linkage.input->getAngle().setFixed(true);
+    VrexSolverOptions options;
+    options.retries = -1;
+    EXPECT_TRUE(VrexSolver3D(options).solve({linkage.component()}).isConverged());
+}
+
 TEST(VrexSolver3DRepeat, SearchForConflictsCanBeCancelled) {
     PlantedSystem system;
     const auto a = system.point(0, 0, 0);

@@ -7,6 +7,7 @@
 #include "data/VrexEnumTable.h"
 #include "data/constraint/3d/VrexDimension3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
+#include "solver/VrexSolverFaults.h"
 
 namespace {
 
@@ -21,6 +22,9 @@ void check(const VrexDimension3D& dimension, bool isHeld) {
     const auto& [low, high] = dimension.getLimits();
     if (!std::isfinite(value)) {
         refuse(dimension, " has a value that is not finite.");
+    }
+    if (std::abs(value) > nsSolverFaults::LARGEST_NUMBER) {
+        refuse(dimension, " has a value beyond 1e100.");
     }
     if (std::isnan(low.value_or(value)) || std::isnan(high.value_or(value))) {
         refuse(dimension, " has a limit that is no number.");

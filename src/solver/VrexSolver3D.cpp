@@ -1,5 +1,7 @@
 #include "solver/VrexSolver3D.h"
 
+#include <cmath>
+#include <stdexcept>
 #include <utility>
 
 #include "data/3d/VrexTransform3D.h"
@@ -12,7 +14,11 @@
 #include "solver/VrexComponentSolver.h"
 #include "solver/VrexSolverCopy.h"
 
-VrexSolver3D::VrexSolver3D(VrexSolverOptions options) : m_options(std::move(options)) {}
+VrexSolver3D::VrexSolver3D(VrexSolverOptions options) : m_options(std::move(options)) {
+    if (!std::isfinite(m_options.tolerance) || m_options.tolerance <= 0.0) {
+        throw std::invalid_argument("The tolerance of the solver has to be positive and finite.");
+    }
+}
 
 VrexSolverReport VrexSolver3D::solve(const std::vector<std::shared_ptr<VrexConnectedComponent>>& components,
                                      const VrexTransform3D* drag) const {

@@ -22,6 +22,7 @@ class VrexTransform3D;
 /// bits. One thread at a time.
 class VREX_SOLVER_EXPORT VrexSolver3D {
 public:
+    /// Throws `std::invalid_argument` for a tolerance that is not positive and finite.
     explicit VrexSolver3D(VrexSolverOptions options = {});
 
     /// Splits the system into components, solves copies of them and lays the results back into these

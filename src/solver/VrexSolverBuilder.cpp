@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "data/VrexBaseConstraint.h"
+#include "solver/VrexSolverFaults.h"
 #include "solver/VrexSolverNames.h"
 #include "solver/VrexSolverResiduals.h"
 
@@ -92,6 +93,9 @@ void VrexSolverBuilder::requireSound(const VrexDimensionLimits& limits) const {
 void VrexSolverBuilder::requireFinite(double value) const {
     if (!std::isfinite(value)) {
         blame(" has a value that is not finite.");
+    }
+    if (std::abs(value) > nsSolverFaults::LARGEST_NUMBER) {
+        blame(" has a value beyond 1e100.");
     }
 }
 

@@ -27,6 +27,14 @@ bool isFinite(const VrexSolverEntity& entity) {
            isFinite(entity.frame.axes[2]) && std::isfinite(entity.sizes[0]) && std::isfinite(entity.sizes[1]);
 }
 
+bool isLarge(const VrexVector3DT<double>& v) {
+    return std::max({std::abs(v.x()), std::abs(v.y()), std::abs(v.z())}) > nsSolverFaults::LARGEST_NUMBER;
+}
+
+bool isLarge(const VrexSolverEntity& entity) {
+    return isLarge(entity.frame.origin) || isLarge({entity.sizes[0], entity.sizes[1], 0.0});
+}
+
 /// As of a rotation that is zero.
 bool hasNoDirection(const VrexSolverEntity& entity) {
     constexpr double least = 1e-12;
@@ -51,6 +59,9 @@ std::string faultOf(VrexBaseGeometry& geometry) {
     }
     if (!isFinite(*entity) && !isCarriedNowhere(geometry)) {
         return " holds a number that is not finite.";
+    }
+    if (isLarge(*entity)) {
+        return " holds a number beyond 1e100.";
     }
     return hasNoDirection(*entity) ? " has a direction without length." : "";
 }

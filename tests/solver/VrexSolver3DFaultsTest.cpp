@@ -92,6 +92,8 @@ const Fault FAULTS[] = {
      }},
     {"a number that is not finite", " holds a number that is not finite.",
      [](PlantedSystem& s) -> Object { return s.variable(NO_NUMBER); }},
+    {"a number that is too large", " holds a number beyond 1e100.",
+     [](PlantedSystem& s) -> Object { return s.point(1, 1e160, 3); }},
     {"a constraint without an entity", " binds an entity that is missing.",
      [](PlantedSystem& s) -> Object {
          return s.bind(VrexParallelism3D::create(s.line({0, 0, 0}, {1, 0, 0}), nullptr));
@@ -104,6 +106,8 @@ const Fault FAULTS[] = {
      [](PlantedSystem& s) -> Object { return addDistance(s, NO_NUMBER); }},
     {"a distance that is infinite", " has a value that is not finite.",
      [](PlantedSystem& s) -> Object { return addDistance(s, INFINITE); }},
+    {"a distance that is too large", " has a value beyond 1e100.",
+     [](PlantedSystem& s) -> Object { return addDistance(s, 1e160); }},
     {"limits in the wrong order", " has a lower limit above the upper one.",
      [](PlantedSystem& s) -> Object {
          const auto distance = addDistance(s, 1.0);
@@ -235,6 +239,14 @@ TEST(VrexSolver3DFaults, WhatIsNotSupportedIsNamedAndTheRestIsSolved) {
     EXPECT_EQ(normal->status(), VrexConstraintStatus::NotSolved);
     EXPECT_EQ(normal->satisfiedStatus(), VrexConstraintSatisfiedStatus::Unknown);
     EXPECT_EQ(system.constraints[0]->satisfiedStatus(), VrexConstraintSatisfiedStatus::Satisfied);
+}
+
+TEST(VrexSolver3DFaults, ToleranceHasToBePositiveAndFinite) {
+    for (const double tolerance : {0.0, -1e-10, NO_NUMBER, INFINITE}) {
+        VrexSolverOptions options;
+        options.tolerance = tolerance;
+        EXPECT_THROW(VrexSolver3D{options}, std::invalid_argument) << tolerance;
+    }
 }
 
 } // namespace

@@ -14,13 +14,14 @@
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/graph/VrexConnectedComponent.h"
 #include "solver/VrexConflictSearch.h"
-#include "solver/VrexDragWishes.h"
-#include "solver/VrexLeastSquares.h"
 #include "solver/VrexPoseSearch.h"
-#include "solver/VrexRankAnalysis.h"
-#include "solver/VrexSolverBuilder.h"
-#include "solver/VrexSolverFaults.h"
-#include "solver/VrexSolverModel.h"
+#include "solver/model/VrexSolverBuilder.h"
+#include "solver/model/VrexSolverFaults.h"
+#include "solver/model/VrexSolverModel.h"
+#include "solver/numerics/VrexLeastSquares.h"
+#include "solver/numerics/VrexRankAnalysis.h"
+#include "solver/residuals/VrexDragWishes.h"
+#include "solver/residuals/VrexSolverResiduals.h"
 
 namespace {
 
@@ -81,7 +82,7 @@ private:
 
     void build() {
         for (std::size_t i = 0; i < m_constraints.size(); ++i) {
-            const std::string reason = m_builder.build(i, *m_constraints[i]);
+            const std::string reason = VrexSolverResiduals::add(m_builder, i, *m_constraints[i]);
             if (!reason.empty()) {
                 m_unsupported.insert(i);
                 m_report.remarks.push_back(

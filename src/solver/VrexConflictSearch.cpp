@@ -5,7 +5,7 @@
 #include <iterator>
 
 #include "solver/VrexPoseSearch.h"
-#include "solver/VrexSolverSystem.h"
+#include "solver/system/VrexSolverSystem.h"
 
 namespace {
 

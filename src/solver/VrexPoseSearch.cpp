@@ -4,8 +4,8 @@
 #include <random>
 #include <utility>
 
-#include "solver/VrexSolverBuilder.h"
-#include "solver/VrexSolverSystem.h"
+#include "solver/model/VrexSolverBuilder.h"
+#include "solver/system/VrexSolverSystem.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <deque>
 
-#include "solver/VrexLeastSquares.h"
-#include "solver/VrexSolverBody.h"
 #include "solver/VrexSolverOptions.h"
+#include "solver/numerics/VrexLeastSquares.h"
+#include "solver/system/VrexSolverBody.h"
 
 class VrexSolverBuilder;
 class VrexSolverSystem;

@@ -15,8 +15,9 @@
 #include "data/VrexBaseConstraint.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "data/geometry/3d/VrexRigidSet3D.h"
-#include "solver/VrexSolverBuilder.h"
-#include "solver/VrexSolverModel.h"
+#include "solver/model/VrexSolverBuilder.h"
+#include "solver/model/VrexSolverModel.h"
+#include "solver/residuals/VrexSolverResiduals.h"
 
 /// What of a component the solver sees: bodies that can be moved, and the residuals of the constraints.
 class SolverProbe {
@@ -27,7 +28,7 @@ public:
     SolverProbe(const Geometries& geometries, const Constraints& constraints)
         : m_model(geometries, constraints), m_builder(m_model) {
         for (std::size_t i = 0; i < constraints.size(); ++i) {
-            m_refusals.append(m_builder.build(i, *constraints[i]));
+            m_refusals.append(VrexSolverResiduals::add(m_builder, i, *constraints[i]));
         }
     }
 

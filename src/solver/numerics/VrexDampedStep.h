@@ -1,0 +1,36 @@
+#pragma once
+
+#include <Eigen/Core>
+#include <Eigen/SparseCholesky>
+#include <Eigen/SparseCore>
+
+#include "solver/numerics/VrexNormalMatrix.h"
+
+/// The minimum of |J d + r|^2 + mu |D d|^2 over the step d, with D the lengths of the columns of J.
+class VrexDampedStep {
+public:
+    /// For one iteration after the other on matrices of the same size.
+    void setJacobian(const Eigen::SparseMatrix<double>& jacobian, const Eigen::VectorXd& values);
+    Eigen::VectorXd solve(double damping);
+    /// What the linear model says that the step gains in half the sum of squares.
+    double predictedGain(const Eigen::VectorXd& step, double damping) const;
+    double largestGradient() const { return m_gradient.size() == 0 ? 0.0 : m_gradient.cwiseAbs().maxCoeff(); }
+
+private:
+    /// Up to so many unknowns, those of six bodies, the decomposition of the full matrix costs at most twice
+    /// as much as the normal equations, and does not square what is nearly singular.
+    static constexpr Eigen::Index DENSE_LIMIT = 36;
+
+    Eigen::VectorXd solveDense(double damping);
+    Eigen::VectorXd solveSparse(double damping);
+    void raiseScale();
+
+    const Eigen::SparseMatrix<double>* m_jacobian = nullptr;
+    Eigen::VectorXd m_values;
+    Eigen::VectorXd m_gradient;
+    Eigen::VectorXd m_scale; ///< D: the longest that each column has been.
+    Eigen::MatrixXd m_dense;
+    VrexNormalMatrix m_normal;
+    Eigen::SimplicialLDLT<Eigen::SparseMatrix<double>> m_factor;
+    bool m_isAnalysed = false; ///< The order of m_factor is that for the latest pattern.
+};

@@ -1,0 +1,110 @@
+#include "solver/numerics/VrexLeastSquares.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "solver/numerics/VrexDampedStep.h"
+#include "solver/system/VrexSolverSystem.h"
+
+namespace {
+
+constexpr double FIRST_DAMPING = 1e-4;
+constexpr double LEAST_DAMPING = 1e-14;
+constexpr double GREATEST_DAMPING = 1e12;
+/// A step that gains less than this part is the last: the minimum is reached, be it zero or not.
+constexpr double LEAST_GAIN = 1e-9;
+
+double largest(const Eigen::VectorXd& values) {
+    return values.size() == 0 ? 0.0 : values.cwiseAbs().maxCoeff();
+}
+
+/// The damping factor between the steps: less where the linear model holds, ever more where it does not.
+class Damping {
+public:
+    double value() const { return m_value; }
+    bool isExhausted() const { return m_value > GREATEST_DAMPING; }
+    void accept(double gainRatio) {
+        const double x = 2.0 * gainRatio - 1.0;
+        m_value = std::max(LEAST_DAMPING, m_value * std::max(1.0 / 10.0, 1.0 - x * x * x));
+        m_growth = 2.0;
+    }
+    void refuse() {
+        m_value *= m_growth;
+        m_growth *= 2.0;
+    }
+
+private:
+    double m_value = FIRST_DAMPING;
+    double m_growth = 2.0;
+};
+
+/// Takes the step under the present damping; back where it was and false where it does not gain.
+bool tryStep(VrexSolverSystem& system, VrexDampedStep& linear, Damping& damping, double cost,
+             bool withWishes) {
+    const Eigen::VectorXd step = linear.solve(damping.value());
+    const double predicted = linear.predictedGain(step, damping.value());
+    if (!step.allFinite() || !(predicted > 0.0)) {
+        return false;
+    }
+    system.move(step);
+    system.evaluate(false, withWishes);
+    const double gain = cost - 0.5 * system.values().squaredNorm();
+    if (gain > 0.0) { // false also for NaN
+        damping.accept(gain / predicted);
+        return true;
+    }
+    system.restore();
+    return false;
+}
+
+/// Tries steps under rising damping until one gains; false where none does.
+bool advance(VrexSolverSystem& system, VrexDampedStep& linear, Damping& damping, bool withWishes) {
+    const double cost = 0.5 * system.values().squaredNorm();
+    system.save();
+    while (!damping.isExhausted()) {
+        if (tryStep(system, linear, damping, cost, withWishes)) {
+            return true;
+        }
+        damping.refuse();
+    }
+    system.evaluate(false, withWishes);
+    return false;
+}
+
+} // namespace
+
+VrexLeastSquares::VrexLeastSquares(double tolerance, int maxIterations, KeepGoing keepGoing)
+    : m_tolerance(tolerance), m_maxIterations(maxIterations), m_keepGoing(std::move(keepGoing)) {}
+
+VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool withWishes) const {
+    VrexLeastSquaresResult result;
+    VrexDampedStep linear;
+    Damping damping;
+    system.evaluate(false, withWishes);
+    result.largestResidual = largest(system.values());
+    // Once started the last digits cost one or two steps more, since the convergence is quadratic.
+    const double target = 1e-3 * m_tolerance;
+    double wanted = m_tolerance;
+    const int mostIterations = system.unknownCount() > 0 ? m_maxIterations : 0; // else nothing can move
+    while (!(result.largestResidual <= wanted) && result.iterations < mostIterations) {
+        if (m_keepGoing && !m_keepGoing(result.iterations, result.largestResidual)) {
+            result.isCancelled = true;
+            break;
+        }
+        wanted = target;
+        system.evaluate(true, withWishes);
+        linear.setJacobian(system.jacobian(), system.values());
+        const double costBefore = system.values().squaredNorm();
+        const bool hasMoved = advance(system, linear, damping, withWishes);
+        const bool hasGained = system.values().squaredNorm() < (1.0 - LEAST_GAIN) * costBefore;
+        ++result.iterations;
+        const double before = result.largestResidual;
+        result.largestResidual = largest(system.values());
+        if (!hasMoved || !hasGained || (before <= m_tolerance && result.largestResidual > 0.5 * before)) {
+            break;
+        }
+    }
+    result.isConverged = result.largestResidual <= m_tolerance;
+    return result;
+}

@@ -15,6 +15,7 @@
 #include "data/graph/VrexConnectedComponent.h"
 #include "solver/VrexConflictSearch.h"
 #include "solver/VrexPoseSearch.h"
+#include "solver/VrexWishSearch.h"
 #include "solver/model/VrexSolverBuilder.h"
 #include "solver/model/VrexSolverFaults.h"
 #include "solver/model/VrexSolverModel.h"
@@ -65,6 +66,9 @@ public:
 private:
     void work() {
         m_report.refusal = nsSolverFaults::find(m_geometries, m_constraints);
+        if (m_report.refusal.empty() && m_drag != nullptr) {
+            m_report.refusal = nsSolverFaults::find(*m_drag, m_model);
+        }
         if (!m_report.refusal.empty()) {
             return;
         }
@@ -95,13 +99,12 @@ private:
         if (m_drag != nullptr) {
             nsDragWishes::add(m_builder, *m_drag);
         }
-        if (m_model.system().hasWishes()) {
-            const VrexLeastSquares method(m_options.tolerance, m_options.maxIterations, m_keepGoing);
-            m_report.iterations = method.solve(m_model.system(), true).iterations;
-        }
+        VrexWishSearch wishes(m_options, m_keepGoing, m_builder);
+        m_report.iterations = wishes.run();
         VrexPoseSearch search(m_options, m_keepGoing, m_builder);
-        const VrexLeastSquaresResult result = search.run();
+        VrexLeastSquaresResult result = search.run();
         m_report.iterations += result.iterations;
+        wishes.settle(result);
         m_report.largestResidual = result.largestResidual;
         m_report.isConverged = result.isConverged;
         m_report.isCancelled = result.isCancelled;

@@ -15,8 +15,6 @@ using Members = VrexConflictSearch::Members;
 constexpr double LEAST_PART = 1e-3;
 /// Among more constraints the search would take too long.
 constexpr std::size_t MOST_SUSPECTS = 200;
-/// How many iterations times unknowns it may take: some seconds.
-constexpr double MOST_WORK = 2e6;
 /// More conflicts than anybody reads.
 constexpr std::size_t MOST_CONFLICTS = 20;
 
@@ -34,8 +32,8 @@ Members ordered(Members members) {
 
 } // namespace
 
-VrexConflictSearch::VrexConflictSearch(VrexPoseSearch& search, VrexSolverSystem& system)
-    : m_search(search), m_system(system), m_held(ordered(system.rowConstraints())) {}
+VrexConflictSearch::VrexConflictSearch(VrexPoseSearch& search, VrexSolverSystem& system, double mostWork)
+    : m_search(search), m_system(system), m_mostWork(mostWork), m_held(ordered(system.rowConstraints())) {}
 
 std::vector<Members> VrexConflictSearch::run() {
     std::vector<Members> conflicts;
@@ -72,7 +70,7 @@ bool VrexConflictSearch::search(const Members& members) {
     return result.isConverged;
 }
 
-bool VrexConflictSearch::isStopped() const { return m_isCancelled || m_work > MOST_WORK; }
+bool VrexConflictSearch::isStopped() const { return m_isCancelled || m_work > m_mostWork; }
 
 /// Among the constraints that the last search left furthest from holding, else among all.
 Members VrexConflictSearch::next() {

@@ -12,7 +12,10 @@ public:
     /// Places of constraints, in rising order.
     using Members = std::vector<std::size_t>;
 
-    VrexConflictSearch(VrexPoseSearch& search, VrexSolverSystem& system);
+    /// How many iterations times unknowns it may take: some seconds.
+    static constexpr double MOST_WORK = 2e6;
+
+    VrexConflictSearch(VrexPoseSearch& search, VrexSolverSystem& system, double mostWork = MOST_WORK);
 
     /// Finds conflict after conflict. The members of each cannot hold together, but can as soon as any one is
     /// left out. The last member of each is left out of the system then, until the search solves what remains
@@ -33,6 +36,7 @@ private:
 
     VrexPoseSearch& m_search;
     VrexSolverSystem& m_system;
+    double m_mostWork;
     Members m_held;
     double m_work = 0.0;
     bool m_isCancelled = false;

@@ -11,18 +11,16 @@ namespace {
 
 /// Contacts that move that often go from side to side for ever.
 constexpr int MOST_CONTACT_MOVES = 20;
-/// How many iterations times unknowns may go before another start: some seconds. What went on for so long was
-/// on its way, and a start close by only sends many bodies back.
-constexpr double MOST_WORK = 5e6;
 
 } // namespace
 
 VrexPoseSearch::VrexPoseSearch(const VrexSolverOptions& options, VrexLeastSquares::KeepGoing keepGoing,
-                               const VrexSolverBuilder& builder)
+                               const VrexSolverBuilder& builder, double mostWork)
     : m_builder(builder),
       m_system(builder.model().system()),
       m_method(options.tolerance, options.maxIterations, std::move(keepGoing)),
       m_retries(options.retries),
+      m_mostWork(mostWork),
       m_start(m_system.bodies()) {}
 
 VrexLeastSquaresResult VrexPoseSearch::run() {
@@ -40,7 +38,7 @@ VrexLeastSquaresResult VrexPoseSearch::run() {
 bool VrexPoseSearch::isWorthAnother() const {
     const double work =
         static_cast<double>(m_result.iterations) * static_cast<double>(m_system.unknownCount());
-    return !m_result.isConverged && !m_result.isCancelled && work < MOST_WORK;
+    return !m_result.isConverged && !m_result.isCancelled && work < m_mostWork;
 }
 
 /// Contacts that moved open a search from where the bodies are now.

@@ -24,7 +24,7 @@ struct VrexSolverComponentReport {
     bool isCancelled = false;
     int iterations = 0;
     double largestResidual = 0.0;
-    /// Degrees of freedom that are left, motions of the whole in space included.
+    /// Degrees of freedom that are left, those of the whole and off a limit included.
     std::size_t freedom = 0;
     /// Entities in the order of the component, those that others carry included.
     std::vector<VrexSolverFreedom> freedoms;

@@ -33,6 +33,7 @@ public:
     }
 
     VrexSolverSystem& system() { return m_model.system(); }
+    const VrexSolverBuilder& builder() const { return m_builder; }
     /// Of the builder, one behind the other; empty where it took all.
     const std::string& refusals() const { return m_refusals; }
 

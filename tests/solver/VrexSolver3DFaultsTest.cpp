@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "data/3d/VrexTransform3D.h"
 #include "data/VrexEnumTable.h"
 #include "data/VrexVariableDescriptor.h"
 #include "data/constraint/3d/VrexDirectionDistance3D.h"
@@ -36,10 +37,12 @@ struct Sound : PlantedSystem {
 
 /// Solves the system between two sound ones, and expects that these are solved and that it is refused for a
 /// reason that names the object and tells this.
-void expectRefused(const Mechanism& system, const VrexBaseObject& culprit, const std::string& reason) {
+void expectRefused(const Mechanism& system, const VrexBaseObject& culprit, const std::string& reason,
+                   const VrexTransform3D* drag = nullptr) {
     const Sound before;
     const Sound behind;
-    const auto report = VrexSolver3D().solve({before.component(), system.component(), behind.component()});
+    const auto report =
+        VrexSolver3D().solve({before.component(), system.component(), behind.component()}, drag);
     ASSERT_EQ(report.components.size(), 3U);
     EXPECT_TRUE(report.components[0].isConverged);
     EXPECT_FALSE(report.components[1].isConverged);
@@ -239,6 +242,69 @@ TEST(VrexSolver3DFaults, WhatIsNotSupportedIsNamedAndTheRestIsSolved) {
     EXPECT_EQ(normal->status(), VrexConstraintStatus::NotSolved);
     EXPECT_EQ(normal->satisfiedStatus(), VrexConstraintSatisfiedStatus::Unknown);
     EXPECT_EQ(system.constraints[0]->satisfiedStatus(), VrexConstraintSatisfiedStatus::Satisfied);
+}
+
+/// A drag to where no number leads; yields what it takes there.
+struct DragFault {
+    const char* name;
+    const char* reason;
+    Object (*plant)(Sound& system, VrexTransform3D& drag);
+};
+
+Object dragFarOff(Sound& s, VrexTransform3D& drag, std::uint64_t row, std::uint64_t column, double number) {
+    VrexTransformMatrix3D matrix;
+    matrix[row][column] = number;
+    EXPECT_TRUE(drag.applyTransformation(s.points[1], matrix));
+    return s.points[1];
+}
+
+const DragFault DRAG_FAULTS[] = {
+    {"a translation that is no number", " is dragged to a number that is not finite.",
+     [](Sound& s, VrexTransform3D& drag) { return dragFarOff(s, drag, 1, 3, NO_NUMBER); }},
+    {"an infinite translation", " is dragged to a number that is not finite.",
+     [](Sound& s, VrexTransform3D& drag) { return dragFarOff(s, drag, 2, 3, -INFINITE); }},
+    {"a rotation that is no number", " is dragged to a number that is not finite.",
+     [](Sound& s, VrexTransform3D& drag) { return dragFarOff(s, drag, 0, 2, NO_NUMBER); }},
+    {"a translation too far", " is dragged to a number beyond 1e100.",
+     [](Sound& s, VrexTransform3D& drag) { return dragFarOff(s, drag, 0, 3, -1e160); }},
+    {"a size that is no number", " is dragged to a number that is not finite.",
+     [](Sound& s, VrexTransform3D& drag) -> Object {
+         const auto cylinder = s.add(VrexCylinder3D::create({0, 0, 0}, {1, 0, 0}, 1.0));
+         EXPECT_TRUE(drag.applyTransformParameters(cylinder, VrexDragParameter3DType::Radius3D, NO_NUMBER));
+         return cylinder;
+     }},
+    {"a variable to infinity", " is dragged to a number that is not finite.",
+     [](Sound& s, VrexTransform3D& drag) -> Object {
+         const auto variable = s.variable(1.0);
+         EXPECT_TRUE(drag.applyVariableTransform(variable, INFINITE));
+         return variable;
+     }},
+};
+
+TEST(VrexSolver3DFaults, DragsToWhereNoNumberLeadsRefuseTheirComponentAlone) {
+    for (const DragFault& fault : DRAG_FAULTS) {
+        SCOPED_TRACE(fault.name);
+        Sound system;
+        VrexTransform3D drag;
+        const Object culprit = fault.plant(system, drag);
+        expectRefused(system, *culprit, fault.reason, &drag);
+        EXPECT_EQ(system.points[1]->getPosition().x(), 1.0); // as it stood
+    }
+}
+
+TEST(VrexSolver3DFaults, DragsOfLiveObjectsToWhereNoNumberLeadsAreNamed) {
+    for (const DragFault& fault : DRAG_FAULTS) {
+        SCOPED_TRACE(fault.name);
+        Sound system;
+        VrexTransform3D drag;
+        const Object culprit = fault.plant(system, drag);
+        const auto report = VrexSolver3D().solve(system.geometries, system.constraints, &drag);
+        const auto isRefused = [&](const VrexSolverComponentReport& component) {
+            return component.refusal.ends_with(std::to_string(culprit->getID()) + fault.reason);
+        };
+        EXPECT_EQ(std::count_if(report.components.begin(), report.components.end(), isRefused), 1);
+        EXPECT_EQ(system.points[1]->getPosition().z(), 0.0);
+    }
 }
 
 TEST(VrexSolver3DFaults, ToleranceHasToBePositiveAndFinite) {

@@ -28,8 +28,8 @@ TEST(VrexSolver3DLimits, CrankStopsAtTheLimitsOfItsHinge) {
         FourBar linkage(0.8);
         linkage.input->getAngle().limits = {-0.25, 0.4};
         const VrexTransform3D drag = turned(linkage, wanted);
-        const auto report = VrexSolver3D().solve({linkage.component()}, &drag);
-        ASSERT_TRUE(report.isConverged());
+        const auto report = VrexSolver3D().solve({linkage.component()}, &drag).components.at(0);
+        ASSERT_TRUE(report.isConverged);
         const double angle = wanted < 0.0 ? -0.25 : 0.4;
         EXPECT_NEAR(linkage.input->getAngle().value, angle, TOLERANCE) << wanted;
         EXPECT_NEAR(linkage.output->getAngle().value,
@@ -45,6 +45,34 @@ TEST(VrexSolver3DLimits, CrankMovesFreelyWithinTheLimits) {
     ASSERT_TRUE(report.isConverged);
     EXPECT_NEAR(linkage.input->getAngle().value, 0.2, 0.02);
     EXPECT_EQ(report.freedom, 1U); // limits that are kept bind nothing
+}
+
+/// Freedom on one side is freedom: a joint that rests on its limit can leave it.
+TEST(VrexSolver3DLimits, WhatRestsOnALimitIsAsFreeAsAnywhereElse) {
+    const FourBar unlimited(0.8);
+    const auto elsewhere = VrexSolver3D().solve({unlimited.component()}).components.at(0);
+    ASSERT_EQ(elsewhere.freedom, 1U);
+    for (const double wanted : {-1.0, -0.3, 0.6, 1.5}) {
+        FourBar linkage(0.8);
+        linkage.input->getAngle().limits = {-0.25, 0.4};
+        const VrexTransform3D drag = turned(linkage, wanted);
+        for (const VrexTransform3D* const asked : {&drag, static_cast<const VrexTransform3D*>(nullptr)}) {
+            const auto report = VrexSolver3D().solve({linkage.component()}, asked).components.at(0);
+            EXPECT_EQ(report.freedom, elsewhere.freedom) << wanted;
+            EXPECT_EQ(report.overConstrained, elsewhere.overConstrained) << wanted;
+            EXPECT_EQ(linkage.crank->status(), unlimited.crank->status()) << wanted;
+            EXPECT_EQ(linkage.input->status(), unlimited.input->status()) << wanted;
+        }
+    }
+}
+
+TEST(VrexSolver3DLimits, LimitsThatLeaveNoRoomHoldTheJoint) {
+    FourBar linkage(0.8);
+    linkage.input->getAngle().limits = {0.25, 0.25};
+    const auto report = VrexSolver3D().solve({linkage.component()}).components.at(0);
+    ASSERT_TRUE(report.isConverged);
+    EXPECT_NEAR(linkage.input->getAngle().value, 0.25, TOLERANCE);
+    EXPECT_EQ(report.freedom, 0U);
 }
 
 TEST(VrexSolver3DLimits, LimitsOfALaterJointHoldTheWholeLinkage) {
@@ -87,7 +115,9 @@ TEST(VrexSolver3DLimits, InequalitiesHoldWhatIsDragged) {
         const Bowl bowl(condition);
         VrexTransform3D drag;
         ASSERT_TRUE(drag.applyTranslation(bowl.p, {1.5, -0.6, 0.8}));
-        ASSERT_TRUE(VrexSolver3D().solve({bowl.component()}, &drag).isConverged());
+        const auto report = VrexSolver3D().solve({bowl.component()}, &drag).components.at(0);
+        ASSERT_TRUE(report.isConverged);
+        EXPECT_EQ(report.freedom, 2U); // it can roll back
         EXPECT_NEAR(bowl.p->getPosition().magnitude(), 1.0, TOLERANCE);
         EXPECT_NEAR(bowl.p->getPosition().x(), 0.6, 1e-8);
         EXPECT_LE(bowl.p->getPosition().x(), 0.6 + TOLERANCE);

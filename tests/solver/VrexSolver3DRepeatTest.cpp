@@ -1,3 +1,4 @@
+#include <cmath>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -5,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "data/3d/VrexTransform3D.h"
+#include "data/VrexTransformMatrix3D.h"
+#include "data/constraint/equation/VrexExpressionEquation.h"
 #include "solver/ComponentBytes.h"
 #include "solver/FourBar.h"
 #include "solver/JacobianChecks.h"
@@ -72,6 +76,61 @@ TEST(VrexSolver3DRepeat, SolvingSolvedLiveObjectsChangesNothing) {
         ASSERT_TRUE(VrexSolver3D().solve(system.geometries, system.constraints).isConverged());
         EXPECT_TRUE(bytesOf(system.component()) == solved);
     }
+}
+
+/// A point on a sphere about the origin that an equation pulls further than it gets.
+struct Leash : PlantedSystem {
+    Leash() : p(point(0.1, 0.6, -0.7)) {
+        distance(fixed(point(0, 0, 0)), p, 1.0);
+        bind(VrexExpressionEquation::create({{p, VrexPoint3D::X, "x"}, {p, VrexPoint3D::Y, "y"}},
+                                            VrexEquationConditionType::dragTowardsZero, "x + 2 * y - 7"));
+    }
+    Point p;
+};
+
+TEST(VrexSolver3DRepeat, WishThatCannotBeMetMovesNothingTheSecondTime) {
+    const Leash leash;
+    const auto component = leash.component();
+    ASSERT_TRUE(VrexSolver3D().solve({component}).isConverged());
+    // Where x + 2 y is largest, but for what the pull against the distance costs.
+    EXPECT_NEAR(leash.p->getPosition().x(), 1.0 / std::sqrt(5.0), 1e-3);
+    EXPECT_NEAR(leash.p->getPosition().y(), 2.0 / std::sqrt(5.0), 1e-3);
+    const std::string solved = bytesOf(component);
+    for (int again = 0; again < 3; ++again) {
+        ASSERT_TRUE(VrexSolver3D().solve({component}).isConverged());
+        EXPECT_TRUE(bytesOf(component) == solved) << again;
+    }
+}
+
+TEST(VrexSolver3DRepeat, DragAgainstALimitMovesNothingTheSecondTime) {
+    FourBar linkage(0.8);
+    linkage.input->getAngle().limits = {-0.25, 0.4};
+    VrexTransform3D drag;
+    const auto turn = VrexQuaternionT<double>::makeFromAngleAndAxis(1.0, {0.0, 0.0, 1.0}, 1e-12);
+    ASSERT_TRUE(drag.applyTransformation(linkage.crank, VrexTransformMatrix3D::makeFromQuaternion(turn)));
+    const auto component = linkage.component();
+    ASSERT_TRUE(VrexSolver3D().solve({component}, &drag).isConverged());
+    const std::string solved = bytesOf(component);
+    for (int again = 0; again < 3; ++again) {
+        ASSERT_TRUE(VrexSolver3D().solve({component}, &drag).isConverged());
+        EXPECT_TRUE(bytesOf(component) == solved) << again;
+    }
+}
+
+TEST(VrexSolver3DRepeat, WishDoesNotCostASolution) {
+    FourBar linkage(0.8);
+    const auto component = linkage.component();
+    ASSERT_TRUE(VrexSolver3D().solve({component}).isConverged());
+    const std::string solved = bytesOf(component);
+    VrexTransform3D drag;
+    ASSERT_TRUE(drag.applyTranslation(linkage.coupler, {1.5, -2.5, 0.0}));
+    VrexSolverOptions options;
+    options.maxIterations = 1; // too few to come back to the constraints
+    options.retries = 0;
+    const auto report = VrexSolver3D(options).solve({component}, &drag).components.at(0);
+    EXPECT_TRUE(report.isConverged);
+    EXPECT_LE(report.largestResidual, options.tolerance);
+    EXPECT_TRUE(bytesOf(component) == solved);
 }
 
 TEST(VrexSolver3DRepeat, PoseIsKeptWhereThereIsNoSolution) {

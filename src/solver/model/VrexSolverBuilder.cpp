@@ -12,6 +12,8 @@
 
 namespace {
 
+using Kind = VrexSolverResidual::Kind;
+
 /// Beside the constraints, which count 1.
 constexpr double WISH_WEIGHT = 1e-2;
 
@@ -46,11 +48,15 @@ VrexSolverBuilder::Help VrexSolverBuilder::addHelp(const std::array<bool, 2>& is
 }
 
 void VrexSolverBuilder::add(std::size_t rows, Rows evaluate) {
-    m_model.system().addResidual({m_place, rows, false, false, std::move(evaluate)});
+    m_model.system().addResidual({m_place, rows, Kind::EQUALITY, std::move(evaluate)});
 }
 
 void VrexSolverBuilder::addWithSpares(std::size_t rows, Rows evaluate) {
-    m_model.system().addResidual({m_place, rows, false, true, std::move(evaluate)});
+    m_model.system().addResidual({m_place, rows, Kind::WITH_SPARES, std::move(evaluate)});
+}
+
+void VrexSolverBuilder::addOneSided(Rows evaluate) {
+    m_model.system().addResidual({m_place, 1, Kind::ONE_SIDED, std::move(evaluate)});
 }
 
 void VrexSolverBuilder::addWish(std::size_t rows, Rows evaluate) {
@@ -58,7 +64,7 @@ void VrexSolverBuilder::addWish(std::size_t rows, Rows evaluate) {
         evaluate(values);
         std::for_each(values, values + rows, [](VrexVariable& value) { value = value * WISH_WEIGHT; });
     };
-    m_model.system().addResidual({m_place, rows, true, false, weighed});
+    m_model.system().addResidual({m_place, rows, Kind::WISH, weighed});
 }
 
 void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measure& measure, double unit) {
@@ -66,14 +72,19 @@ void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measu
         return;
     }
     requireSound(limits);
-    add(1, [limits, measure, unit](VrexVariable* row) {
+    const Rows excess = [limits, measure, unit](VrexVariable* row) {
         const VrexVariable value = measure();
         if (limits.first.has_value() && value < *limits.first) {
             row[0] = (value - *limits.first) / unit;
         } else if (limits.second.has_value() && value > *limits.second) {
             row[0] = (value - *limits.second) / unit;
         }
-    });
+    };
+    if (limits.first == limits.second) { // nothing can move between them
+        add(1, excess);
+    } else {
+        addOneSided(excess);
+    }
 }
 
 void VrexSolverBuilder::blame(const char* reason) const {

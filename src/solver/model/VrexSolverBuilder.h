@@ -52,6 +52,8 @@ public:
     void add(std::size_t rows, Rows evaluate);
     /// Rows of which some may say what others of them do: that makes no constraint overdefined.
     void addWithSpares(std::size_t rows, Rows evaluate);
+    /// A row that is zero on one side, where nothing is held.
+    void addOneSided(Rows evaluate);
     /// What pulls, but need not be reached.
     void addWish(std::size_t rows, Rows evaluate);
     /// Keeps `measure` between the limits, of which either may be missing. `unit` is what one row is of it:

@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <memory>
 #include <optional>
+#include <span>
 
+#include "data/3d/VrexTransform3D.h"
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
 #include "data/geometry/3d/VrexConnector3D.h"
@@ -70,6 +74,30 @@ std::string faultOf(const VrexBaseConstraint& constraint) {
     return hasNull(constraint.getGeometries()) ? " binds an entity that is missing." : "";
 }
 
+/// Of an entity that is dragged by these numbers, if it is one of the model.
+std::string faultOf(const std::shared_ptr<VrexBaseGeometry>& dragged, std::span<const double> numbers,
+                    const VrexSolverModel& model) {
+    if (dragged == nullptr || model.shape(*dragged) == nullptr) {
+        return {};
+    }
+    if (!std::ranges::all_of(numbers, [](double number) { return std::isfinite(number); })) {
+        return nsSolverNames::nameOf(*dragged).append(" is dragged to a number that is not finite.");
+    }
+    const bool isBeyond = std::ranges::any_of(
+        numbers, [](double number) { return std::abs(number) > nsSolverFaults::LARGEST_NUMBER; });
+    return isBeyond ? nsSolverNames::nameOf(*dragged).append(" is dragged to a number beyond 1e100.") : "";
+}
+
+std::string faultOf(const VrexDragTransform3D& transform, const VrexSolverModel& model) {
+    for (std::uint64_t row = 0; row < 3; ++row) { // the last one holds no motion
+        std::string fault = faultOf(transform.geometry, transform.matrix[row], model);
+        if (!fault.empty()) {
+            return fault;
+        }
+    }
+    return {};
+}
+
 template <class Objects>
 std::string findAmong(const Objects& objects) {
     for (const auto& object : objects) {
@@ -87,4 +115,18 @@ std::string nsSolverFaults::find(const VrexSolverModel::Geometries& geometries,
                                  const VrexSolverModel::Constraints& constraints) {
     const std::string fault = findAmong(geometries);
     return fault.empty() ? findAmong(constraints) : fault;
+}
+
+std::string nsSolverFaults::find(const VrexTransform3D& drag, const VrexSolverModel& model) {
+    std::string fault;
+    for (const VrexDragTransform3D& transform : drag.transformations()) {
+        fault = fault.empty() ? faultOf(transform, model) : fault;
+    }
+    for (const VrexDragParameter3D& parameter : drag.transformParameters()) {
+        fault = fault.empty() ? faultOf(parameter.geometry, {&parameter.value, 1}, model) : fault;
+    }
+    for (const VrexDragVariable& variable : drag.variableTransformations()) {
+        fault = fault.empty() ? faultOf(variable.variable, {&variable.value, 1}, model) : fault;
+    }
+    return fault;
 }

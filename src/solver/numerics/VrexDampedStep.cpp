@@ -24,8 +24,11 @@ void VrexDampedStep::raiseScale() {
     if (m_scale.size() != m_jacobian->cols()) {
         m_scale.setConstant(m_jacobian->cols(), smallest);
     }
-    for (Eigen::Index column = 0; column < m_jacobian->cols(); ++column) {
-        m_scale[column] = std::max(m_scale[column], m_jacobian->col(column).norm());
+    Eigen::Index first = 0;
+    for (const Eigen::Index count : m_groups) {
+        auto scale = m_scale.segment(first, count);
+        scale = scale.cwiseMax(m_jacobian->middleCols(first, count).norm());
+        first += count;
     }
 }
 

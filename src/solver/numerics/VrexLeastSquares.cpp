@@ -15,10 +15,6 @@ constexpr double GREATEST_DAMPING = 1e12;
 /// A step that gains less than this part is the last: the minimum is reached, be it zero or not.
 constexpr double LEAST_GAIN = 1e-9;
 
-double largest(const Eigen::VectorXd& values) {
-    return values.size() == 0 ? 0.0 : values.cwiseAbs().maxCoeff();
-}
-
 /// The damping factor between the steps: less where the linear model holds, ever more where it does not.
 class Damping {
 public:
@@ -79,10 +75,10 @@ VrexLeastSquares::VrexLeastSquares(double tolerance, int maxIterations, KeepGoin
 
 VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool withWishes) const {
     VrexLeastSquaresResult result;
-    VrexDampedStep linear;
+    VrexDampedStep linear(system.unknownGroups());
     Damping damping;
     system.evaluate(false, withWishes);
-    result.largestResidual = largest(system.values());
+    result.largestResidual = system.largestValue();
     // Once started the last digits cost one or two steps more, since the convergence is quadratic.
     const double target = 1e-3 * m_tolerance;
     double wanted = m_tolerance;
@@ -100,7 +96,7 @@ VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool wi
         const bool hasGained = system.values().squaredNorm() < (1.0 - LEAST_GAIN) * costBefore;
         ++result.iterations;
         const double before = result.largestResidual;
-        result.largestResidual = largest(system.values());
+        result.largestResidual = system.largestValue();
         if (!hasMoved || !hasGained || (before <= m_tolerance && result.largestResidual > 0.5 * before)) {
             break;
         }

@@ -63,8 +63,11 @@ std::unordered_set<Eigen::Index> nsSpareRows::clear(Eigen::SparseMatrix<double>&
     Eigen::Index row = 0;
     for (const VrexSolverResidual& residual : system.residuals()) {
         const Eigen::Index end = row + static_cast<Eigen::Index>(residual.rows);
-        if (residual.hasSpares) {
+        if (residual.kind == VrexSolverResidual::Kind::WITH_SPARES) {
             addSpares(transposed, row, end, tolerance, spares);
+        }
+        for (; residual.kind == VrexSolverResidual::Kind::ONE_SIDED && row < end; ++row) {
+            spares.insert(row);
         }
         row = end;
     }

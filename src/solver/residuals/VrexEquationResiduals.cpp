@@ -119,9 +119,12 @@ void nsEquationResiduals::add(VrexSolverBuilder& builder, VrexBaseEquation& equa
     const VrexSolverBuilder::Rows rows = [function, condition, unit](VrexVariable* row) {
         row[0] = condition(function() / unit);
     };
-    if (equation.conditionType() == VrexEquationConditionType::dragTowardsZero) {
-        builder.addWish(1, rows);
-    } else {
-        builder.add(1, rows);
+    switch (equation.conditionType()) {
+    case VrexEquationConditionType::dragTowardsZero:
+        return builder.addWish(1, rows);
+    case VrexEquationConditionType::equalToZero:
+        return builder.add(1, rows);
+    default:
+        return builder.addOneSided(rows);
     }
 }

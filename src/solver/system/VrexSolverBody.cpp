@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -32,10 +33,15 @@ void turn(std::array<VrexVector3DT<double>, 3>& axes, const VrexVector3DT<double
 } // namespace
 
 std::size_t VrexSolverMobility::count() const {
+    const auto each = counts();
+    return std::accumulate(each.begin(), each.end(), std::size_t{0});
+}
+
+std::array<std::size_t, 4> VrexSolverMobility::counts() const {
     const auto countOf = [](const auto& flags) {
         return static_cast<std::size_t>(std::count(flags.begin(), flags.end(), true));
     };
-    return countOf(translations) + countOf(rotations) + countOf(sizes);
+    return {countOf(translations), countOf(rotations), sizes[0] ? 1U : 0U, sizes[1] ? 1U : 0U};
 }
 
 void VrexSolverBody::setSize(std::size_t index, double size, bool isLength) {

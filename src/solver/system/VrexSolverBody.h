@@ -13,6 +13,8 @@ struct VrexSolverMobility {
     std::array<bool, 2> sizes{};
 
     std::size_t count() const;
+    /// How many of each kind: translations, rotations, the first size, the second.
+    std::array<std::size_t, 4> counts() const;
 };
 
 /// What moves as one: a free entity, a rigid set with all it carries, a single number. Its unknowns are small

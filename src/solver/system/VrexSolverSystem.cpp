@@ -30,25 +30,33 @@ VrexSolverBody& VrexSolverSystem::addBody(const VrexSolverBody& body) {
 void VrexSolverSystem::addResidual(VrexSolverResidual residual) {
     m_rowConstraints.insert(m_rowConstraints.end(), residual.rows, residual.constraint);
     m_rowCount += static_cast<Eigen::Index>(residual.rows);
-    m_hasWishes = m_hasWishes || residual.isSoft;
+    m_hasWishes = m_hasWishes || residual.kind == VrexSolverResidual::Kind::WISH;
     m_residuals.push_back(std::move(residual));
 }
 
 void VrexSolverSystem::numberUnknowns(double length) {
     m_space.setLength(length);
-    std::size_t unknown = 0;
+    m_unknownGroups.clear();
+    m_unknownCount = 0;
     for (VrexSolverBody& body : m_bodies) {
-        body.setFirstUnknown(unknown);
-        unknown += body.unknownCount();
+        number(body);
     }
-    m_unknownCount = static_cast<Eigen::Index>(unknown);
     m_firstHelp = m_unknownCount;
+}
+
+void VrexSolverSystem::number(VrexSolverBody& body) {
+    body.setFirstUnknown(static_cast<std::size_t>(m_unknownCount));
+    for (const std::size_t count : body.mobility().counts()) {
+        if (count > 0) {
+            m_unknownGroups.push_back(static_cast<Eigen::Index>(count));
+            m_unknownCount += m_unknownGroups.back();
+        }
+    }
 }
 
 VrexSolverBody& VrexSolverSystem::addHelp(const VrexSolverBody& body) {
     VrexSolverBody& help = addBody(body);
-    help.setFirstUnknown(static_cast<std::size_t>(m_unknownCount));
-    m_unknownCount += static_cast<Eigen::Index>(help.unknownCount());
+    number(help);
     return help;
 }
 
@@ -79,7 +87,9 @@ void VrexSolverSystem::holdOnly(const std::vector<std::size_t>& constraints) {
 }
 
 bool VrexSolverSystem::isInForce(const VrexSolverResidual& residual, bool withWishes) const {
-    return residual.isSoft ? withWishes : !m_held.has_value() || m_held->contains(residual.constraint);
+    return residual.kind == VrexSolverResidual::Kind::WISH
+               ? withWishes
+               : !m_held.has_value() || m_held->contains(residual.constraint);
 }
 
 void VrexSolverSystem::addRows(Eigen::Index row, const VrexSolverResidual& residual) {

@@ -36,6 +36,9 @@ public:
     bool hasWishes() const { return m_hasWishes; }
     double length() const { return m_space.length(); }
     Eigen::Index unknownCount() const { return m_unknownCount; }
+    /// How many unknowns, one after the other, are of one kind: the translations of a body, its rotations, a
+    /// size. Which axes a body counts its motions along is chance, so nothing may depend on it.
+    const std::vector<Eigen::Index>& unknownGroups() const { return m_unknownGroups; }
     /// The first unknown of those of helps, which come last.
     Eigen::Index firstHelp() const { return m_firstHelp; }
     Eigen::Index rowCount() const { return m_rowCount; }
@@ -48,6 +51,8 @@ public:
     /// The derivatives only on request. Wishes are zero rows unless they pull.
     void evaluate(bool withDerivatives, bool withWishes);
     const Eigen::VectorXd& values() const { return m_values; }
+    /// By its amount; 0 without rows.
+    double largestValue() const { return m_values.size() == 0 ? 0.0 : m_values.cwiseAbs().maxCoeff(); }
     const Eigen::SparseMatrix<double>& jacobian() const { return m_jacobian; }
 
     /// Whether a row binds nothing where the bodies stand.
@@ -59,6 +64,7 @@ public:
     void restore();
 
 private:
+    void number(VrexSolverBody& body);
     bool isInForce(const VrexSolverResidual& residual, bool withWishes) const;
     void addRows(Eigen::Index row, const VrexSolverResidual& residual);
     void addRow(Eigen::Index row, const VrexVariable& value);
@@ -69,6 +75,7 @@ private:
     std::vector<VrexSolverResidual> m_residuals;
     std::vector<std::size_t> m_rowConstraints;
     std::optional<std::unordered_set<std::size_t>> m_held; ///< The constraints; all if empty.
+    std::vector<Eigen::Index> m_unknownGroups;
     Eigen::Index m_unknownCount = 0;
     Eigen::Index m_firstHelp = 0;
     Eigen::Index m_rowCount = 0;

@@ -26,6 +26,7 @@
 #include "data/constraint/3d/VrexSymmetry3D.h"
 #include "data/constraint/3d/VrexVariableFixation3D.h"
 #include "data/geometry/3d/VrexCylinder3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurve3D.h"
 #include "data/geometry/3d/VrexLine3D.h"
 #include "solver/SolverRuns.h"
 
@@ -89,6 +90,24 @@ TEST(VrexSolverResiduals, KindsThatAreNotSupportedSaySo) {
     EXPECT_EQ(report.remarks[0].kind, "SurfaceNormal3D");
     EXPECT_EQ(report.remarks[0].reason, "This kind of constraint is not supported.");
     EXPECT_EQ(normal->status(), VrexConstraintStatus::NotSolved);
+}
+
+/// These constraints let themselves be created over evaluated shapes.
+TEST(VrexSolverResiduals, DirectionsOfEvaluatedShapesAreNotSupported) {
+    const auto line = VrexLine3D::create({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0});
+    const auto curve =
+        VrexEvaluatedCurve3D::create({1.0, 2.0, 3.0}, VrexQuaternionT<double>::ONE(), {}, "t", "t * t", "0");
+    ASSERT_TRUE(VrexAngle3D::canCreate(line->type(), curve->type()));
+    ASSERT_TRUE(VrexParallelism3D::canCreate(line->type(), curve->type()));
+    ASSERT_TRUE(VrexPerpendicularity3D::canCreate(line->type(), curve->type()));
+    const std::vector<Constraint> constraints{VrexAngle3D::create(line, curve, 1.0),
+                                              VrexParallelism3D::create(line, curve),
+                                              VrexPerpendicularity3D::create(line, curve)};
+    for (const Constraint& constraint : constraints) {
+        const auto report = solveOne({line, curve}, {constraint});
+        EXPECT_EQ(reasonOf(report), "What this constraint compares has no direction.");
+        EXPECT_EQ(constraint->status(), VrexConstraintStatus::NotSolved);
+    }
 }
 
 } // namespace

@@ -91,6 +91,17 @@ void VrexUrdfElement::reportRest(const VrexUrdfWords& words) const {
     for (const VrexUrdfElement& child : children()) {
         reportChild(child, words);
     }
+    if (holdsText()) {
+        warn(ownName(), title() + ": " + tagged(tag()) + " holds text, which is left out.");
+    }
+}
+
+bool VrexUrdfElement::holdsText() const {
+    const tinyxml2::XMLNode* node = m_element->FirstChild();
+    while (node != nullptr && (node->ToText() == nullptr || wordsOf(node->Value()).empty())) {
+        node = node->NextSibling();
+    }
+    return node != nullptr;
 }
 
 void VrexUrdfElement::reportAttribute(const tinyxml2::XMLAttribute& attribute,
@@ -120,10 +131,17 @@ void VrexUrdfElement::reportChild(const VrexUrdfElement& child, const VrexUrdfWo
         }
     } else if (isAmong(tag, words.other)) {
         child.note(child.ownName(), what + " has no counterpart.");
+    } else if (child.isMacro()) {
+        child.doubt(std::string(tag),
+                    title() + ": " + tagged(child.m_element->Name()) +
+                        " is a macro, which xacro has to expand first.",
+                    "It is left out.");
     } else {
         child.doubt(std::string(tag), what + " is not known.", "It is left out.");
     }
 }
+
+bool VrexUrdfElement::isMacro() const { return std::string_view(m_element->Name()).starts_with("xacro:"); }
 
 std::vector<VrexUrdfElement> VrexUrdfElement::children() const {
     std::vector<VrexUrdfElement> result;

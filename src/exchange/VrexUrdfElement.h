@@ -37,7 +37,7 @@ public:
     /// Tag and name of this element, or of the closest around it that has a name.
     std::string title() const;
 
-    /// Names every tag and attribute that is not read.
+    /// Names every tag and attribute that is not read, and tells of text.
     void reportRest(const VrexUrdfWords& words) const;
 
     std::vector<VrexUrdfElement> children() const;
@@ -64,6 +64,9 @@ public:
 private:
     void reportChild(const VrexUrdfElement& child, const VrexUrdfWords& words) const;
     void reportAttribute(const tinyxml2::XMLAttribute& attribute, const VrexUrdfWords& words) const;
+    bool holdsText() const;
+    /// Whether it is for the macro processor that descriptions are often written for.
+    bool isMacro() const;
     std::string ownName() const;
 
     const tinyxml2::XMLElement* m_element;

@@ -10,6 +10,7 @@
 #include "exchange/VrexUrdfFindings.h"
 #include "exchange/VrexUrdfFrames.h"
 #include "exchange/VrexUrdfJointKinds.h"
+#include "exchange/VrexXmlCharacters.h"
 #include "tolvbase/TolvUtf8.h"
 
 namespace {
@@ -27,10 +28,25 @@ constexpr VrexUrdfWords GEOMETRY{.often = "sphere cylinder box", .other = "mesh"
 constexpr VrexUrdfWords SPHERE{.attributes = "radius"};
 constexpr VrexUrdfWords CYLINDER{.attributes = "radius", .otherAttributes = "length"};
 constexpr VrexUrdfWords BOX{.attributes = "size"};
-constexpr VrexUrdfWords JOINT{.once = "parent child origin axis limit mimic screw_thread_pitch",
+/// By what the type of the joint has use for.
+constexpr VrexUrdfWords SCREW{.once = "parent child origin axis limit mimic screw_thread_pitch",
                               .other = "dynamics safety_controller calibration",
                               .attributes = "name type",
                               .otherAttributes = "independent"};
+constexpr VrexUrdfWords JOINT{.once = "parent child origin axis limit mimic",
+                              .other = "screw_thread_pitch dynamics safety_controller calibration",
+                              .attributes = "name type",
+                              .otherAttributes = "independent"};
+constexpr VrexUrdfWords JOINT_WITHOUT_AXIS{
+    .once = "parent child origin limit mimic",
+    .other = "axis screw_thread_pitch dynamics safety_controller calibration",
+    .attributes = "name type",
+    .otherAttributes = "independent"};
+constexpr VrexUrdfWords JOINT_WITHOUT_COUNTERPART{
+    .once = "parent child origin",
+    .other = "axis limit mimic screw_thread_pitch dynamics safety_controller calibration",
+    .attributes = "name type",
+    .otherAttributes = "independent"};
 constexpr VrexUrdfWords ORIGIN{.attributes = "xyz rpy"};
 constexpr VrexUrdfWords AXIS{.attributes = "xyz"};
 constexpr VrexUrdfWords LINK_NAME{.attributes = "link"};
@@ -38,6 +54,8 @@ constexpr VrexUrdfWords LIMIT{.attributes = "lower upper", .otherAttributes = "e
 constexpr VrexUrdfWords MIMIC{.attributes = "joint multiplier offset"};
 constexpr VrexUrdfWords VALUE{.attributes = "value"};
 constexpr VrexUrdfWords LOOP{.once = "predecessor successor axis", .attributes = "name type"};
+constexpr VrexUrdfWords LOOP_WITHOUT_AXIS{
+    .once = "predecessor successor", .other = "axis", .attributes = "name type"};
 constexpr VrexUrdfWords LOOP_END{.once = "origin", .attributes = "link"};
 constexpr VrexUrdfWords COUPLING{
     .once = "predecessor successor ratio", .attributes = "name", .otherAttributes = "type"};
@@ -188,7 +206,16 @@ std::optional<VrexUrdfFollowing> readMimic(const VrexUrdfElement& element, const
                              mimic->number("offset").value_or(0.0), name, mimic->place()};
 }
 
-bool hasAxis(Kind kind) { return kind != Kind::Fixed && kind != Kind::Floating && kind != Kind::Other; }
+bool hasAxis(Kind kind) {
+    return kind != Kind::Fixed && kind != Kind::Floating && kind != Kind::Point && kind != Kind::Other;
+}
+
+const VrexUrdfWords& wordsOf(Kind kind) {
+    if (kind == Kind::Other) {
+        return JOINT_WITHOUT_COUNTERPART;
+    }
+    return kind == Kind::Screw ? SCREW : hasAxis(kind) ? JOINT : JOINT_WITHOUT_AXIS;
+}
 
 VrexUrdfJoint readJoint(const VrexUrdfElement& element) {
     VrexUrdfJoint joint;
@@ -199,12 +226,12 @@ VrexUrdfJoint readJoint(const VrexUrdfElement& element) {
     joint.parent = readLinkName(element, "parent");
     joint.child = readLinkName(element, "child");
     joint.origin = readOrigin(element);
+    element.reportRest(wordsOf(joint.kind));
     if (joint.kind == Kind::Other) {
         element.doubt(joint.name, element.title() + ": the type \"" + type + "\" has no counterpart.",
                       "Its child moves freely.");
         return joint;
     }
-    element.reportRest(JOINT);
     if (hasAxis(joint.kind)) {
         joint.axis = readAxis(element, joint.name, joint.kind == Kind::Ball ? Vector::OZ() : Vector::OX());
     }
@@ -229,16 +256,18 @@ VrexUrdfLoop readLoop(const VrexUrdfElement& element) {
     VrexUrdfLoop loop;
     loop.name = element.requiredText("name");
     loop.place = element.place();
-    element.reportRest(LOOP);
     const std::string type = element.requiredText("type");
     loop.kind = nsUrdfJointKinds::ofLoop(type);
+    element.reportRest(hasAxis(loop.kind) ? LOOP : LOOP_WITHOUT_AXIS);
     if (loop.kind == Kind::Other) {
         element.doubt(loop.name, element.title() + ": the type \"" + type + "\" has no counterpart.",
                       "The loop stays open.");
     }
     loop.predecessor = readLoopEnd(element, "predecessor");
     loop.successor = readLoopEnd(element, "successor");
-    loop.axis = readAxis(element, loop.name, Vector::OX());
+    if (hasAxis(loop.kind)) {
+        loop.axis = readAxis(element, loop.name, Vector::OX());
+    }
     return loop;
 }
 
@@ -277,21 +306,43 @@ std::string wordsOf(std::string_view error) {
     return words;
 }
 
+/// What the XML reader lets stand beside the outermost element; null where there is nothing.
+const tinyxml2::XMLNode* strayOf(const tinyxml2::XMLDocument& document) {
+    const tinyxml2::XMLNode* node = document.FirstChild();
+    while (node != nullptr && node->ToText() == nullptr &&
+           (node->ToElement() == nullptr || node == document.RootElement())) {
+        node = node->NextSibling();
+    }
+    return node;
+}
+
 } // namespace
 
 VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file,
                                   VrexUrdfFindings& findings) {
+    const auto refuseAt = [&](std::size_t offset, const char* name, const char* message) {
+        const auto line = 1 + std::ranges::count(text.substr(0, offset), '\n');
+        findings.refuse({file, static_cast<int>(line)}, name, message);
+        return VrexUrdfRobot();
+    };
     const std::size_t invalid = nsTolvUtf8::findInvalid(text);
     if (invalid != std::string_view::npos) {
-        const auto line = 1 + std::ranges::count(text.substr(0, invalid), '\n');
-        findings.refuse({file, static_cast<int>(line)}, "UTF-8", "The text is not valid UTF-8.");
-        return {};
+        return refuseAt(invalid, "UTF-8", "The text is not valid UTF-8.");
+    }
+    const std::size_t forbidden = nsXmlCharacters::findForbidden(text);
+    if (forbidden != std::string_view::npos) {
+        return refuseAt(forbidden, "XML", "The text is no XML: forbidden character.");
     }
     tinyxml2::XMLDocument document;
     if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS) {
         findings.refuse(
             {file, document.ErrorLineNum()}, "XML",
             std::string("The text is no XML: ").append(wordsOf(document.ErrorName())).append("."));
+        return {};
+    }
+    if (const tinyxml2::XMLNode* const stray = strayOf(document)) {
+        findings.refuse({file, stray->GetLineNum()}, "XML",
+                        "The text is no XML: it does not consist of one element.");
         return {};
     }
     const tinyxml2::XMLElement* const root = document.RootElement();

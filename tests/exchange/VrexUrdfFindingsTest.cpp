@@ -79,7 +79,7 @@ TEST(VrexUrdfFindings, DoubtfulContentIsAnErrorOrWorkedAround) {
          {Error, 3, "wheel", "robot \"r\": <wheel> is not known."},
          "It is left out."},
         {"joint without counterpart",
-         jointOf("curvilinear", "<curves/>"),
+         jointOf("curvilinear", "<origin xyz='1 0 0'/>"),
          {Error, 3, "j", "joint \"j\": the type \"curvilinear\" has no counterpart."},
          "Its child moves freely."},
         {"loop without counterpart",
@@ -220,6 +220,108 @@ TEST(VrexUrdfFindings, WhatHasNoCounterpartIsNoted) {
                                      Told{Note, 5, "mesh", "link \"a\": <mesh> has no counterpart."},
                                      Told{Note, 6, "red", "link \"a\": <material> has no counterpart."},
                                      Told{Note, 7, "t", "robot \"r\": <transmission> has no counterpart."}));
+}
+
+TEST(VrexUrdfFindings, WhatAJointWithoutCounterpartHoldsIsToldOneByOne) {
+    const std::string text =
+        jointOf("curvilinear", "\n<limit lower='0' upper='1'/>\n<curves>\n<line/>\n"
+                               "</curves>\n<axis xyz='0 0 1'/>\n<dynamics damping='1'/>");
+    const Told notes[] = {{Note, 4, "limit", "joint \"j\": <limit> has no counterpart."},
+                          {Note, 8, "axis", "joint \"j\": <axis> has no counterpart."},
+                          {Note, 9, "dynamics", "joint \"j\": <dynamics> has no counterpart."}};
+    EXPECT_THAT(
+        toldOf(readText(text, true)),
+        testing::ElementsAre(Told{Error, 3, "j", "joint \"j\": the type \"curvilinear\" has no counterpart."},
+                             notes[0], Told{Error, 5, "curves", "joint \"j\": <curves> is not known."},
+                             notes[1], notes[2]));
+    EXPECT_THAT(toldOf(readText(text, false)),
+                testing::ElementsAre(
+                    Told{Warning, 3, "j",
+                         "joint \"j\": the type \"curvilinear\" has no counterpart. Its child moves freely."},
+                    notes[0],
+                    Told{Warning, 5, "curves", "joint \"j\": <curves> is not known. It is left out."},
+                    notes[1], notes[2]));
+}
+
+TEST(VrexUrdfFindings, WhatATypeHasNoUseForIsNoted) {
+    const struct {
+        const char* type;
+        const char* inside;
+        const char* tag;
+    } rows[] = {
+        {"fixed", "<axis xyz='0 0 1'/>", "axis"},
+        {"floating", "<axis xyz='0 0 1'/>", "axis"},
+        {"continuous", "<screw_thread_pitch value='1'/>", "screw_thread_pitch"},
+        {"fixed", "<screw_thread_pitch value='1'/>", "screw_thread_pitch"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.type);
+        const std::string message =
+            std::string("joint \"j\": <").append(row.tag).append("> has no counterpart.");
+        EXPECT_THAT(toldOf(readText(jointOf(row.type, row.inside), true)),
+                    testing::ElementsAre(Told{Note, 3, row.tag, message}));
+    }
+    const std::string loop = "<loop name='l' type='6d'><predecessor link='a'/><successor link='b'/>\n"
+                             "<axis xyz='0 0 1'/></loop>\n";
+    EXPECT_THAT(toldOf(readText(jointOf("continuous", "").insert(16 + TWO_LINKS.size() + 1, loop), true)),
+                testing::ElementsAre(Told{Note, 4, "axis", "loop \"l\": <axis> has no counterpart."}));
+}
+
+TEST(VrexUrdfFindings, TextBetweenTagsIsTold) {
+    const auto result = readText(robotOf("<link name='a'> <!-- quiet -->\n lost </link>\n"), true);
+    EXPECT_TRUE(result.system.has_value());
+    EXPECT_THAT(toldOf(result), testing::ElementsAre(Told{
+                                    Warning, 2, "a", "link \"a\": <link> holds text, which is left out."}));
+}
+
+TEST(VrexUrdfFindings, MacrosThatWereNotExpandedAreCalledSo) {
+    const auto result =
+        readText(robotOf("<link name='a'/>\n<xacro:macro name='arm'><link name='b'/></xacro:macro>\n"), true);
+    EXPECT_THAT(
+        toldOf(result),
+        testing::ElementsAre(Told{
+            Error, 3, "macro", "robot \"r\": <xacro:macro> is a macro, which xacro has to expand first."}));
+}
+
+TEST(VrexUrdfFindings, WhatALenientReadingWouldTakeIsMarked) {
+    const auto isDoubtOf = [](const std::string& text) {
+        return readText(text, true).findings.at(0).isDoubt;
+    };
+    EXPECT_TRUE(isDoubtOf(jointOf("revolute", "")));
+    EXPECT_FALSE(isDoubtOf(jointOf("screw", "")));
+    EXPECT_FALSE(readText(jointOf("revolute", ""), false).findings.at(0).isDoubt);
+}
+
+TEST(VrexUrdfFindings, CharactersThatNoXmlHoldsAreRefused) {
+    for (const char* const character : {"&#0;", "&#x0;", "&#31;", "&#xD800;", "&#xFFFE;", "&#x110000;",
+                                        "&#99999999999999999999;", "&#;", "&#x;", "&#65", "\x01", "\x1F"}) {
+        SCOPED_TRACE(character);
+        const std::string text =
+            robotOf(std::string("<link name='a'/>\n<link name='b").append(character) + "c'/>\n");
+        EXPECT_THAT(toldOf(readText(text, false)),
+                    testing::ElementsAre(Told{Error, 3, "XML", "The text is no XML: forbidden character."}));
+    }
+    std::string cut = robotOf("<link name='a'/>\n");
+    cut.push_back('\0');
+    EXPECT_FALSE(readText(cut, false).system.has_value());
+}
+
+TEST(VrexUrdfFindings, CharactersByTheirNumberAreRead) {
+    const auto robot = importText("<?note &#0;?>" +
+                                  robotOf("<!-- &#0; --><link name='a&#9;&#x7E;&#233;&#x1F980;&amp;'/>\n"));
+    EXPECT_EQ(robot.geometry<VrexRigidSet3D>("")->label(), "a\t~\u00e9\U0001F980&");
+}
+
+TEST(VrexUrdfFindings, ATextIsOneElement) {
+    const std::string robot = "<robot name='r'><link name='a'/></robot>";
+    for (const std::string& text : {"stray\n" + robot, robot + "\n" + robot, robot + "\nstray"}) {
+        SCOPED_TRACE(text);
+        const auto result = readText(text, false);
+        EXPECT_FALSE(result.system.has_value());
+        EXPECT_EQ(result.findings.at(0).name, "XML");
+    }
+    EXPECT_TRUE(readText("<?xml version='1.0'?><!-- a --><!DOCTYPE robot>" + robot + "<!-- b -->\n", true)
+                    .system.has_value());
 }
 
 TEST(VrexUrdfFindings, AttributesThatAreNotReadAreTold) {

@@ -15,6 +15,7 @@
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexDocumentFault.h"
 #include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexHarmlessText.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexSystemStream.h"
 #include "tools/vrex/VrexToolFailure.h"
@@ -63,7 +64,9 @@ std::vector<std::pair<std::string, LumoJson>> furtherKeysOf(const LumoJson& json
 
 } // namespace
 
-std::string nsVrexDocument::titleOf(const std::string& name) { return name == "-" ? "Standard input" : name; }
+std::string nsVrexDocument::titleOf(const std::string& name) {
+    return name == "-" ? "Standard input" : nsVrexHarmlessText::of(name);
+}
 
 std::string nsVrexDocument::loadText(const std::string& name, const VrexConsole& console) {
     const VrexProgress progress("loading " + titleOf(name), console.showsProgress());

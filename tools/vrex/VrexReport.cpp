@@ -47,7 +47,7 @@ std::string textOf(const LumoJson& value) {
         return "-";
     case LumoJsonType::String:
         getValue(value, text);
-        return nsVrexHarmlessText::of(std::move(text));
+        return nsVrexHarmlessText::of(text);
     case LumoJsonType::Boolean: {
         bool isTrue = false;
         getValue(value, isTrue);

@@ -143,11 +143,14 @@ class Info(tool.ToolTest):
         self.assertIn("  Point3D   1      3\n", text)
 
     def test_labels_do_not_move_the_cursor(self):
-        document = tool.gap()
-        document.bind("Angle3D", [0, 1], value=1.0, label="a\x1b[2Jb\n")
-        text = self.expect(INVALID, "check", self.write(document)).stdout
-        self.assertIn(b"a?[2Jb?", text)
-        self.assertNotIn(b"\x1b", text)
+        for label, shown in (("a\x1b[2Jb\n", "a\\u001b[2Jb\\u000a"), ("\x7f\x80\x9f", "\\u007f\\u0080\\u009f"),
+                             ("\u202eabc\u2066\u200f\u061c", "\\u202eabc\\u2066\\u200f\\u061c"), ("\u2028", "\\u2028"),
+                             ("\xa0\u00e9\u4e2d\u200d\U0001f980", "\xa0\u00e9\u4e2d\u200d\U0001f980")):
+            document = tool.gap()
+            document.bind("Angle3D", [0, 1], value=1.0, label=label)
+            text = self.expect(INVALID, "check", self.write(document)).stdout.decode()
+            self.assertIn(f"  {shown}  Angle3D", text)
+            self.assertEqual(self.report(INVALID, "check", self.write(document))["refused"][0]["label"], label)
 
 
 class Components(tool.ToolTest):

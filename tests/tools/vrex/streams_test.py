@@ -92,8 +92,26 @@ class StandardStreams(tool.ToolTest):
             self.assertEqual(closed.returncode, code, arguments)
 
     def test_failures_do_not_move_the_cursor(self):
-        robot = b'<robot name="r"><link name="&#27;[2J&#10;"/><link name="&#27;[2J&#10;"/></robot>'
-        self.assertIn('link "?[2J?"', self.failure(INVALID, "import", "--quiet", self.write(robot)))
+        robot = '<robot name="r"><link name="&#x9b;2J\u202e"/><link name="&#x9b;2J\u202e"/></robot>'
+        self.assertIn('link "\\u009b2J\\u202e"',
+                      self.failure(INVALID, "import", "--quiet", self.write(robot.encode(), "r.urdf")))
+        name = os.fsencode(self.folder) + b"/\xff\x1b.json"
+        self.assertEqual(self.failure(IO_FAILURE, "info", os.fsdecode(name)),
+                         f"{self.folder}/\\xff\\u001b.json cannot be read: No such file or directory.")
+
+    def test_names_that_are_no_text_have_a_place_in_reports(self):
+        name = os.fsdecode(os.fsencode(self.folder) + b"/\xff.json")
+        pathlib.Path(name).write_bytes(tool.gap().text())
+        self.assertIn("/\\xff.json is valid.", self.report(FINE, "check", name)["summary"])
+        pathlib.Path(name).write_bytes(b"<robot name='r'><link name='a'/><wheel/></robot>")
+        finding, = self.report(FINE, "import", "--lenient", name, "--out", self.folder / "out.json")["findings"]
+        self.assertTrue(finding["file"].endswith("/\\xff.json"))
+
+    def test_zero_in_a_label_does_not_end_the_sentence(self):
+        document = tool.Document()
+        document.point(0.0, 0.0, 0.0, label="a\0b")
+        self.assertIn('Point3D "a\\u0000b" (id 1): ',
+                      self.failure(INVALID, "convert", "--to", "stream", self.write(document)))
 
     def test_options_stand_before_and_behind_the_command(self):
         file = self.write(tool.gap())

@@ -321,8 +321,7 @@ const tinyxml2::XMLNode* strayOf(const tinyxml2::XMLDocument& document) {
 VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file,
                                   VrexUrdfFindings& findings) {
     const auto refuseAt = [&](std::size_t offset, const char* name, const char* message) {
-        const auto line = 1 + std::ranges::count(text.substr(0, offset), '\n');
-        findings.refuse({file, static_cast<int>(line)}, name, message);
+        findings.refuse({file, nsUrdfPlace::lineAt(text, offset)}, name, message);
         return VrexUrdfRobot();
     };
     const std::size_t invalid = nsTolvUtf8::findInvalid(text);

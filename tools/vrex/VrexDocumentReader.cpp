@@ -1,5 +1,6 @@
 #include "tools/vrex/VrexDocumentReader.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <stdexcept>
 #include <string_view>
@@ -33,7 +34,11 @@ LumoJson parse(const std::string& title, const std::string& text) {
     try {
         return LumoJson::parse(text);
     } catch (const std::runtime_error& error) {
-        throw VrexDocumentFailure(fmt::format("{} is no JSON document: {}", title, error.what()), {});
+        const std::size_t begin = text.find_first_not_of(" \t\r\n");
+        const bool isXml = begin != std::string::npos && text[begin] == '<';
+        throw VrexDocumentFailure(fmt::format("{} is no JSON document: {}{}", title, error.what(),
+                                              isXml ? " A robot description is read by vrex import." : ""),
+                                  {});
     }
 }
 

@@ -105,6 +105,8 @@ class Check(tool.ToolTest):
         report = self.report(INVALID, "check", "-", stdin=b"{\n  \"objects\": [,]\n}")
         self.assertIsNone(report["pointer"])
         self.assertIn("line 2, column 15", report["summary"])
+        self.assertTrue(self.failure(INVALID, "info", "-", stdin=b" <robot/>").endswith(
+            "A robot description is read by vrex import."))
         for text in (b"", b"0", b"\xff", b"[]", b"0\x00\x00\x00\x00"):
             self.failure(INVALID, "check", "-", stdin=text)
 

@@ -351,6 +351,15 @@ class Import(tool.ToolTest):
         self.assertEqual(self.failure(INVALID, "--quiet", "import", robot),
                          f"{robot}:3: link \"tip\": <glow> is not known. 2 further errors follow.")
 
+    def test_loops_from_standard_input(self):
+        robot = self.write(ROBOT % b'<limit lower="-1" upper="2"/>', "arm.urdf")
+        loops = b"closed_loop: [[base, tip]]\ntype: [3d]\nmotor: x\n"
+        report = self.report(FINE, "import", "--lenient", "--loops", "-", "--out", self.folder / "arm.json", robot, stdin=loops)
+        self.assertEqual([(row["file"], row["line"], row["name"]) for row in report["findings"]],
+                         [(str(robot), 3, "glow"), ("Standard input", 3, "motor")])
+        kinds = [item["type"] for item in json.loads((self.folder / "arm.json").read_text())["constraints"]]
+        self.assertIn("Incidence3D", kinds)
+
     def test_report_and_document_do_not_share_standard_output(self):
         robot = self.write(ROBOT % b"", "arm.urdf")
         for options in ((), ("--out", "-")):

@@ -74,6 +74,16 @@ class StandardStreams(tool.ToolTest):
                           ("diff", file), ("diff", "--tolerance", "-1", file, file)):
             self.failure(USAGE, *arguments)
 
+    def test_arguments_are_named(self):
+        file = self.write(tool.gap())
+        for part, arguments in (('"frobnicate" is neither a command nor an option', ("frobnicate", file)),
+                                ('"--frobnicate" is neither a command nor an option', ("info", "--frobnicate")),
+                                ("--out: a file needs a name", ("solve", file, "--out", "")),
+                                ("--loops: a file needs a name", ("import", file, "--loops", "")),
+                                ("input: a file needs a name", ("info", "")), ("second: a file needs a name", ("diff", file, "")),
+                                ("Only one of robot description and loop file", ("import", "--loops", "-", "-"))):
+            self.assertIn(part, self.failure(USAGE, *arguments))
+
     def test_numbers_that_are_none(self):
         file = self.write(tool.gap())
         for number in ("nan", "inf", "1e400", "-1"):

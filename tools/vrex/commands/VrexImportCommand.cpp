@@ -12,7 +12,6 @@
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexDocumentReader.h"
 #include "tools/vrex/VrexDocumentWriter.h"
-#include "tools/vrex/VrexHarmlessText.h"
 #include "tools/vrex/VrexObjectNames.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexReport.h"
@@ -32,7 +31,7 @@ const char* textOf(VrexUrdfSeverity severity) {
 }
 
 std::string fileOf(const VrexUrdfFinding& finding, const std::string& title) {
-    return finding.file.empty() ? title : nsVrexHarmlessText::of(finding.file);
+    return finding.file.empty() ? title : nsVrexDocument::titleOf(finding.file);
 }
 
 /// File and line, as far as they are known.
@@ -46,7 +45,7 @@ VrexUrdfImport read(const VrexImportCommand& command, const std::string& title, 
     options.isStrict = !command.isLenient;
     options.loopFile = command.loopFile;
     const VrexUrdfReader reader(options);
-    if (command.input == "-") {
+    if (command.input == "-" || command.loopFile == "-") {
         const std::string robot = nsVrexDocument::loadText(command.input, console);
         const std::string loops =
             command.loopFile.empty() ? "" : nsVrexDocument::loadText(command.loopFile, console);
@@ -100,6 +99,10 @@ VrexReport reportOf(const VrexUrdfImport& import, const std::string& title) {
 } // namespace
 
 VrexExitCode VrexImportCommand::run(const VrexConsole& console) const {
+    if (input == "-" && loopFile == "-") {
+        throw VrexToolFailure(VrexExitCode::USAGE,
+                              "Only one of robot description and loop file can be standard input.");
+    }
     nsVrexDocument::expectOwnStream(output, console);
     nsVrexDocument::expectOther(input, output);
     nsVrexDocument::expectOther(loopFile.empty() ? VrexUrdfReader::loopFileBeside(input).string() : loopFile,

@@ -11,17 +11,25 @@
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexDocument.h"
 #include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexObjectNames.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexToolFailure.h"
+#include "tools/vrex/VrexUnwritable.h"
 
 namespace {
+
+[[noreturn]] void fail(const VrexDocument& document, const char* reason) {
+    const VrexBaseObject* const object = nsVrexUnwritable::find(document.system);
+    const std::string place = object != nullptr ? " at " + nsVrexObjectNames::nameOf(*object) : "";
+    throw VrexToolFailure(VrexExitCode::INVALID, fmt::format("{} cannot be written as a document{}: {}",
+                                                             document.title, place, reason));
+}
 
 void serialize(const VrexDocument& document, VrexSystem3DSerializer& serializer) {
     try {
         serializer.serialize(document.system);
     } catch (const std::exception& error) {
-        throw VrexToolFailure(VrexExitCode::INVALID, fmt::format("{} cannot be written as a document: {}",
-                                                                 document.title, error.what()));
+        fail(document, error.what());
     }
     for (const auto& [key, value] : document.furtherKeys) {
         serializer.addExtendedInformation(key, value); // Refuses what the system tells.

@@ -3,6 +3,7 @@
 
 import json
 import math
+import struct
 
 import vrex_tool as tool
 from vrex_tool import (DIFFERENT, Document, FINE, INVALID, IO_FAILURE, NOT_CONVERGED, OVER_CONSTRAINED,
@@ -228,6 +229,30 @@ class Convert(tool.ToolTest):
             spoilt = bytearray(stream)
             spoilt[place] ^= 0xFF
             self.assertIn(tool.run("check", "-", stdin=bytes(spoilt)).returncode, (FINE, INVALID), place)
+
+    def spoilt(self, old, new):
+        """A stream of two points, with other bytes in the second one."""
+        document = Document()
+        document.point(1.0, 2.0, 3.0, label="first")
+        document.point(1.0, 2.0, 3.25, label="last")
+        stream = self.expect(FINE, "convert", "--to", "stream", self.write(document)).stdout
+        self.assertEqual(stream.count(old), 1)
+        return stream.replace(old, new)
+
+    def test_objects_that_no_document_holds_are_named(self):
+        other = self.write(tool.gap())
+        for stream, told in (
+                (self.spoilt(struct.pack("<d", 3.25), struct.pack("<d", math.nan)),
+                 'at Point3D "last" (id 2): Non-finite number cannot be written as JSON.'),
+                (self.spoilt(b"last", b"la\xe9t"),
+                 'at Point3D "la\\xe9t" (id 2): Text that is not valid UTF-8 cannot be written as JSON.')):
+            for command in (("convert", "-"), ("diff", "-", other)):
+                self.assertEqual(self.failure(INVALID, *command, stdin=stream),
+                                 "Standard input cannot be written as a document " + told)
+
+    def test_labels_that_are_no_text_have_a_place_in_reports(self):
+        rows = self.report(FINE, "solve", "-", stdin=self.spoilt(b"last", b"la\xe9t"))["freedoms"]
+        self.assertEqual([row["label"] for row in rows], ["first", "la\\xe9t"])
 
     def test_stream_stands_alone_and_whole(self):
         stream = self.expect(FINE, "convert", "--to", "stream", self.write(tool.gap())).stdout

@@ -9,6 +9,7 @@
 
 #include "exchange/VrexUrdfFindings.h"
 #include "exchange/VrexUrdfFrames.h"
+#include "exchange/VrexUrdfNames.h"
 
 namespace {
 
@@ -57,7 +58,7 @@ std::optional<std::vector<double>> numbersOf(std::string_view text) {
     return numbers;
 }
 
-std::string quoted(std::string_view text) { return std::string("\"").append(text).append("\""); }
+using nsUrdfNames::quoted;
 
 std::string tagged(std::string_view tag) { return std::string("<").append(tag).append(">"); }
 
@@ -99,6 +100,18 @@ void VrexUrdfElement::reportRest(const VrexUrdfWords& words) const {
     }
 }
 
+void VrexUrdfElement::reportUnused(std::string_view tags) const {
+    for (const VrexUrdfElement& child : children()) {
+        if (isAmong(child.tag(), tags)) {
+            reportWithoutCounterpart(child);
+        }
+    }
+}
+
+void VrexUrdfElement::reportWithoutCounterpart(const VrexUrdfElement& child) const {
+    child.note(child.ownName(), title() + ": " + tagged(child.tag()) + " has no counterpart.");
+}
+
 bool VrexUrdfElement::holdsText() const {
     const tinyxml2::XMLNode* node = m_element->FirstChild();
     while (node != nullptr && (node->ToText() == nullptr || wordsOf(node->Value()).empty())) {
@@ -134,7 +147,7 @@ void VrexUrdfElement::reportChild(const VrexUrdfElement& child, const VrexUrdfWo
             child.refuse(child.ownName(), what + " stands here twice.");
         }
     } else if (isAmong(tag, words.other)) {
-        child.note(child.ownName(), what + " has no counterpart.");
+        reportWithoutCounterpart(child);
     } else if (child.isMacro()) {
         child.doubt(std::string(tag),
                     title() + ": " + tagged(child.m_element->Name()) +
@@ -233,6 +246,16 @@ VrexVector3DT<double> VrexUrdfElement::vector(std::string_view attribute,
         return fallback;
     }
     return {(*numbers)[0], (*numbers)[1], (*numbers)[2]};
+}
+
+VrexTransformation3DT<double> VrexUrdfElement::origin() const {
+    const auto origin = child("origin");
+    if (!origin.has_value()) {
+        return {};
+    }
+    origin->reportRest({.attributes = "xyz rpy"});
+    return {origin->vector("xyz", VrexVector3DT<double>::ZERO()),
+            nsUrdfFrames::turnBy(origin->vector("rpy", VrexVector3DT<double>::ZERO()))};
 }
 
 bool VrexUrdfElement::isStrict() const { return m_findings->isStrict(); }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/VrexTransformation3DT.h"
 #include "data/VrexVector3DT.h"
 #include "exchange/VrexUrdfPlace.h"
 
@@ -40,6 +41,9 @@ public:
     /// Names every tag and attribute that is not read, and tells of text.
     void reportRest(const VrexUrdfWords& words) const;
 
+    /// Notes children of these tags, which `reportRest` takes for read, as without counterpart.
+    void reportUnused(std::string_view tags) const;
+
     std::vector<VrexUrdfElement> children() const;
     std::optional<VrexUrdfElement> child(std::string_view tag) const;
     /// Refused, and empty, where there is none.
@@ -55,6 +59,9 @@ public:
     /// Three numbers; `fallback` where there are none, refused where they are not three or too large.
     VrexVector3DT<double> vector(std::string_view attribute, const VrexVector3DT<double>& fallback) const;
 
+    /// The pose that <origin> tells; the identity where there is none.
+    VrexTransformation3DT<double> origin() const;
+
     bool isStrict() const;
     void note(const std::string& name, const std::string& message) const;
     void warn(const std::string& name, const std::string& message) const;
@@ -64,6 +71,7 @@ public:
 private:
     /// `isFirst`: of its tag.
     void reportChild(const VrexUrdfElement& child, const VrexUrdfWords& words, bool isFirst) const;
+    void reportWithoutCounterpart(const VrexUrdfElement& child) const;
     void reportAttribute(const tinyxml2::XMLAttribute& attribute, const VrexUrdfWords& words) const;
     bool holdsText() const;
     /// Whether it is for the macro processor that descriptions are often written for.

@@ -7,6 +7,7 @@
 #include "exchange/VrexUrdfFindings.h"
 #include "exchange/VrexUrdfFrames.h"
 #include "exchange/VrexUrdfJointKinds.h"
+#include "exchange/VrexUrdfNames.h"
 #include "exchange/VrexUrdfRobot.h"
 #include "exchange/VrexUrdfTree.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::size_t NONE = VrexUrdfTree::NONE;
 
-std::string quoted(const std::string& name) { return "\"" + name + "\""; }
+using nsUrdfNames::quoted;
 
 /// The joint that carries a link of a coupling; `NONE`, and refused, where none does.
 std::size_t carrierOf(const std::string& link, const VrexUrdfCoupling& coupling, const VrexUrdfTree& tree,

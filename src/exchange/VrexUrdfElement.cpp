@@ -3,16 +3,17 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <unordered_set>
 
 #include <tinyxml2.h>
 
 #include "exchange/VrexUrdfFindings.h"
+#include "exchange/VrexUrdfFrames.h"
+#include "exchange/VrexUrdfNames.h"
 
 namespace {
 
 constexpr std::string_view BLANKS = " \t\r\n";
-/// Of lengths and angles, so that sums and squares of them stay finite.
-constexpr double LARGEST = 1e100;
 
 std::string_view withoutPrefix(std::string_view name) {
     const std::size_t colon = name.rfind(':');
@@ -57,9 +58,7 @@ std::optional<std::vector<double>> numbersOf(std::string_view text) {
     return numbers;
 }
 
-bool isModest(double number) { return std::abs(number) <= LARGEST; }
-
-std::string quoted(std::string_view text) { return std::string("\"").append(text).append("\""); }
+using nsUrdfNames::quoted;
 
 std::string tagged(std::string_view tag) { return std::string("<").append(tag).append(">"); }
 
@@ -70,6 +69,10 @@ std::string_view VrexUrdfElement::tag() const { return withoutPrefix(m_element->
 VrexUrdfPlace VrexUrdfElement::place() const { return {*m_file, m_element->GetLineNum()}; }
 
 std::string VrexUrdfElement::ownName() const { return text("name").value_or(std::string(tag())); }
+
+std::string VrexUrdfElement::nameOf(std::string_view attribute) const {
+    return title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag());
+}
 
 std::string VrexUrdfElement::title() const {
     const tinyxml2::XMLElement* element = m_element;
@@ -88,9 +91,33 @@ void VrexUrdfElement::reportRest(const VrexUrdfWords& words) const {
          attribute = attribute->Next()) {
         reportAttribute(*attribute, words);
     }
+    std::unordered_set<std::string_view> known;
     for (const VrexUrdfElement& child : children()) {
-        reportChild(child, words);
+        reportChild(child, words, known.insert(child.tag()).second);
     }
+    if (holdsText()) {
+        warn(ownName(), title() + ": " + tagged(tag()) + " holds text, which is left out.");
+    }
+}
+
+void VrexUrdfElement::reportUnused(std::string_view tags) const {
+    for (const VrexUrdfElement& child : children()) {
+        if (isAmong(child.tag(), tags)) {
+            reportWithoutCounterpart(child);
+        }
+    }
+}
+
+void VrexUrdfElement::reportWithoutCounterpart(const VrexUrdfElement& child) const {
+    child.note(child.ownName(), title() + ": " + tagged(child.tag()) + " has no counterpart.");
+}
+
+bool VrexUrdfElement::holdsText() const {
+    const tinyxml2::XMLNode* node = m_element->FirstChild();
+    while (node != nullptr && (node->ToText() == nullptr || wordsOf(node->Value()).empty())) {
+        node = node->NextSibling();
+    }
+    return node != nullptr;
 }
 
 void VrexUrdfElement::reportAttribute(const tinyxml2::XMLAttribute& attribute,
@@ -100,7 +127,7 @@ void VrexUrdfElement::reportAttribute(const tinyxml2::XMLAttribute& attribute,
     if (isNamespace || isAmong(name, words.attributes)) {
         return;
     }
-    const std::string what = title() + ": the attribute " + quoted(name) + " of " + tagged(tag());
+    const std::string what = nameOf(name);
     if (isAmong(name, words.otherAttributes)) {
         note(std::string(name), what + " has no counterpart.");
     } else {
@@ -108,22 +135,30 @@ void VrexUrdfElement::reportAttribute(const tinyxml2::XMLAttribute& attribute,
     }
 }
 
-void VrexUrdfElement::reportChild(const VrexUrdfElement& child, const VrexUrdfWords& words) const {
+void VrexUrdfElement::reportChild(const VrexUrdfElement& child, const VrexUrdfWords& words,
+                                  bool isFirst) const {
     const std::string_view tag = child.tag();
     const std::string what = title() + ": " + tagged(tag);
     if (isAmong(tag, words.often)) {
         return;
     }
     if (isAmong(tag, words.once)) {
-        if (this->child(tag)->m_element != child.m_element) {
+        if (!isFirst) {
             child.refuse(child.ownName(), what + " stands here twice.");
         }
     } else if (isAmong(tag, words.other)) {
-        child.note(child.ownName(), what + " has no counterpart.");
+        reportWithoutCounterpart(child);
+    } else if (child.isMacro()) {
+        child.doubt(std::string(tag),
+                    title() + ": " + tagged(child.m_element->Name()) +
+                        " is a macro, which xacro has to expand first.",
+                    "It is left out.");
     } else {
         child.doubt(std::string(tag), what + " is not known.", "It is left out.");
     }
 }
+
+bool VrexUrdfElement::isMacro() const { return std::string_view(m_element->Name()).starts_with("xacro:"); }
 
 std::vector<VrexUrdfElement> VrexUrdfElement::children() const {
     std::vector<VrexUrdfElement> result;
@@ -177,8 +212,11 @@ std::optional<double> VrexUrdfElement::number(std::string_view attribute) const 
     }
     const auto numbers = numbersOf(*known);
     if (!numbers.has_value() || numbers->size() != 1) {
-        refuse(ownName(), title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag()) +
-                              " is no number: " + quoted(*known) + ".");
+        refuse(ownName(), nameOf(attribute) + " is no number: " + quoted(*known) + ".");
+        return std::nullopt;
+    }
+    if (!nsUrdfFrames::isModest(numbers->front())) {
+        refuse(ownName(), nameOf(attribute) + " holds a number beyond 1e100: " + quoted(*known) + ".");
         return std::nullopt;
     }
     return numbers->front();
@@ -186,9 +224,8 @@ std::optional<double> VrexUrdfElement::number(std::string_view attribute) const 
 
 double VrexUrdfElement::requiredSize(std::string_view attribute) const {
     const double size = requiredText(attribute).empty() ? 1.0 : number(attribute).value_or(1.0);
-    if (!(size > 0.0 && isModest(size))) {
-        refuse(ownName(), title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag()) +
-                              " must be above 0" + (size > 0.0 ? ", and at most 1e100." : "."));
+    if (!(size > 0.0)) {
+        refuse(ownName(), nameOf(attribute) + " must be above 0.");
     }
     return size;
 }
@@ -201,16 +238,24 @@ VrexVector3DT<double> VrexUrdfElement::vector(std::string_view attribute,
     }
     const auto numbers = numbersOf(*known);
     if (!numbers.has_value() || numbers->size() != 3) {
-        refuse(ownName(), title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag()) +
-                              " needs three numbers: " + quoted(*known) + ".");
+        refuse(ownName(), nameOf(attribute) + " needs three numbers: " + quoted(*known) + ".");
         return fallback;
     }
-    if (!std::ranges::all_of(*numbers, isModest)) {
-        refuse(ownName(), title() + ": the attribute " + quoted(attribute) + " of " + tagged(tag()) +
-                              " holds a number beyond 1e100: " + quoted(*known) + ".");
+    if (!std::ranges::all_of(*numbers, nsUrdfFrames::isModest)) {
+        refuse(ownName(), nameOf(attribute) + " holds a number beyond 1e100: " + quoted(*known) + ".");
         return fallback;
     }
     return {(*numbers)[0], (*numbers)[1], (*numbers)[2]};
+}
+
+VrexTransformation3DT<double> VrexUrdfElement::origin() const {
+    const auto origin = child("origin");
+    if (!origin.has_value()) {
+        return {};
+    }
+    origin->reportRest({.attributes = "xyz rpy"});
+    return {origin->vector("xyz", VrexVector3DT<double>::ZERO()),
+            nsUrdfFrames::turnBy(origin->vector("rpy", VrexVector3DT<double>::ZERO()))};
 }
 
 bool VrexUrdfElement::isStrict() const { return m_findings->isStrict(); }

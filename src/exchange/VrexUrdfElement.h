@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/VrexTransformation3DT.h"
 #include "data/VrexVector3DT.h"
 #include "exchange/VrexUrdfPlace.h"
 
@@ -37,8 +38,11 @@ public:
     /// Tag and name of this element, or of the closest around it that has a name.
     std::string title() const;
 
-    /// Names every tag and attribute that is not read.
+    /// Names every tag and attribute that is not read, and tells of text.
     void reportRest(const VrexUrdfWords& words) const;
+
+    /// Notes children of these tags, which `reportRest` takes for read, as without counterpart.
+    void reportUnused(std::string_view tags) const;
 
     std::vector<VrexUrdfElement> children() const;
     std::optional<VrexUrdfElement> child(std::string_view tag) const;
@@ -48,12 +52,15 @@ public:
     std::optional<std::string> text(std::string_view attribute) const;
     /// Refused, and empty, where there is none.
     std::string requiredText(std::string_view attribute) const;
-    /// Empty where there is none; refused where it is no finite number.
+    /// Empty where there is none; refused where it is no number or too large.
     std::optional<double> number(std::string_view attribute) const;
-    /// Refused, and 1 or the number itself, where there is none or it is not above 0 or too large.
+    /// Refused, and 1 or the number itself, where there is none, or it is too large or not above 0.
     double requiredSize(std::string_view attribute) const;
     /// Three numbers; `fallback` where there are none, refused where they are not three or too large.
     VrexVector3DT<double> vector(std::string_view attribute, const VrexVector3DT<double>& fallback) const;
+
+    /// The pose that <origin> tells; the identity where there is none.
+    VrexTransformation3DT<double> origin() const;
 
     bool isStrict() const;
     void note(const std::string& name, const std::string& message) const;
@@ -62,9 +69,16 @@ public:
     void refuse(const std::string& name, const std::string& message) const;
 
 private:
-    void reportChild(const VrexUrdfElement& child, const VrexUrdfWords& words) const;
+    /// `isFirst`: of its tag.
+    void reportChild(const VrexUrdfElement& child, const VrexUrdfWords& words, bool isFirst) const;
+    void reportWithoutCounterpart(const VrexUrdfElement& child) const;
     void reportAttribute(const tinyxml2::XMLAttribute& attribute, const VrexUrdfWords& words) const;
+    bool holdsText() const;
+    /// Whether it is for the macro processor that descriptions are often written for.
+    bool isMacro() const;
     std::string ownName() const;
+    /// Such as `joint "elbow": the attribute "xyz" of <axis>`.
+    std::string nameOf(std::string_view attribute) const;
 
     const tinyxml2::XMLElement* m_element;
     const std::string* m_file;

@@ -15,5 +15,6 @@ struct VrexUrdfFinding {
     std::string file; ///< As it was named; empty for a text.
     int line = 0;     ///< From 1 on; 0 where there is none.
     std::string name; ///< Of the link, the joint or another named element, or the tag of one without a name.
-    std::string message; ///< A sentence that names the element.
+    std::string message;  ///< A sentence that names the element.
+    bool isDoubt = false; ///< An error that would be a warning where reading is not strict.
 };

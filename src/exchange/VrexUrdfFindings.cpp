@@ -5,13 +5,14 @@
 
 void VrexUrdfFindings::add(VrexUrdfSeverity severity, const VrexUrdfPlace& place, std::string name,
                            std::string message) {
-    m_findings.push_back({severity, place.file, place.line, std::move(name), std::move(message)});
+    m_findings.push_back({severity, place.file, place.line, std::move(name), std::move(message), false});
 }
 
 void VrexUrdfFindings::doubt(const VrexUrdfPlace& place, std::string name, const std::string& message,
                              const std::string& remedy) {
     if (m_isStrict) {
         refuse(place, std::move(name), message);
+        m_findings.back().isDoubt = true;
     } else {
         warn(place, std::move(name), message + " " + remedy);
     }

@@ -1,12 +1,13 @@
 #include "exchange/VrexUrdfFollowers.h"
 
-#include <cmath>
 #include <string>
 #include <vector>
 
 #include "exchange/VrexUrdfChain.h"
 #include "exchange/VrexUrdfFindings.h"
+#include "exchange/VrexUrdfFrames.h"
 #include "exchange/VrexUrdfJointKinds.h"
+#include "exchange/VrexUrdfNames.h"
 #include "exchange/VrexUrdfRobot.h"
 #include "exchange/VrexUrdfTree.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::size_t NONE = VrexUrdfTree::NONE;
 
-std::string quoted(const std::string& name) { return "\"" + name + "\""; }
+using nsUrdfNames::quoted;
 
 /// The joint that carries a link of a coupling; `NONE`, and refused, where none does.
 std::size_t carrierOf(const std::string& link, const VrexUrdfCoupling& coupling, const VrexUrdfTree& tree,
@@ -109,12 +110,12 @@ private:
         if (joint.following.has_value()) {
             const double ofLeader = m_robot.joints[leaderOf(place)].shift;
             joint.shift = joint.following->ratio * ofLeader + joint.following->offset;
-            expectFinite(joint, findings);
+            expectModest(joint, findings);
         }
         m_isKnown[place] = true;
     }
-    static void expectFinite(const VrexUrdfJoint& joint, VrexUrdfFindings& findings) {
-        if (!std::isfinite(joint.shift)) {
+    static void expectModest(const VrexUrdfJoint& joint, VrexUrdfFindings& findings) {
+        if (!nsUrdfFrames::isModest(joint.shift)) {
             findings.refuse(joint.following->place, joint.following->label,
                             "joint " + quoted(joint.name) + " follows by too large an offset.");
         }

@@ -1,11 +1,15 @@
 #include "exchange/VrexUrdfLoopFile.h"
 
-#include <algorithm>
+#include <cstddef>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 #include <yaml-cpp/yaml.h>
 
 #include "exchange/VrexUrdfFindings.h"
 #include "exchange/VrexUrdfJointKinds.h"
+#include "tolvbase/TolvUtf8.h"
 
 namespace {
 
@@ -15,20 +19,24 @@ constexpr auto TYPES = "type";
 class LoopFile {
 public:
     LoopFile(const std::string& file, VrexUrdfRobot& robot, VrexUrdfFindings& findings)
-        : m_file(file), m_robot(robot), m_findings(findings) {}
+        : m_file(file), m_robot(robot), m_findings(findings) {
+        for (const VrexUrdfJoint& joint : robot.joints) {
+            m_links.try_emplace(joint.name, joint.child);
+        }
+        for (const VrexUrdfLink& link : robot.links) {
+            m_links.insert_or_assign(link.name, link.name);
+        }
+    }
 
-    void read(const YAML::Node& root) {
-        if (!root.IsMap()) {
+    void read(const std::vector<YAML::Node>& documents) {
+        const YAML::Node root = documents.empty() ? YAML::Node() : documents.front();
+        if (documents.size() > 1) {
+            refuse(documents[1].Mark(), PAIRS, "The loop file holds more than one document.");
+        } else if (!root.IsMap()) {
             refuse(root.Mark(), PAIRS, "The loop file is no list of keys and values.");
-            return;
+        } else {
+            readMap(root);
         }
-        for (const auto& entry : root) {
-            const auto key = entry.first.as<std::string>();
-            if (key != PAIRS && key != TYPES) {
-                m_findings.note(placeOf(entry.first.Mark()), key, key + " has no counterpart.");
-            }
-        }
-        readPairs(root, root[PAIRS], root[TYPES]);
     }
 
     void refuse(const YAML::Mark& mark, const std::string& name, const std::string& message) {
@@ -37,6 +45,19 @@ public:
 
 private:
     VrexUrdfPlace placeOf(const YAML::Mark& mark) const { return {m_file, mark.line + 1}; }
+
+    void readMap(const YAML::Node& root) {
+        std::unordered_set<std::string> known;
+        for (const auto& entry : root) {
+            const auto key = entry.first.as<std::string>();
+            if (!known.insert(key).second) {
+                refuse(entry.first.Mark(), key, key + " stands here twice.");
+            } else if (key != PAIRS && key != TYPES) {
+                m_findings.note(placeOf(entry.first.Mark()), key, key + " has no counterpart.");
+            }
+        }
+        readPairs(root, root[PAIRS], root[TYPES]);
+    }
 
     void readPairs(const YAML::Node& root, const YAML::Node& pairs, const YAML::Node& types) {
         if (!pairs || !pairs.IsSequence()) {
@@ -77,25 +98,28 @@ private:
 
     /// A link has the frame of its own name; a joint carries that of its child.
     std::string linkOf(const std::string& frame) const {
-        if (std::ranges::find(m_robot.links, frame, &VrexUrdfLink::name) != m_robot.links.end()) {
-            return frame;
-        }
-        const auto joint = std::ranges::find(m_robot.joints, frame, &VrexUrdfJoint::name);
-        return joint != m_robot.joints.end() ? joint->child : frame;
+        const auto found = m_links.find(frame);
+        return found != m_links.end() ? found->second : frame;
     }
 
     const std::string& m_file;
     VrexUrdfRobot& m_robot;
     VrexUrdfFindings& m_findings;
+    std::unordered_map<std::string, std::string> m_links; ///< By what a pair may call their frames.
 };
 
 } // namespace
 
 void nsUrdfLoopFile::read(std::string_view text, const std::string& file, VrexUrdfRobot& robot,
                           VrexUrdfFindings& findings) {
+    if (const std::size_t invalid = nsTolvUtf8::findInvalid(text); invalid != std::string_view::npos) {
+        findings.refuse({file, nsUrdfPlace::lineAt(text, invalid)}, "UTF-8",
+                        "The loop file is not valid UTF-8.");
+        return;
+    }
     LoopFile loops(file, robot, findings);
     try {
-        loops.read(YAML::Load(std::string(text)));
+        loops.read(YAML::LoadAll(std::string(text)));
     } catch (const YAML::Exception& error) {
         loops.refuse(error.mark, "YAML", "The loop file cannot be read: " + error.msg + ".");
     }

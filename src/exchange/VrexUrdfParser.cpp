@@ -2,251 +2,23 @@
 
 #include <algorithm>
 #include <cctype>
-#include <utility>
 
 #include <tinyxml2.h>
 
 #include "exchange/VrexUrdfElement.h"
 #include "exchange/VrexUrdfFindings.h"
-#include "exchange/VrexUrdfFrames.h"
-#include "exchange/VrexUrdfJointKinds.h"
+#include "exchange/VrexUrdfJoints.h"
+#include "exchange/VrexUrdfLinks.h"
+#include "exchange/VrexUrdfPlace.h"
+#include "exchange/VrexXmlCharacters.h"
 #include "tolvbase/TolvUtf8.h"
 
 namespace {
-
-using Vector = VrexVector3DT<double>;
-using Kind = VrexUrdfJointKind;
 
 constexpr VrexUrdfWords ROBOT{.often = "link joint loop coupling",
                               .other = "material transmission gazebo sensor",
                               .attributes = "name",
                               .otherAttributes = "version"};
-constexpr VrexUrdfWords LINK{.often = "visual collision", .other = "inertial", .attributes = "name"};
-constexpr VrexUrdfWords LOOKS{.once = "origin geometry", .other = "material verbose", .attributes = "name"};
-constexpr VrexUrdfWords GEOMETRY{.often = "sphere cylinder box", .other = "mesh"};
-constexpr VrexUrdfWords SPHERE{.attributes = "radius"};
-constexpr VrexUrdfWords CYLINDER{.attributes = "radius", .otherAttributes = "length"};
-constexpr VrexUrdfWords BOX{.attributes = "size"};
-constexpr VrexUrdfWords JOINT{.once = "parent child origin axis limit mimic screw_thread_pitch",
-                              .other = "dynamics safety_controller calibration",
-                              .attributes = "name type",
-                              .otherAttributes = "independent"};
-constexpr VrexUrdfWords ORIGIN{.attributes = "xyz rpy"};
-constexpr VrexUrdfWords AXIS{.attributes = "xyz"};
-constexpr VrexUrdfWords LINK_NAME{.attributes = "link"};
-constexpr VrexUrdfWords LIMIT{.attributes = "lower upper", .otherAttributes = "effort velocity acceleration"};
-constexpr VrexUrdfWords MIMIC{.attributes = "joint multiplier offset"};
-constexpr VrexUrdfWords VALUE{.attributes = "value"};
-constexpr VrexUrdfWords LOOP{.once = "predecessor successor axis", .attributes = "name type"};
-constexpr VrexUrdfWords LOOP_END{.once = "origin", .attributes = "link"};
-constexpr VrexUrdfWords COUPLING{
-    .once = "predecessor successor ratio", .attributes = "name", .otherAttributes = "type"};
-
-VrexTransformation3DT<double> readOrigin(const VrexUrdfElement& owner) {
-    const auto origin = owner.child("origin");
-    if (!origin.has_value()) {
-        return {};
-    }
-    origin->reportRest(ORIGIN);
-    return {origin->vector("xyz", Vector::ZERO()),
-            nsUrdfFrames::turnBy(origin->vector("rpy", Vector::ZERO()))};
-}
-
-/// Of unit length; `fallback` where there is none.
-Vector readAxis(const VrexUrdfElement& owner, const std::string& name, const Vector& fallback) {
-    const auto axis = owner.child("axis");
-    if (!axis.has_value()) {
-        return fallback;
-    }
-    axis->reportRest(AXIS);
-    const Vector direction = axis->vector("xyz", fallback);
-    if (direction.magnitude() < nsUrdfFrames::SHORTEST) {
-        axis->refuse(name, owner.title() + ": the axis has no length.");
-        return fallback;
-    }
-    return direction / direction.magnitude();
-}
-
-std::string readLinkName(const VrexUrdfElement& owner, std::string_view tag) {
-    const auto element = owner.requiredChild(tag);
-    if (!element.has_value()) {
-        return {};
-    }
-    element->reportRest(LINK_NAME);
-    return element->requiredText("link");
-}
-
-double readValue(const VrexUrdfElement& owner, std::string_view tag) {
-    const auto element = owner.requiredChild(tag);
-    if (!element.has_value()) {
-        return 1.0;
-    }
-    element->reportRest(VALUE);
-    element->requiredText("value");
-    return element->number("value").value_or(1.0);
-}
-
-VrexUrdfShape readShape(const VrexUrdfElement& element) {
-    VrexUrdfShape shape;
-    if (element.tag() == "sphere") {
-        element.reportRest(SPHERE);
-        shape.kind = VrexUrdfShape::Kind::Sphere;
-        shape.radius = element.requiredSize("radius");
-    } else if (element.tag() == "cylinder") {
-        element.reportRest(CYLINDER);
-        shape.kind = VrexUrdfShape::Kind::Cylinder;
-        shape.radius = element.requiredSize("radius");
-    } else {
-        element.reportRest(BOX);
-        shape.kind = VrexUrdfShape::Kind::Box;
-        element.requiredText("size");
-        shape.size = element.vector("size", {1.0, 1.0, 1.0});
-        if (!(shape.size.x() > 0.0 && shape.size.y() > 0.0 && shape.size.z() > 0.0)) {
-            element.refuse("box", element.title() + ": the sizes of <box> must be above 0.");
-        }
-    }
-    return shape;
-}
-
-bool isShape(const VrexUrdfElement& element) {
-    return element.tag() == "sphere" || element.tag() == "cylinder" || element.tag() == "box";
-}
-
-/// The shapes of a <visual> or a <collision>.
-void readLooks(const VrexUrdfElement& looks, VrexUrdfLink& link) {
-    looks.reportRest(LOOKS);
-    const auto pose = readOrigin(looks);
-    const auto geometry = looks.requiredChild("geometry");
-    if (!geometry.has_value()) {
-        return;
-    }
-    geometry->reportRest(GEOMETRY);
-    for (const VrexUrdfElement& element : geometry->children()) {
-        if (isShape(element)) {
-            VrexUrdfShape shape = readShape(element);
-            shape.pose = pose;
-            shape.label = looks.text("name").value_or(link.name);
-            link.shapes.push_back(std::move(shape));
-        }
-    }
-}
-
-VrexUrdfLink readLink(const VrexUrdfElement& element) {
-    VrexUrdfLink link{element.requiredText("name"), element.place(), {}};
-    element.reportRest(LINK);
-    for (const VrexUrdfElement& child : element.children()) {
-        if (child.tag() == "visual" || child.tag() == "collision") {
-            readLooks(child, link);
-        }
-    }
-    return link;
-}
-
-/// An end that is left out: 0, as the format has it, where reading is strict; else open.
-std::optional<double> readLimit(const VrexUrdfElement& limit, const std::string& joint,
-                                const std::string& end) {
-    if (limit.text(end).has_value()) {
-        return limit.number(end);
-    }
-    limit.warn(joint, limit.title() + ": the " + end + " limit is missing. It is taken as " +
-                          (limit.isStrict() ? "0." : "open."));
-    return limit.isStrict() ? std::optional(0.0) : std::nullopt;
-}
-
-VrexDimensionLimits readLimits(const VrexUrdfElement& element, const VrexUrdfJoint& joint) {
-    const auto limit = element.child("limit");
-    const bool isLimited = joint.kind == Kind::Revolute || joint.kind == Kind::Prismatic;
-    if (limit.has_value()) {
-        limit->reportRest(LIMIT);
-    }
-    if (!isLimited) {
-        if (limit.has_value() && (limit->text("lower").has_value() || limit->text("upper").has_value())) {
-            limit->warn(joint.name,
-                        element.title() + ": a joint of this type has no limits. They are left out.");
-        }
-        return {};
-    }
-    if (!limit.has_value()) {
-        element.doubt(joint.name, element.title() + " has no limits.", "It is taken without.");
-        return {};
-    }
-    const VrexDimensionLimits limits{readLimit(*limit, joint.name, "lower"),
-                                     readLimit(*limit, joint.name, "upper")};
-    if (limits.first > limits.second && limits.second.has_value()) {
-        limit->refuse(joint.name, element.title() + ": the lower limit is above the upper one.");
-    }
-    return limits;
-}
-
-std::optional<VrexUrdfFollowing> readMimic(const VrexUrdfElement& element, const std::string& name) {
-    const auto mimic = element.child("mimic");
-    if (!mimic.has_value()) {
-        return std::nullopt;
-    }
-    mimic->reportRest(MIMIC);
-    return VrexUrdfFollowing{mimic->requiredText("joint"), mimic->number("multiplier").value_or(1.0),
-                             mimic->number("offset").value_or(0.0), name, mimic->place()};
-}
-
-bool hasAxis(Kind kind) { return kind != Kind::Fixed && kind != Kind::Floating && kind != Kind::Other; }
-
-VrexUrdfJoint readJoint(const VrexUrdfElement& element) {
-    VrexUrdfJoint joint;
-    joint.name = element.requiredText("name");
-    joint.place = element.place();
-    const std::string type = element.requiredText("type");
-    joint.kind = nsUrdfJointKinds::ofJoint(type);
-    joint.parent = readLinkName(element, "parent");
-    joint.child = readLinkName(element, "child");
-    joint.origin = readOrigin(element);
-    if (joint.kind == Kind::Other) {
-        element.doubt(joint.name, element.title() + ": the type \"" + type + "\" has no counterpart.",
-                      "Its child moves freely.");
-        return joint;
-    }
-    element.reportRest(JOINT);
-    if (hasAxis(joint.kind)) {
-        joint.axis = readAxis(element, joint.name, joint.kind == Kind::Ball ? Vector::OZ() : Vector::OX());
-    }
-    joint.limits = readLimits(element, joint);
-    joint.following = readMimic(element, joint.name);
-    if (joint.kind == Kind::Screw) {
-        joint.pitch = readValue(element, "screw_thread_pitch");
-    }
-    return joint;
-}
-
-VrexUrdfLoopEnd readLoopEnd(const VrexUrdfElement& loop, std::string_view tag) {
-    const auto end = loop.requiredChild(tag);
-    if (!end.has_value()) {
-        return {};
-    }
-    end->reportRest(LOOP_END);
-    return {end->requiredText("link"), readOrigin(*end)};
-}
-
-VrexUrdfLoop readLoop(const VrexUrdfElement& element) {
-    VrexUrdfLoop loop;
-    loop.name = element.requiredText("name");
-    loop.place = element.place();
-    element.reportRest(LOOP);
-    const std::string type = element.requiredText("type");
-    loop.kind = nsUrdfJointKinds::ofLoop(type);
-    if (loop.kind == Kind::Other) {
-        element.doubt(loop.name, element.title() + ": the type \"" + type + "\" has no counterpart.",
-                      "The loop stays open.");
-    }
-    loop.predecessor = readLoopEnd(element, "predecessor");
-    loop.successor = readLoopEnd(element, "successor");
-    loop.axis = readAxis(element, loop.name, Vector::OX());
-    return loop;
-}
-
-VrexUrdfCoupling readCoupling(const VrexUrdfElement& element) {
-    element.reportRest(COUPLING);
-    return {element.requiredText("name"), element.place(), readLinkName(element, "predecessor"),
-            readLinkName(element, "successor"), readValue(element, "ratio")};
-}
 
 VrexUrdfRobot readRobot(const VrexUrdfElement& root) {
     VrexUrdfRobot robot;
@@ -254,13 +26,13 @@ VrexUrdfRobot readRobot(const VrexUrdfElement& root) {
     root.reportRest(ROBOT);
     for (const VrexUrdfElement& element : root.children()) {
         if (element.tag() == "link") {
-            robot.links.push_back(readLink(element));
+            robot.links.push_back(nsUrdfLinks::read(element));
         } else if (element.tag() == "joint") {
-            robot.joints.push_back(readJoint(element));
+            robot.joints.push_back(nsUrdfJoints::read(element));
         } else if (element.tag() == "loop") {
-            robot.loops.push_back(readLoop(element));
+            robot.loops.push_back(nsUrdfJoints::readLoop(element));
         } else if (element.tag() == "coupling") {
-            robot.couplings.push_back(readCoupling(element));
+            robot.couplings.push_back(nsUrdfJoints::readCoupling(element));
         }
     }
     return robot;
@@ -277,21 +49,42 @@ std::string wordsOf(std::string_view error) {
     return words;
 }
 
+/// What the XML reader lets stand beside the outermost element; null where there is nothing.
+const tinyxml2::XMLNode* strayOf(const tinyxml2::XMLDocument& document) {
+    const tinyxml2::XMLNode* node = document.FirstChild();
+    while (node != nullptr && node->ToText() == nullptr &&
+           (node->ToElement() == nullptr || node == document.RootElement())) {
+        node = node->NextSibling();
+    }
+    return node;
+}
+
 } // namespace
 
 VrexUrdfRobot nsUrdfParser::parse(std::string_view text, const std::string& file,
                                   VrexUrdfFindings& findings) {
+    const auto refuseAt = [&](std::size_t offset, const char* name, const char* message) {
+        findings.refuse({file, nsUrdfPlace::lineAt(text, offset)}, name, message);
+        return VrexUrdfRobot();
+    };
     const std::size_t invalid = nsTolvUtf8::findInvalid(text);
     if (invalid != std::string_view::npos) {
-        const auto line = 1 + std::ranges::count(text.substr(0, invalid), '\n');
-        findings.refuse({file, static_cast<int>(line)}, "UTF-8", "The text is not valid UTF-8.");
-        return {};
+        return refuseAt(invalid, "UTF-8", "The text is not valid UTF-8.");
+    }
+    const std::size_t forbidden = nsXmlCharacters::findForbidden(text);
+    if (forbidden != std::string_view::npos) {
+        return refuseAt(forbidden, "XML", "The text is no XML: forbidden character.");
     }
     tinyxml2::XMLDocument document;
     if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS) {
         findings.refuse(
             {file, document.ErrorLineNum()}, "XML",
             std::string("The text is no XML: ").append(wordsOf(document.ErrorName())).append("."));
+        return {};
+    }
+    if (const tinyxml2::XMLNode* const stray = strayOf(document)) {
+        findings.refuse({file, stray->GetLineNum()}, "XML",
+                        "The text is no XML: it does not consist of one element.");
         return {};
     }
     const tinyxml2::XMLElement* const root = document.RootElement();

@@ -3,10 +3,11 @@
 #include <unordered_set>
 
 #include "exchange/VrexUrdfFindings.h"
+#include "exchange/VrexUrdfNames.h"
 
 namespace {
 
-std::string quoted(const std::string& name) { return "\"" + name + "\""; }
+using nsUrdfNames::quoted;
 
 std::size_t placeIn(const std::unordered_map<std::string_view, std::size_t>& names, std::string_view name) {
     const auto found = names.find(name);

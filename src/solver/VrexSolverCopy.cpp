@@ -11,7 +11,10 @@
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
 #include "data/constraint/3d/VrexConstraint3D.h"
+#include "data/constraint/3d/VrexDimension3D.h"
 #include "data/constraint/3d/VrexPinSlotMate3D.h"
+#include "data/geometry/3d/VrexEqualDimensionElement3D.h"
+#include "data/geometry/3d/VrexEvaluatedCurve3D.h"
 #include "data/geometry/3d/VrexEvaluatedSurface3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "data/geometry/VrexGeometryVariable.h"
@@ -36,31 +39,57 @@ std::vector<std::shared_ptr<Object>> withParts(const std::vector<std::shared_ptr
     return result;
 }
 
-void layGeometryBack(VrexBaseGeometry& copy, VrexBaseGeometry& source) {
-    const VrexAssigner3D assign;
-    if (const auto* surface = dynamic_cast<const VrexEvaluatedSurface3D*>(&copy)) {
-        auto& target = static_cast<VrexEvaluatedSurface3D&>(source);
-        target.setOrigin(surface->getOrigin());
-        target.setRotation(surface->getRotation());
-        target.status() = surface->status();
-    } else if (const auto* entity = dynamic_cast<const VrexGeometry3D*>(&copy)) {
-        assign(*entity, static_cast<VrexGeometry3D&>(source));
-    } else if (const auto* variable = dynamic_cast<const VrexGeometryVariable*>(&copy)) {
-        assign(*variable, static_cast<VrexGeometryVariable&>(source));
+/// The assigner leaves evaluated surfaces out, and would bind a curve to the copies of what it depends on.
+template <class Shape>
+bool layEvaluatedBack(const VrexBaseGeometry& copy, VrexBaseGeometry& source) {
+    const auto* const shape = dynamic_cast<const Shape*>(&copy);
+    if (shape == nullptr) {
+        return false;
+    }
+    auto& target = static_cast<Shape&>(source);
+    target.setOrigin(shape->getOrigin());
+    target.setRotation(shape->getRotation());
+    target.status() = shape->status();
+    return true;
+}
+
+void layEntityBack(const VrexGeometry3D& copy, VrexGeometry3D& source) {
+    VrexAssigner3D()(copy, source);
+    if (const auto* const element = dynamic_cast<const VrexEqualDimensionElement3D*>(&copy)) {
+        static_cast<VrexEqualDimensionElement3D&>(source).setValue(element->getValue());
+    }
+}
+
+void layGeometryBack(const VrexBaseGeometry& copy, VrexBaseGeometry& source) {
+    if (layEvaluatedBack<VrexEvaluatedCurve3D>(copy, source) ||
+        layEvaluatedBack<VrexEvaluatedSurface3D>(copy, source)) {
+        return;
+    }
+    if (const auto* const entity = dynamic_cast<const VrexGeometry3D*>(&copy)) {
+        layEntityBack(*entity, static_cast<VrexGeometry3D&>(source));
+    } else if (const auto* const variable = dynamic_cast<const VrexGeometryVariable*>(&copy)) {
+        VrexAssigner3D()(*variable, static_cast<VrexGeometryVariable&>(source));
+    }
+}
+
+/// What the assigner leaves out: a pin in a slot, and the value that equal dimensions share.
+void layDimensionsBack(VrexBaseConstraint& copy, VrexBaseConstraint& source) {
+    if (const auto* const mate = dynamic_cast<const VrexPinSlotMate3D*>(&copy)) {
+        auto& target = static_cast<VrexPinSlotMate3D&>(source);
+        target.getDistance() = mate->getDistance();
+        target.getAngle() = mate->getAngle();
+    } else if (const auto* const dimension = dynamic_cast<const VrexDimension3D*>(&copy)) {
+        static_cast<VrexDimension3D&>(source).setValue(dimension->value());
     }
 }
 
 void layConstraintBack(VrexBaseConstraint& copy, VrexBaseConstraint& source) {
-    if (const auto* constraint = dynamic_cast<const VrexConstraint3D*>(&copy)) {
+    if (const auto* const constraint = dynamic_cast<const VrexConstraint3D*>(&copy)) {
         VrexAssigner3D()(*constraint, static_cast<VrexConstraint3D&>(source));
     }
     source.status() = copy.status();
     source.satisfiedStatus() = copy.satisfiedStatus();
-    if (const auto* mate = dynamic_cast<const VrexPinSlotMate3D*>(&copy)) { // the assigner leaves it out
-        auto& target = static_cast<VrexPinSlotMate3D&>(source);
-        target.getDistance() = mate->getDistance();
-        target.getAngle() = mate->getAngle();
-    }
+    layDimensionsBack(copy, source);
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace nsTolvUtf8 {
 inline constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF";
 
 /// The bytes of the character at the start of a text that is not empty; 0 if there is no valid one.
-[[nodiscard]] std::size_t characterLength(std::string_view text) noexcept;
+[[nodiscard]] TOLV_EXPORT std::size_t characterLength(std::string_view text) noexcept;
 
 /// Where the first byte stands that starts no valid character; `npos` for a valid text.
 [[nodiscard]] TOLV_EXPORT std::size_t findInvalid(std::string_view text) noexcept;

@@ -61,5 +61,5 @@ void VrexConsole::tell(const VrexReport& report) const {
 void VrexConsole::say(std::string_view colour, std::string_view kind, std::string_view sentence) {
     const bool hasColour = !colour.empty() && isColoured(STDERR_FILENO);
     put(fmt::format("vrex: {}{}{}{}\n", hasColour ? colour : "", kind, hasColour ? "\033[0m" : "",
-                    nsVrexHarmlessText::of(std::string(sentence))));
+                    nsVrexHarmlessText::of(sentence)));
 }

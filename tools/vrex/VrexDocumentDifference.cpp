@@ -22,11 +22,6 @@ using Change = VrexDifference::Change;
 
 constexpr std::array ARRAYS = {keys::OBJECTS, keys::VARIABLES, keys::CONSTRAINTS, keys::EQUATIONS};
 
-/// What stands in a document beside its arrays of objects.
-constexpr std::array ROOT_KEYS = {keys::REFERENCE_GEOMETRIES, keys::DRAG_TRANSFORMS,
-                                  keys::DRAG_TRANSLATIONS,    keys::DRAG_PARAMETERS,
-                                  keys::LINEAR_TOLERANCE,     keys::ANGULAR_TOLERANCE};
-
 /// Keys whose numbers are places in an array of the root.
 struct Reference {
     Key key, array;
@@ -44,6 +39,15 @@ constexpr Reference REFERENCES[] = {
 const LumoJson* find(const LumoJson& json, Key key) {
     const auto found = json.find(key);
     return found == json.end() ? nullptr : &*found;
+}
+
+/// As a part of a JSON pointer.
+std::string escaped(Key key) {
+    std::string part;
+    for (const char letter : key) {
+        part.append(letter == '~' ? "~0" : letter == '/' ? "~1" : std::string_view(&letter, 1));
+    }
+    return part;
 }
 
 bool isText(const LumoJson* json, std::string_view text) {
@@ -121,9 +125,8 @@ public:
             compareLists(pair);
         }
         m_object = nullptr;
-        for (const Key key : ROOT_KEYS) {
-            compareMember(first, second, key, "");
-        }
+        const auto isCompared = [](Key key) { return std::ranges::find(ARRAYS, key) != ARRAYS.end(); };
+        compareMembers(first, second, "", isCompared);
     }
 
 private:
@@ -149,11 +152,20 @@ private:
     }
 
     void compareObjects(const LumoJson& first, const LumoJson& second, const std::string& pointer) {
+        compareMembers(first, second, pointer, [](Key) { return false; });
+    }
+
+    /// Those of the first document come first; which keys are left out, `isLeftOut` tells.
+    template <class IsLeftOut>
+    void compareMembers(const LumoJson& first, const LumoJson& second, const std::string& pointer,
+                        const IsLeftOut& isLeftOut) {
         for (auto member = first.begin(); member != first.end(); ++member) {
-            compareMember(first, second, member.key(), pointer);
+            if (!isLeftOut(member.key())) {
+                compareMember(first, second, member.key(), pointer);
+            }
         }
         for (auto member = second.begin(); member != second.end(); ++member) {
-            if (!first.contains(member.key())) {
+            if (!first.contains(member.key()) && !isLeftOut(member.key())) {
                 compareMember(first, second, member.key(), pointer);
             }
         }
@@ -162,10 +174,7 @@ private:
     void compareMember(const LumoJson& first, const LumoJson& second, Key key, const std::string& pointer) {
         const LumoJson* const one = find(first, key);
         const LumoJson* const other = find(second, key);
-        if (one == nullptr && other == nullptr) {
-            return;
-        }
-        const std::string place = fmt::format("{}/{}", pointer, key);
+        const std::string place = fmt::format("{}/{}", pointer, escaped(key));
         if (one == nullptr || other == nullptr) {
             differ(place, one != nullptr ? *one : LumoJson(), other != nullptr ? *other : LumoJson());
             return;

@@ -1,7 +1,9 @@
 #include "tools/vrex/VrexDocumentFault.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <exception>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -81,11 +83,28 @@ std::string keyIn(const LumoJson& json, std::string_view message) {
     return isMeant ? fmt::format("/{}", key) : std::string();
 }
 
-/// The texts of the library are exact; what says too little to a user has a sentence of its own.
+/// Texts of the library, which are exact, and what they mean to a user.
+struct Meaning {
+    std::string_view text, sentence;
+};
+constexpr Meaning MEANINGS[] = {
+    {"Failed to replay: geometry was not created!",
+     "What it names is missing, or of a kind that does not fit."},
+    {"Failed to replay: constraint was not created!",
+     "What it binds is missing, or of a kind that does not fit."},
+    {"Failed to replay: geometry not implemented!", "No geometry has this type."},
+    {"Failed to replay: constriant not implemented!", "No constraint has this type."},
+    {"Can not replay callback equation.", "Its function is an address in the process that wrote it."},
+};
+
 std::string sentenceOf(std::string_view message) {
     constexpr std::string_view NO_SUCH_PLACE = "invalid vector subscript";
-    return std::string(message == NO_SUCH_PLACE ? "It names an object that does not stand before it."
-                                                : message);
+    if (message == NO_SUCH_PLACE) {
+        return "It names an object that does not stand before it.";
+    }
+    const auto* const meaning = std::ranges::find(MEANINGS, message, &Meaning::text);
+    return meaning != std::end(MEANINGS) ? fmt::format("{} {}", message, meaning->sentence)
+                                         : std::string(message);
 }
 
 VrexDocumentFault atRoot(const LumoJson& json, std::string_view message) {
@@ -95,10 +114,11 @@ VrexDocumentFault atRoot(const LumoJson& json, std::string_view message) {
 
 VrexDocumentFault atObject(Key array, std::uint64_t index, const LumoJson& object, std::string_view message) {
     const std::string pointer = fmt::format("/{}/{}{}", array, index, keyIn(object, message));
-    std::string kind = textAt(object, keys::TYPE);
-    if (kind.empty()) {
-        kind = array == keys::VARIABLES ? "Variable" : "an object without type";
-    }
+    const bool isVariable = array == keys::VARIABLES;
+    const bool hasType = object.contains(keys::TYPE) && object[keys::TYPE].is_string();
+    const std::string kind = hasType      ? textAt(object, keys::TYPE)
+                             : isVariable ? "Variable"
+                                          : "an object without type";
     const std::string name =
         nsVrexObjectNames::nameOf(kind, textAt(object, keys::LABEL), textAt(object, keys::ID));
     return {pointer, pointer + ", " + name, sentenceOf(message)};

@@ -1,5 +1,6 @@
 #include "tools/vrex/VrexDocumentReader.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <stdexcept>
 #include <string_view>
@@ -15,6 +16,7 @@
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexDocumentFault.h"
 #include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexHarmlessText.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexSystemStream.h"
 #include "tools/vrex/VrexToolFailure.h"
@@ -32,7 +34,11 @@ LumoJson parse(const std::string& title, const std::string& text) {
     try {
         return LumoJson::parse(text);
     } catch (const std::runtime_error& error) {
-        throw VrexDocumentFailure(fmt::format("{} is no JSON document: {}", title, error.what()), {});
+        const std::size_t begin = text.find_first_not_of(" \t\r\n");
+        const bool isXml = begin != std::string::npos && text[begin] == '<';
+        throw VrexDocumentFailure(fmt::format("{} is no JSON document: {}{}", title, error.what(),
+                                              isXml ? " A robot description is read by vrex import." : ""),
+                                  {});
     }
 }
 
@@ -63,7 +69,9 @@ std::vector<std::pair<std::string, LumoJson>> furtherKeysOf(const LumoJson& json
 
 } // namespace
 
-std::string nsVrexDocument::titleOf(const std::string& name) { return name == "-" ? "Standard input" : name; }
+std::string nsVrexDocument::titleOf(const std::string& name) {
+    return name == "-" ? "Standard input" : nsVrexHarmlessText::of(name);
+}
 
 std::string nsVrexDocument::loadText(const std::string& name, const VrexConsole& console) {
     const VrexProgress progress("loading " + titleOf(name), console.showsProgress());

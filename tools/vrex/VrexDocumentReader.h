@@ -9,7 +9,7 @@ class VrexConsole;
 /// What the user names as input: a document or a stream, in a file or, for "-", on standard input.
 namespace nsVrexDocument {
 
-/// What messages call the input.
+/// What messages and reports call the input.
 std::string titleOf(const std::string& name);
 
 /// All that is in the input. Throws `VrexToolFailure`.

@@ -7,26 +7,51 @@
 #include <fmt/format.h>
 
 #include "data/serialization/3d/VrexSystem3DSerializer.h"
+#include "tolvbase/LumoJson.h"
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexDocument.h"
 #include "tools/vrex/VrexFile.h"
+#include "tools/vrex/VrexObjectNames.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexToolFailure.h"
+#include "tools/vrex/VrexUnwritable.h"
+
+namespace {
+
+[[noreturn]] void fail(const VrexDocument& document, const char* reason) {
+    const VrexBaseObject* const object = nsVrexUnwritable::find(document.system);
+    const std::string place = object != nullptr ? " at " + nsVrexObjectNames::nameOf(*object) : "";
+    throw VrexToolFailure(VrexExitCode::INVALID, fmt::format("{} cannot be written as a document{}: {}",
+                                                             document.title, place, reason));
+}
+
+void serialize(const VrexDocument& document, VrexSystem3DSerializer& serializer) {
+    try {
+        serializer.serialize(document.system);
+    } catch (const std::exception& error) {
+        fail(document, error.what());
+    }
+    for (const auto& [key, value] : document.furtherKeys) {
+        serializer.addExtendedInformation(key, value); // Refuses what the system tells.
+    }
+}
+
+} // namespace
 
 std::string nsVrexDocument::textOf(const VrexDocument& document, std::uint64_t indentWidth) {
     VrexSerializationParameters parameters;
     parameters.indentWidth = indentWidth;
     VrexSystem3DSerializer serializer(parameters);
-    try {
-        serializer.serialize(document.system);
-    } catch (const std::exception& error) {
-        throw VrexToolFailure(VrexExitCode::INVALID, fmt::format("{} cannot be written as a document: {}",
-                                                                 document.title, error.what()));
-    }
-    for (const auto& [key, value] : document.furtherKeys) {
-        serializer.addExtendedInformation(key, value); // Refuses what the system tells.
-    }
+    serialize(document, serializer);
     return std::string(serializer.jsonStream());
+}
+
+LumoJson nsVrexDocument::jsonOf(const VrexDocument& document) {
+    VrexSerializationParameters parameters;
+    parameters.indentWidth = 0;
+    VrexSystem3DSerializer serializer(parameters);
+    serialize(document, serializer);
+    return serializer.json();
 }
 
 void nsVrexDocument::expectOther(const std::string& input, const std::string& output) {
@@ -38,6 +63,19 @@ void nsVrexDocument::expectOther(const std::string& input, const std::string& ou
             VrexExitCode::USAGE,
             fmt::format("{} is the input, which is never touched: name another file with --out.", output));
     }
+}
+
+void nsVrexDocument::expectOwnStream(const std::string& output, const VrexConsole& console) {
+    if (output == "-" && console.options().isJson) {
+        throw VrexToolFailure(
+            VrexExitCode::USAGE,
+            "With --json the report takes standard output: name a file for the document with --out.");
+    }
+}
+
+void nsVrexDocument::printBeside(const std::string& output, const VrexReport& report,
+                                 const VrexConsole& console) {
+    output == "-" ? console.tell(report) : console.print(report);
 }
 
 void nsVrexDocument::write(const std::string& name, std::string_view bytes, const VrexConsole& console) {

@@ -1,18 +1,14 @@
 #pragma once
 
-#include <algorithm>
-#include <cctype>
 #include <string>
-#include <utility>
+#include <string_view>
 
-/// Labels, names and texts of files may hold anything; nothing of it is to move the cursor.
+/// Labels, names and texts of files may hold anything; nothing of it is to move the cursor, or to turn round
+/// what stands beside it.
 namespace nsVrexHarmlessText {
 
-/// The text with a question mark for each control character.
-inline std::string of(std::string text) {
-    const auto isControl = [](char letter) { return std::iscntrl(static_cast<unsigned char>(letter)) != 0; };
-    std::ranges::replace_if(text, isControl, '?');
-    return text;
-}
+/// The text with `\u001b` for a control character, a line separator or a mark of the direction of writing,
+/// and `\xff` for a byte that is no UTF-8.
+std::string of(std::string_view text);
 
 } // namespace nsVrexHarmlessText

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <string_view>
+#include <unordered_set>
 
 namespace {
 
@@ -15,25 +16,46 @@ double numberIn(std::string_view text) {
     return isWhole && std::isfinite(number) ? number : std::nan("");
 }
 
-} // namespace
-
-nsVrexLabels::Assignment nsVrexLabels::parse(const std::string& option, const std::string& text,
-                                             std::size_t count) {
-    // Labels may hold equal signs, numbers do not.
-    const std::size_t middle = text.rfind('=');
-    Assignment result{text.substr(0, middle), {}};
-    bool isFine = middle != std::string::npos && middle > 0;
-    std::string_view rest = isFine ? std::string_view(text).substr(middle + 1) : "";
-    while (isFine && result.values.size() < count) {
-        const std::size_t comma = std::min(rest.find(','), rest.size());
-        result.values.push_back(numberIn(rest.substr(0, comma)));
-        const bool isLast = result.values.size() == count;
-        isFine = !std::isnan(result.values.back()) && isLast == (comma == rest.size());
-        rest.remove_prefix(isLast ? comma : std::min(comma + 1, rest.size()));
+/// Those between commas.
+std::vector<double> numbersIn(std::string_view text) {
+    std::vector<double> numbers;
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find(',', begin), text.size());
+        numbers.push_back(numberIn(text.substr(begin, end - begin)));
+        begin = end + 1;
     }
-    if (!isFine) {
+    return numbers;
+}
+
+nsVrexLabels::Assignment parseOne(const std::string& option, const std::string& text, std::size_t count) {
+    // Labels may hold equal signs, numbers do not.
+    const std::size_t middle = std::min(text.rfind('='), text.size());
+    const bool isNamed = middle > 0 && middle < text.size();
+    nsVrexLabels::Assignment result{text.substr(0, middle), {}};
+    if (isNamed) {
+        result.values = numbersIn(std::string_view(text).substr(middle + 1));
+    }
+    const auto isNone = [](double number) { return std::isnan(number); };
+    if (result.values.size() != count || std::ranges::any_of(result.values, isNone)) {
         throw VrexToolFailure(VrexExitCode::USAGE, fmt::format("{}: \"{}\" is not {}.", option, text,
                                                                count == 1 ? "label=number" : "label=x,y,z"));
     }
     return result;
+}
+
+} // namespace
+
+std::vector<nsVrexLabels::Assignment>
+nsVrexLabels::parse(const std::string& option, const std::vector<std::string>& texts, std::size_t count) {
+    std::vector<Assignment> parsed;
+    std::unordered_set<std::string> known;
+    for (const std::string& text : texts) {
+        parsed.push_back(parseOne(option, text, count));
+        const std::string& label = parsed.back().label;
+        if (!known.insert(label).second) {
+            throw VrexToolFailure(VrexExitCode::USAGE,
+                                  fmt::format("{}: \"{}\" stands here twice.", option, label));
+        }
+    }
+    return parsed;
 }

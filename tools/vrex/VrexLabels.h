@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,9 +18,10 @@ struct Assignment {
     std::vector<double> values;
 };
 
-/// Splits `label=number` or `label=number,number,number`. Throws `VrexToolFailure` for anything else;
-/// `option` is where it stands.
-Assignment parse(const std::string& option, const std::string& text, std::size_t count);
+/// Splits texts like `label=number` or `label=number,number,number`, with `count` numbers each. Throws
+/// `VrexToolFailure` for anything else, and where two have one label; `option` is where they stand.
+std::vector<Assignment> parse(const std::string& option, const std::vector<std::string>& texts,
+                              std::size_t count);
 
 /// The one object of the list with this label. Throws `VrexToolFailure` where there is none, or several.
 template <class Object>

@@ -2,10 +2,12 @@
 
 #include <chrono>
 #include <cstdio>
+#include <string_view>
 #include <utility>
 
 #include <fmt/format.h>
 
+#include "tolvbase/TolvUtf8.h"
 #include "tools/vrex/VrexHarmlessText.h"
 
 namespace {
@@ -50,11 +52,10 @@ void VrexProgress::show() {
 
 void VrexProgress::draw() const {
     const std::uint64_t total = m_total.load(std::memory_order_relaxed);
-    std::string line =
+    const std::string line = nsVrexHarmlessText::of(
         total == 0 ? m_what + " ..."
-                   : fmt::format("{}: {} of {}", m_what, m_done.load(std::memory_order_relaxed), total);
-    if (line.size() > WIDTH) {
-        line.resize(WIDTH);
-    }
-    std::fputs((CLEAR_LINE + nsVrexHarmlessText::of(std::move(line))).c_str(), stderr);
+                   : fmt::format("{}: {} of {}", m_what, m_done.load(std::memory_order_relaxed), total));
+    const std::string_view shown = std::string_view(line).substr(0, WIDTH);
+    // The cut may go through a character.
+    std::fputs(std::string(CLEAR_LINE).append(shown, 0, nsTolvUtf8::findInvalid(shown)).c_str(), stderr);
 }

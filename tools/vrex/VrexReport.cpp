@@ -8,6 +8,7 @@
 
 #include <fmt/format.h>
 
+#include "tolvbase/TolvUtf8.h"
 #include "tools/vrex/VrexHarmlessText.h"
 
 namespace {
@@ -47,7 +48,7 @@ std::string textOf(const LumoJson& value) {
         return "-";
     case LumoJsonType::String:
         getValue(value, text);
-        return nsVrexHarmlessText::of(std::move(text));
+        return nsVrexHarmlessText::of(text);
     case LumoJsonType::Boolean: {
         bool isTrue = false;
         getValue(value, isTrue);
@@ -61,6 +62,16 @@ std::string textOf(const LumoJson& value) {
     default:
         return value.dump();
     }
+}
+
+/// Names of files and labels of streams may be no text, which has no place in JSON.
+LumoJson writable(LumoJson value) {
+    std::string text;
+    if (value.is_string()) {
+        getValue(value, text);
+    }
+    const bool isValid = nsTolvUtf8::findInvalid(text) == std::string::npos;
+    return isValid ? std::move(value) : LumoJson(nsVrexHarmlessText::of(text));
 }
 
 void appendKey(std::string& text, std::string_view key) {
@@ -94,7 +105,8 @@ VrexReport::Table::Table(std::string_view key, std::vector<std::string_view> col
     : m_key(key), m_columns(std::move(columns)) {}
 
 void VrexReport::Table::add(std::vector<LumoJson> row) {
-    std::ranges::move(row, std::back_inserter(m_cells));
+    std::ranges::transform(std::make_move_iterator(row.begin()), std::make_move_iterator(row.end()),
+                           std::back_inserter(m_cells), writable);
 }
 
 std::size_t VrexReport::Table::rowCount() const { return m_cells.size() / m_columns.size(); }
@@ -146,7 +158,9 @@ void VrexReport::conclude(std::string sentence, bool isGood) {
     m_isGood = isGood;
 }
 
-void VrexReport::add(std::string_view key, LumoJson value) { m_facts.push_back({key, std::move(value)}); }
+void VrexReport::add(std::string_view key, LumoJson value) {
+    m_facts.push_back({key, writable(std::move(value))});
+}
 
 VrexReport::Table& VrexReport::addTable(std::string_view key, std::vector<std::string_view> columns) {
     return m_tables.emplace_back(key, std::move(columns));
@@ -157,7 +171,7 @@ std::string VrexReport::toJson() const {
     appendKey(text, "command");
     fmt::format_to(std::back_inserter(text), "{},", LumoJson(m_command).dump());
     appendKey(text, "summary");
-    text += LumoJson(m_sentence).dump();
+    text += writable(m_sentence).dump();
     for (const Fact& fact : m_facts) {
         text += ',';
         appendKey(text, fact.key);

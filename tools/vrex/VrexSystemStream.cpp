@@ -1,5 +1,7 @@
 #include "tools/vrex/VrexSystemStream.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <memory>
@@ -75,6 +77,30 @@ void expectWritable(const std::string& title, const List& objects) {
     }
 }
 
+/// What the stream tells to be its length: that of the outermost block.
+std::size_t lengthOf(std::string_view stream) {
+    constexpr std::size_t BEGIN = 1 + sizeof(std::uint32_t); // tag and length
+    std::uint32_t rest = 0;
+    for (std::size_t i = std::min(BEGIN, stream.size()); i > 1; --i) {
+        rest = rest << 8 | static_cast<std::uint8_t>(stream[i - 1]);
+    }
+    return BEGIN + rest;
+}
+
+/// A file holds one stream, and that whole.
+void expectWhole(const std::string& title, std::string_view stream) {
+    const std::size_t length = lengthOf(stream);
+    if (stream.size() < length) {
+        fail(fmt::format("{} is neither a document nor a whole stream: it would have {} bytes and has {}.",
+                         title, length, stream.size()));
+    }
+    if (stream.size() > length) {
+        fail(fmt::format(
+            "{} is neither a document nor one stream alone: {} behind its end at offset {}.", title,
+            nsVrexObjectNames::countOf(stream.size() - length, "byte stands", "bytes stand"), length));
+    }
+}
+
 bool encodeInto(VrexStreamGraphEncoder3D& encoder, const nsVrexSystemLists::Geometries& geometries,
                 const nsVrexSystemLists::Constraints& constraints) {
     try {
@@ -91,6 +117,7 @@ bool nsVrexSystemStream::isStream(std::string_view text) {
 }
 
 VrexImmutableSystem3D nsVrexSystemStream::decode(const std::string& title, std::string_view stream) {
+    expectWhole(title, stream);
     nsVrexSystemLists::Geometries geometries;
     nsVrexSystemLists::Constraints constraints;
     VrexStreamGraphDecoder3D decoder;
@@ -104,9 +131,9 @@ VrexImmutableSystem3D nsVrexSystemStream::decode(const std::string& title, std::
         isRead = false;
     }
     if (!isRead) {
-        fail(fmt::format("{} is neither a document nor a whole stream of a system: reading ended behind {} "
-                         "geometries and {} constraints.",
-                         title, geometries.size(), constraints.size()));
+        fail(fmt::format("{} is neither a document nor a stream of a system: reading ended behind {} and {}.",
+                         title, nsVrexObjectNames::countOf(geometries.size(), "geometry", "geometries"),
+                         nsVrexObjectNames::countOf(constraints.size(), "constraint", "constraints")));
     }
     return {only<VrexGeometry3D>(geometries),
             only<VrexGeometryVariable>(geometries),

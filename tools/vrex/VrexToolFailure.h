@@ -6,12 +6,13 @@
 #include <utility>
 
 #include "tools/vrex/VrexExitCode.h"
+#include "tools/vrex/VrexHarmlessText.h"
 
 /// Ends a command: a sentence for the user, which names what it is about, and how the tool ends.
 class VrexToolFailure : public std::runtime_error {
 public:
     VrexToolFailure(VrexExitCode code, const std::string& sentence)
-        : std::runtime_error(sentence), m_code(code) {}
+        : std::runtime_error(nsVrexHarmlessText::of(sentence)), m_code(code) {} // A zero would end it.
     VrexExitCode code() const { return m_code; }
 
 private:

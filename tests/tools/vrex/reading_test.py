@@ -89,6 +89,10 @@ class Check(tool.ToolTest):
                 (spoilt("constraints", 1, arguments=[]), "/constraints/1", "Fixation3D (id 5)"),
                 (spoilt("constraints", 0, value=None), "/constraints/0/value", "Distance3D", "number"),
                 (root(equations=[{"type": "GenericCallback"}]), "/equations/0", "GenericCallback"),
+                (spoilt("objects", 1, type=7), "/objects/1/type", "an object without type \"edge\" (id 2)", "string"),
+                (spoilt("objects", 1, type="Unknown"), "/objects/1", "No geometry has this type."),
+                (spoilt("constraints", 0, arguments=[0]), "/constraints/0",
+                 "constraint was not created! What it binds is missing, or of a kind that does not fit."),
                 (root(objects=[3]), "/objects/0", "an object without type"), (root(objects={}), "/objects", "array"),
                 (root(LinearTolerance="a"), "", "the root", "LinearTolerance"),
                 (root(constraints=0), "/constraints", "array"), (root(ReferenceGeometries=[9]), "/ReferenceGeometries"),
@@ -105,6 +109,8 @@ class Check(tool.ToolTest):
         report = self.report(INVALID, "check", "-", stdin=b"{\n  \"objects\": [,]\n}")
         self.assertIsNone(report["pointer"])
         self.assertIn("line 2, column 15", report["summary"])
+        self.assertTrue(self.failure(INVALID, "info", "-", stdin=b" <robot/>").endswith(
+            "A robot description is read by vrex import."))
         for text in (b"", b"0", b"\xff", b"[]", b"0\x00\x00\x00\x00"):
             self.failure(INVALID, "check", "-", stdin=text)
 
@@ -143,11 +149,14 @@ class Info(tool.ToolTest):
         self.assertIn("  Point3D   1      3\n", text)
 
     def test_labels_do_not_move_the_cursor(self):
-        document = tool.gap()
-        document.bind("Angle3D", [0, 1], value=1.0, label="a\x1b[2Jb\n")
-        text = self.expect(INVALID, "check", self.write(document)).stdout
-        self.assertIn(b"a?[2Jb?", text)
-        self.assertNotIn(b"\x1b", text)
+        for label, shown in (("a\x1b[2Jb\n", "a\\u001b[2Jb\\u000a"), ("\x7f\x80\x9f", "\\u007f\\u0080\\u009f"),
+                             ("\u202eabc\u2066\u200f\u061c", "\\u202eabc\\u2066\\u200f\\u061c"), ("\u2028", "\\u2028"),
+                             ("\xa0\u00e9\u4e2d\u200d\U0001f980", "\xa0\u00e9\u4e2d\u200d\U0001f980")):
+            document = tool.gap()
+            document.bind("Angle3D", [0, 1], value=1.0, label=label)
+            text = self.expect(INVALID, "check", self.write(document)).stdout.decode()
+            self.assertIn(f"  {shown}  Angle3D", text)
+            self.assertEqual(self.report(INVALID, "check", self.write(document))["refused"][0]["label"], label)
 
 
 class Components(tool.ToolTest):

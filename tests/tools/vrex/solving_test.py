@@ -3,6 +3,7 @@
 
 import json
 import math
+import struct
 
 import vrex_tool as tool
 from vrex_tool import (DIFFERENT, Document, FINE, INVALID, IO_FAILURE, NOT_CONVERGED, OVER_CONSTRAINED,
@@ -136,7 +137,8 @@ class Solve(tool.ToolTest):
         result = self.expect(FINE, "solve", "--out", "-", self.write(tool.gap()))
         self.assertEqual(len(json.loads(result.stdout)["objects"]), 2)
         self.assertIn(b"is solved", result.stderr)
-        self.failure(USAGE, "--json", "solve", "--out", "-", self.write(tool.gap()))
+        self.assertEqual(self.failure(USAGE, "--json", "solve", "--out", "-", self.write(tool.gap())),
+                         "With --json the report takes standard output: name a file for the document with --out.")
 
     def test_same_result_twice(self):
         file = self.write(tool.triangle(1.5, 1.2))
@@ -154,6 +156,22 @@ class Solve(tool.ToolTest):
                                    ("--move", "corner=1,2", "label=x,y,z"), ("--move", "corner=1,2,3,", "label=x,y,z"),
                                    ("--move", "width=1,2,3", "No geometry is called \"width\"")):
             self.assertIn(part, self.failure(USAGE, "solve", option, text, file))
+
+    def test_label_that_is_told_twice(self):
+        file = self.write(tool.gap())
+        for option, value in (("--set", "width=2"), ("--move", "corner=1,2,3")):
+            label = value.split("=")[0]
+            self.assertEqual(self.failure(USAGE, "solve", option, value, option, value, file),
+                             f"{option}: \"{label}\" stands here twice.")
+
+    def test_expressions_of_a_solved_document_name_what_they_named(self):
+        document = Document()
+        point = document.point(1.0, 2.0, 3.0)
+        document.add("objects", type="EvaluatedCurve3D", cen=tool.ZERO, rot=0.0, axis=tool.Z, x="t * q", y="0", z="0",
+                     descriptors=[{"name": "q", "index": 0, "type": "Geometry", "object": point}])
+        document.fix(point)
+        curve = self.solved(document)["objects"][1]
+        self.assertEqual(curve["descriptors"], document.root["objects"][1]["descriptors"])
 
     def test_input_is_never_the_output(self):
         file = self.write(tool.gap())
@@ -212,6 +230,44 @@ class Convert(tool.ToolTest):
             spoilt[place] ^= 0xFF
             self.assertIn(tool.run("check", "-", stdin=bytes(spoilt)).returncode, (FINE, INVALID), place)
 
+    def spoilt(self, old, new):
+        """A stream of two points, with other bytes in the second one."""
+        document = Document()
+        document.point(1.0, 2.0, 3.0, label="first")
+        document.point(1.0, 2.0, 3.25, label="last")
+        stream = self.expect(FINE, "convert", "--to", "stream", self.write(document)).stdout
+        self.assertEqual(stream.count(old), 1)
+        return stream.replace(old, new)
+
+    def test_objects_that_no_document_holds_are_named(self):
+        other = self.write(tool.gap())
+        for stream, told in (
+                (self.spoilt(struct.pack("<d", 3.25), struct.pack("<d", math.nan)),
+                 'at Point3D "last" (id 2): Non-finite number cannot be written as JSON.'),
+                (self.spoilt(b"last", b"la\xe9t"),
+                 'at Point3D "la\\xe9t" (id 2): Text that is not valid UTF-8 cannot be written as JSON.')):
+            for command in (("convert", "-"), ("diff", "-", other)):
+                self.assertEqual(self.failure(INVALID, *command, stdin=stream),
+                                 "Standard input cannot be written as a document " + told)
+
+    def test_labels_that_are_no_text_have_a_place_in_reports(self):
+        rows = self.report(FINE, "solve", "-", stdin=self.spoilt(b"last", b"la\xe9t"))["freedoms"]
+        self.assertEqual([row["label"] for row in rows], ["first", "la\\xe9t"])
+
+    def test_stream_stands_alone_and_whole(self):
+        stream = self.expect(FINE, "convert", "--to", "stream", self.write(tool.gap())).stdout
+        size = len(stream)
+        for text, told in ((stream[:100], f"neither a document nor a whole stream: it would have {size} bytes and has 100."),
+                           (stream + b"\n", f"nor one stream alone: 1 byte stands behind its end at offset {size}."),
+                           (stream * 2, f"nor one stream alone: {size} bytes stand behind its end at offset {size}.")):
+            self.assertIn(told, self.failure(INVALID, "info", "-", stdin=text))
+        self.expect(FINE, "info", "-", stdin=stream)
+
+    def test_stream_of_something_else(self):
+        """A block that holds an empty list of geometries, and then no list."""
+        self.assertIn("reading ended behind 0 geometries and 0 constraints",
+                      self.failure(INVALID, "info", "-", stdin=b"\x30\x05\0\0\0\x30\0\0\0\0"))
+
     def test_unknown_form(self):
         self.assertIn("FORM", tool.run("convert", "--help").stdout.decode())
         self.assertIn("--to", self.failure(USAGE, "convert", "--to", "picture", self.write(tool.gap())))
@@ -256,6 +312,19 @@ class Diff(tool.ToolTest):
             ("changed", "/constraints/0/label", 4, "gap", "room"), ("changed", "/constraints/0/maxLimit", 4, None, 5.0),
             ("changed", "/LinearTolerance", None, 1e-6, 1e-3)])
 
+    def test_keys_of_others_are_compared(self):
+        first, second = tool.gap(), tool.gap()
+        first.root.update({"author": "me", "a/b~c": {"size": [1.0, 2.0]}, "maxId": 9})
+        second.root.update({"author": "you", "a/b~c": {"size": [1.0, 2.5]}, "dragVariables": []})
+        self.assertEqual(self.differences(DIFFERENT, first, second), [
+            ("changed", "/author", None, "me", "you"), ("changed", "/a~1b~0c/size/1", None, 2.0, 2.5),
+            ("changed", "/maxId", None, 9, None), ("changed", "/dragVariables", None, None, [])])
+        self.assertEqual(self.differences(FINE, first, first), [])
+        # What says nothing is not written either.
+        second = tool.gap()
+        second.root.update(ReferenceGeometries=[], dragTranslations=[])
+        self.assertEqual(self.differences(FINE, tool.gap(), second), [])
+
     def test_two_standard_inputs(self):
         self.failure(USAGE, "diff", "-", "-")
 
@@ -297,6 +366,30 @@ class Import(tool.ToolTest):
         report = self.report(INVALID, "import", "--out", output, robot)
         self.assertFalse(report["imported"])
         self.expect_files("arm.urdf")
+
+    def test_strict_import_tells_what_to_do(self):
+        robot = self.write(ROBOT % b"", "arm.urdf")
+        self.assertEqual(self.failure(INVALID, "--quiet", "import", robot),
+                         f"{robot}:3: link \"tip\": <glow> is not known. 1 further error follows. "
+                         "With --lenient there are warnings instead.")
+        robot = self.write((ROBOT % b"").replace(b'"0 0 1"', b'"0 0"'), "arm.urdf")
+        self.assertEqual(self.failure(INVALID, "--quiet", "import", robot),
+                         f"{robot}:3: link \"tip\": <glow> is not known. 2 further errors follow.")
+
+    def test_loops_from_standard_input(self):
+        robot = self.write(ROBOT % b'<limit lower="-1" upper="2"/>', "arm.urdf")
+        loops = b"closed_loop: [[base, tip]]\ntype: [3d]\nmotor: x\n"
+        report = self.report(FINE, "import", "--lenient", "--loops", "-", "--out", self.folder / "arm.json", robot, stdin=loops)
+        self.assertEqual([(row["file"], row["line"], row["name"]) for row in report["findings"]],
+                         [(str(robot), 3, "glow"), ("Standard input", 3, "motor")])
+        kinds = [item["type"] for item in json.loads((self.folder / "arm.json").read_text())["constraints"]]
+        self.assertIn("Incidence3D", kinds)
+
+    def test_report_and_document_do_not_share_standard_output(self):
+        robot = self.write(ROBOT % b"", "arm.urdf")
+        for options in ((), ("--out", "-")):
+            self.assertEqual(self.failure(USAGE, "--json", "import", "--lenient", *options, robot),
+                             "With --json the report takes standard output: name a file for the document with --out.")
 
     def test_files_that_are_not_there(self):
         self.assertIn("none.urdf", self.failure(IO_FAILURE, "import", self.folder / "none.urdf"))

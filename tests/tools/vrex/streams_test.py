@@ -74,6 +74,16 @@ class StandardStreams(tool.ToolTest):
                           ("diff", file), ("diff", "--tolerance", "-1", file, file)):
             self.failure(USAGE, *arguments)
 
+    def test_arguments_are_named(self):
+        file = self.write(tool.gap())
+        for part, arguments in (('"frobnicate" is neither a command nor an option', ("frobnicate", file)),
+                                ('"--frobnicate" is neither a command nor an option', ("info", "--frobnicate")),
+                                ("--out: a file needs a name", ("solve", file, "--out", "")),
+                                ("--loops: a file needs a name", ("import", file, "--loops", "")),
+                                ("input: a file needs a name", ("info", "")), ("second: a file needs a name", ("diff", file, "")),
+                                ("Only one of robot description and loop file", ("import", "--loops", "-", "-"))):
+            self.assertIn(part, self.failure(USAGE, *arguments))
+
     def test_numbers_that_are_none(self):
         file = self.write(tool.gap())
         for number in ("nan", "inf", "1e400", "-1"):
@@ -92,8 +102,26 @@ class StandardStreams(tool.ToolTest):
             self.assertEqual(closed.returncode, code, arguments)
 
     def test_failures_do_not_move_the_cursor(self):
-        robot = b'<robot name="r"><link name="&#27;[2J&#10;"/><link name="&#27;[2J&#10;"/></robot>'
-        self.assertIn('link "?[2J?"', self.failure(INVALID, "import", "--quiet", self.write(robot)))
+        robot = '<robot name="r"><link name="&#x9b;2J\u202e"/><link name="&#x9b;2J\u202e"/></robot>'
+        self.assertIn('link "\\u009b2J\\u202e"',
+                      self.failure(INVALID, "import", "--quiet", self.write(robot.encode(), "r.urdf")))
+        name = os.fsencode(self.folder) + b"/\xff\x1b.json"
+        self.assertEqual(self.failure(IO_FAILURE, "info", os.fsdecode(name)),
+                         f"{self.folder}/\\xff\\u001b.json cannot be read: No such file or directory.")
+
+    def test_names_that_are_no_text_have_a_place_in_reports(self):
+        name = os.fsdecode(os.fsencode(self.folder) + b"/\xff.json")
+        pathlib.Path(name).write_bytes(tool.gap().text())
+        self.assertIn("/\\xff.json is valid.", self.report(FINE, "check", name)["summary"])
+        pathlib.Path(name).write_bytes(b"<robot name='r'><link name='a'/><wheel/></robot>")
+        finding, = self.report(FINE, "import", "--lenient", name, "--out", self.folder / "out.json")["findings"]
+        self.assertTrue(finding["file"].endswith("/\\xff.json"))
+
+    def test_zero_in_a_label_does_not_end_the_sentence(self):
+        document = tool.Document()
+        document.point(0.0, 0.0, 0.0, label="a\0b")
+        self.assertIn('Point3D "a\\u0000b" (id 1): ',
+                      self.failure(INVALID, "convert", "--to", "stream", self.write(document)))
 
     def test_options_stand_before_and_behind_the_command(self):
         file = self.write(tool.gap())
@@ -184,7 +212,7 @@ class Interruption(tool.ToolTest):
         process = subprocess.Popen([PROGRAM, "convert", "--out", pipe, self.write(tool.gap())])
         time.sleep(0.5)
         process.send_signal(signal.SIGINT)
-        self.assertEqual(process.wait(timeout=10), -signal.SIGINT)
+        self.assertEqual(process.wait(timeout=120), -signal.SIGINT)
 
     def test_no_file_is_torn_whenever_it_ends(self):
         texts = [tool.run("convert", self.write(many(5000 + i))).stdout for i in range(2)]

@@ -40,6 +40,12 @@ CLI::Validator finiteNumber(bool canBeZero) {
     return {complaint, ""};
 }
 
+/// A file needs a name: what is empty comes from a variable of a shell that nobody has set.
+CLI::Validator fileName() {
+    return {[](const std::string& name) { return std::string(name.empty() ? "a file needs a name" : ""); },
+            ""};
+}
+
 /// All commands with their options as the arguments fill them.
 class CommandLine {
 public:
@@ -69,13 +75,21 @@ public:
             VrexConsole().print(text.str());
             return VrexExitCode::FINE;
         } catch (const CLI::ParseError& error) {
-            VrexConsole().fail(std::string(error.what()) + ". See vrex --help.");
+            VrexConsole().fail(complaintOf(error) + ". See vrex --help.");
             return VrexExitCode::USAGE;
         }
         return m_run(VrexConsole(m_console));
     }
 
 private:
+    /// What is missing counts for less than what stands there instead.
+    std::string complaintOf(const CLI::ParseError& error) const {
+        const std::vector<std::string> unknown = m_app.remaining(true);
+        const bool isMissing = dynamic_cast<const CLI::RequiredError*>(&error) != nullptr;
+        return isMissing && !unknown.empty()
+                   ? fmt::format("\"{}\" is neither a command nor an option", unknown.front())
+                   : error.what();
+    }
     template <class Command>
     CLI::App& add(const char* name, const char* description, Command& command) {
         CLI::App& added = *m_app.add_subcommand(name, description);
@@ -85,10 +99,13 @@ private:
         return added;
     }
     static CLI::Option* addOutput(CLI::App& app, std::string& output, const char* what) {
-        return app.add_option("-o,--out", output, what)->type_name("FILE");
+        return app.add_option("-o,--out", output, what)->type_name("FILE")->check(fileName());
+    }
+    static void addFile(CLI::App& app, const char* name, std::string& file, const char* what) {
+        app.add_option(name, file, what)->required()->type_name("")->check(fileName());
     }
     static void addInput(CLI::App& app, std::string& input, const char* what = INPUT) {
-        app.add_option("input", input, what)->required()->type_name("");
+        addFile(app, "input", input, what);
     }
 
     void addCheck() { addInput(add("check", "Tell which constraints are refused", m_check), m_check.input); }
@@ -136,13 +153,14 @@ private:
         addInput(app, m_import.input, "Robot description; - is standard input");
         addOutput(app, m_import.output, "Where the document goes; standard output by default");
         app.add_option("--loops", m_import.loopFile, "The file with the pairs that close loops")
-            ->type_name("FILE");
+            ->type_name("FILE")
+            ->check(fileName());
         app.add_flag("--lenient", m_import.isLenient, "Warn of what is doubtful instead of refusing it");
     }
     void addDiff() {
         CLI::App& app = add("diff", "Compare two documents object by object", m_diff);
-        app.add_option("first", m_diff.first, INPUT)->required()->type_name("");
-        app.add_option("second", m_diff.second, INPUT)->required()->type_name("");
+        addFile(app, "first", m_diff.first, INPUT);
+        addFile(app, "second", m_diff.second, INPUT);
         app.add_option("--tolerance", m_diff.tolerance, "Numbers that differ by no more are the same")
             ->capture_default_str()
             ->check(finiteNumber(true));

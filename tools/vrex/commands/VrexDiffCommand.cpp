@@ -1,14 +1,13 @@
 #include "tools/vrex/commands/VrexDiffCommand.h"
 
 #include <cstddef>
-#include <exception>
 
 #include <fmt/format.h>
 
-#include "data/serialization/3d/VrexSystem3DSerializer.h"
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexDocumentDifference.h"
 #include "tools/vrex/VrexDocumentReader.h"
+#include "tools/vrex/VrexDocumentWriter.h"
 #include "tools/vrex/VrexObjectNames.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexReport.h"
@@ -17,19 +16,6 @@
 namespace {
 
 using Change = VrexDifference::Change;
-
-/// The document as it would be written, so that only what it means is compared.
-LumoJson jsonOf(const std::string& name, const VrexConsole& console) {
-    const VrexDocument document = nsVrexDocument::read(name, console);
-    try {
-        LumoJson json;
-        serialize(document.system, json, {});
-        return json;
-    } catch (const std::exception& error) {
-        throw VrexToolFailure(VrexExitCode::INVALID,
-                              fmt::format("{} cannot be compared: {}", document.title, error.what()));
-    }
-}
 
 const char* textOf(Change change) {
     switch (change) {
@@ -61,8 +47,9 @@ VrexExitCode VrexDiffCommand::run(const VrexConsole& console) const {
     if (first == "-" && second == "-") {
         throw VrexToolFailure(VrexExitCode::USAGE, "Only one of the two documents can be standard input.");
     }
-    const LumoJson one = jsonOf(first, console);
-    const LumoJson other = jsonOf(second, console);
+    // As they would be written, so that only what they mean is compared.
+    const LumoJson one = nsVrexDocument::jsonOf(nsVrexDocument::read(first, console));
+    const LumoJson other = nsVrexDocument::jsonOf(nsVrexDocument::read(second, console));
     VrexReport report("diff");
     auto& table =
         report.addTable("differences", {"change", "pointer", "id", "type", "label", "first", "second"});

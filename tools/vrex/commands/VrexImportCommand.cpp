@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
+#include <iterator>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -10,7 +12,6 @@
 #include "tools/vrex/VrexConsole.h"
 #include "tools/vrex/VrexDocumentReader.h"
 #include "tools/vrex/VrexDocumentWriter.h"
-#include "tools/vrex/VrexFile.h"
 #include "tools/vrex/VrexObjectNames.h"
 #include "tools/vrex/VrexProgress.h"
 #include "tools/vrex/VrexReport.h"
@@ -29,9 +30,13 @@ const char* textOf(VrexUrdfSeverity severity) {
     }
 }
 
+std::string fileOf(const VrexUrdfFinding& finding, const std::string& title) {
+    return finding.file.empty() ? title : nsVrexDocument::titleOf(finding.file);
+}
+
 /// File and line, as far as they are known.
 std::string placeOf(const VrexUrdfFinding& finding, const std::string& title) {
-    const std::string& file = finding.file.empty() ? title : finding.file;
+    const std::string file = fileOf(finding, title);
     return finding.line > 0 ? fmt::format("{}:{}", file, finding.line) : file;
 }
 
@@ -40,7 +45,7 @@ VrexUrdfImport read(const VrexImportCommand& command, const std::string& title, 
     options.isStrict = !command.isLenient;
     options.loopFile = command.loopFile;
     const VrexUrdfReader reader(options);
-    if (command.input == "-") {
+    if (command.input == "-" || command.loopFile == "-") {
         const std::string robot = nsVrexDocument::loadText(command.input, console);
         const std::string loops =
             command.loopFile.empty() ? "" : nsVrexDocument::loadText(command.loopFile, console);
@@ -68,28 +73,37 @@ VrexReport reportOf(const VrexUrdfImport& import, const std::string& title) {
     report.add("constraints", isImported ? import.system->constraints().size() : 0);
     auto& table = report.addTable("findings", {"severity", "file", "line", "name", "message"});
     for (const VrexUrdfFinding& finding : import.findings) {
-        table.add({textOf(finding.severity), finding.file.empty() ? title : finding.file,
+        table.add({textOf(finding.severity), fileOf(finding, title),
                    finding.line > 0 ? LumoJson(finding.line) : LumoJson(), finding.name, finding.message});
     }
     return report;
 }
 
+/// Of what was found, the first error, and what can be done about all of them.
 [[noreturn]] void fail(const VrexUrdfImport& import, const std::string& title) {
-    const auto error =
-        std::ranges::find(import.findings, VrexUrdfSeverity::Error, &VrexUrdfFinding::severity);
-    throw VrexToolFailure(VrexExitCode::INVALID,
-                          error != import.findings.end()
-                              ? fmt::format("{}: {}", placeOf(*error, title), error->message)
-                              : fmt::format("{} holds nothing that can be imported.", title));
+    std::vector<VrexUrdfFinding> errors;
+    std::ranges::copy_if(import.findings, std::back_inserter(errors), [](const VrexUrdfFinding& finding) {
+        return finding.severity == VrexUrdfSeverity::Error;
+    });
+    std::string sentence = fmt::format("{}: {}", placeOf(errors.front(), title), errors.front().message);
+    if (errors.size() > 1) {
+        sentence += fmt::format(" {}.", nsVrexObjectNames::countOf(errors.size() - 1, "further error follows",
+                                                                   "further errors follow"));
+    }
+    if (std::ranges::all_of(errors, &VrexUrdfFinding::isDoubt)) {
+        sentence += " With --lenient there are warnings instead.";
+    }
+    throw VrexToolFailure(VrexExitCode::INVALID, sentence);
 }
 
 } // namespace
 
 VrexExitCode VrexImportCommand::run(const VrexConsole& console) const {
-    if (output == "-" && console.options().isJson) {
+    if (input == "-" && loopFile == "-") {
         throw VrexToolFailure(VrexExitCode::USAGE,
-                              "--json and --out - cannot both have standard output: name a file with --out.");
+                              "Only one of robot description and loop file can be standard input.");
     }
+    nsVrexDocument::expectOwnStream(output, console);
     nsVrexDocument::expectOther(input, output);
     nsVrexDocument::expectOther(loopFile.empty() ? VrexUrdfReader::loopFileBeside(input).string() : loopFile,
                                 output);
@@ -99,7 +113,7 @@ VrexExitCode VrexImportCommand::run(const VrexConsole& console) const {
     if (import.system.has_value()) {
         nsVrexDocument::write(output, nsVrexDocument::textOf({title, *import.system, {}}), console);
     }
-    output == "-" ? console.tell(report) : console.print(report);
+    nsVrexDocument::printBeside(output, report, console);
     if (!import.system.has_value()) {
         fail(import, title);
     }

@@ -36,14 +36,14 @@ public:
           m_document(std::move(document)),
           m_geometries(nsVrexSystemLists::geometriesOf(m_document.system)),
           m_constraints(nsVrexSystemLists::constraintsOf(m_document.system)) {
-        for (const std::string& text : m_command.settings) {
-            set(nsVrexLabels::parse(SET, text, 1));
+        for (const auto& setting : nsVrexLabels::parse(SET, m_command.settings, 1)) {
+            set(setting);
         }
         if (m_command.followsDrags) {
             m_drag = m_document.system.transform();
         }
-        for (const std::string& text : m_command.moves) {
-            move(nsVrexLabels::parse(MOVE, text, 3));
+        for (const auto& setting : nsVrexLabels::parse(MOVE, m_command.moves, 3)) {
+            move(setting);
         }
     }
 
@@ -153,10 +153,7 @@ Verdict judge(const VrexSolveCommand& command, const VrexSolveReport& report, co
 } // namespace
 
 VrexExitCode VrexSolveCommand::run(const VrexConsole& console) const {
-    if (output == "-" && console.options().isJson) {
-        throw VrexToolFailure(VrexExitCode::USAGE,
-                              "--json and --out - cannot both have standard output: name a file with --out.");
-    }
+    nsVrexDocument::expectOwnStream(output, console);
     nsVrexDocument::expectOther(input, output);
     const Solving solving(*this, nsVrexDocument::read(input, console));
     const VrexSolverReport solved = solving.solve(console);
@@ -174,7 +171,7 @@ VrexExitCode VrexSolveCommand::run(const VrexConsole& console) const {
     } else if (!output.empty()) {
         console.note("Nothing is written: there is no solution.");
     }
-    output == "-" ? console.tell(report) : console.print(report);
+    nsVrexDocument::printBeside(output, report, console);
     if (output == "-" && console.options().isQuiet && code != VrexExitCode::FINE) {
         console.fail(sentence); // The report was not told.
     }

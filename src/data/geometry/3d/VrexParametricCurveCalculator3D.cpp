@@ -20,7 +20,13 @@ namespace {
 /// Makes the calculator of the visited curve.
 class VrexCurveCalculatorVisitor : public VrexVisitor3D {
 public:
-    std::shared_ptr<VrexParametricCurveCalculator3D> takeResult() { return std::move(m_result); }
+    /// Throws for a curve that let itself be visited as none of those below.
+    std::shared_ptr<VrexParametricCurveCalculator3D> takeResult() {
+        if (m_result == nullptr) {
+            refuse();
+        }
+        return std::move(m_result);
+    }
 
     void visitCircle3D(VrexCircle3D& circle) override { make<VrexCircleCalculator3D>(circle); }
     void visitEllipse3D(VrexEllipse3D& ellipse) override { make<VrexEllipseCalculator3D>(ellipse); }
@@ -28,11 +34,10 @@ public:
         make<VrexEvaluatedCurveCalculator3D>(curve);
     }
     void visitSpline3D(VrexSpline3D& spline) override { make<VrexSplineCalculator3D>(spline); }
-    void visitParametricCurve3D(VrexParametricCurve3D& /*curve*/) override {
-        VREX_RAISE(std::runtime_error, "This curve type is unsupported");
-    }
+    void visitParametricCurve3D(VrexParametricCurve3D& /*curve*/) override { refuse(); }
 
 private:
+    [[noreturn]] static void refuse() { VREX_RAISE(std::runtime_error, "This curve type is unsupported"); }
     template <class Calculator, class Curve>
     void make(const Curve& curve) {
         m_result = std::make_shared<Calculator>(curve);

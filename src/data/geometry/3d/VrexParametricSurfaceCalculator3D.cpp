@@ -26,7 +26,13 @@ namespace {
 /// Makes the calculator of the visited surface.
 class VrexSurfaceCalculatorVisitor : public VrexVisitor3D {
 public:
-    std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() { return std::move(m_result); }
+    /// Throws for a surface that let itself be visited as none of those below.
+    std::shared_ptr<VrexParametricSurfaceCalculator3D> takeResult() {
+        if (m_result == nullptr) {
+            refuse();
+        }
+        return std::move(m_result);
+    }
 
     void visitCone3D(VrexCone3D& cone) override { make<VrexConeCalculator3D>(cone); }
     void visitCylinder3D(VrexCylinder3D& cylinder) override { make<VrexCylinderCalculator3D>(cylinder); }
@@ -43,11 +49,10 @@ public:
         make<VrexNURBSSurfaceCalculator3D>(surface);
     }
     void visitTorus3D(VrexTorus3D& torus) override { make<VrexTorusCalculator3D>(torus); }
-    void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override {
-        VREX_RAISE(std::runtime_error, "This surface type is unsupported");
-    }
+    void visitParametricSurface3D(VrexParametricSurface3D& /*surface*/) override { refuse(); }
 
 private:
+    [[noreturn]] static void refuse() { VREX_RAISE(std::runtime_error, "This surface type is unsupported"); }
     template <class Calculator, class Surface>
     void make(const Surface& surface) {
         m_result = std::make_shared<Calculator>(surface);

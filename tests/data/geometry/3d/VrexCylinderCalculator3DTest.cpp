@@ -155,6 +155,22 @@ TEST(VrexCylinderCalculator3D, EveryParameterAppearsInEveryElementUnlessSwitched
     EXPECT_EQ(keysOf(0, 0), 4U) << "the origin's own component as well";
 }
 
+TEST(VrexCylinderCalculator3D, DerivativesThatVanishDependOnTheAxisAllTheSame) {
+    nsCalculatorChecks::Random random(7);
+    const auto cylinder = makeRandom(random);
+    VrexCylinderCalculator3D calculator(*cylinder);
+    calculator.setAddZeroDerivatives(false);
+    const auto list = nsCalculatorChecks::independent(
+        nsCalculatorChecks::parametersOf(cylinder, VrexCylinder3D::PARAMETERS_AMOUNT, {}));
+    const auto sample = calculator.calculate(list, VrexVariable(0.7), VrexVariable(2.0), 2);
+    for (const std::size_t element : {2U, 4U, 5U, 7U, 8U}) {
+        for (int component = 0; component < 3; ++component) {
+            EXPECT_EQ(sample[element][component].value(), 0.0);
+            EXPECT_EQ(sample[element][component].derivatives().size(), 2U) << element << " " << component;
+        }
+    }
+}
+
 TEST(VrexCylinderCalculator3D, NormalNeverGetsFurtherParameters) {
     nsCalculatorChecks::Random random(5);
     const auto cylinder = makeRandom(random);

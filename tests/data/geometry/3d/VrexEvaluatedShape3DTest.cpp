@@ -79,6 +79,17 @@ TEST(VrexEvaluatedShape3D, NewDescriptorsBindTheTextsAnew) {
     EXPECT_EQ(valueOf(shape, X), 7.0);
 }
 
+TEST(VrexEvaluatedShape3D, NameThatTheDescriptorsLoseIsToldAtOnce) {
+    VrexEvaluatedShape3D shape(NAMES);
+    ASSERT_TRUE(shape.set("u", "u + a", "v", {named("a", 5.0)}));
+    const LogCapture log;
+    shape.setDescriptors({});
+    ASSERT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(log.lines()[0].text, "Expression parse error: undefined parameter \"a\"");
+    EXPECT_EQ(valueOf(shape, Y), 2.0) << "and counts as 0";
+    EXPECT_EQ(log.lines().size(), 1U) << "told once";
+}
+
 TEST(VrexEvaluatedShape3D, SetReplacesDescriptorsAndTexts) {
     VrexEvaluatedShape3D shape(NAMES);
     ASSERT_TRUE(shape.setText(X, "u"));

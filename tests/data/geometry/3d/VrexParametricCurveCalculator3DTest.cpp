@@ -45,6 +45,18 @@ TEST(VrexParametricCurveCalculator3D, UnknownClassThrows) {
     EXPECT_THAT(log.lines().front().text, testing::EndsWith("(): This curve type is unsupported"));
 }
 
+/// Lets no visitor know what it is.
+class SilentCurve : public ProbeCurve {
+public:
+    void accept(VrexVisitor3D& /*visitor*/) override {}
+};
+
+TEST(VrexParametricCurveCalculator3D, ClassThatIsNotVisitedAtAllThrows) {
+    const SilentCurve silent;
+    EXPECT_THAT([&] { static_cast<void>(VrexParametricCurveCalculator3D::create(silent)); },
+                testing::ThrowsMessage<std::runtime_error>("This curve type is unsupported"));
+}
+
 TEST(VrexParametricCurveCalculator3D, KeepsACurveOfSharedPointersAlive) {
     auto circle = VrexCircle3D::create({0.0, 0.0, 0.0}, {0.0, 0.0, 1.0}, 2.0);
     auto calculator = VrexParametricCurveCalculator3D::create(*circle);

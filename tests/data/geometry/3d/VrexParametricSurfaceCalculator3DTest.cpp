@@ -50,6 +50,18 @@ TEST(VrexParametricSurfaceCalculator3D, UnknownClassThrows) {
     EXPECT_THAT(log.lines().front().text, testing::EndsWith("(): This surface type is unsupported"));
 }
 
+/// Lets no visitor know what it is.
+class SilentSurface : public ProbeSurface {
+public:
+    void accept(VrexVisitor3D& /*visitor*/) override {}
+};
+
+TEST(VrexParametricSurfaceCalculator3D, ClassThatIsNotVisitedAtAllThrows) {
+    const SilentSurface silent;
+    EXPECT_THAT([&] { static_cast<void>(VrexParametricSurfaceCalculator3D::create(silent)); },
+                testing::ThrowsMessage<std::runtime_error>("This surface type is unsupported"));
+}
+
 TEST(VrexParametricSurfaceCalculator3D, KeepsASurfaceOfSharedPointersAlive) {
     auto cylinder = VrexCylinder3D::create({0.0, 0.0, 0.0}, {0.0, 0.0, 1.0}, 2.0);
     auto calculator = VrexParametricSurfaceCalculator3D::create(*cylinder);

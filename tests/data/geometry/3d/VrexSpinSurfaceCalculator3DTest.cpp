@@ -1,12 +1,16 @@
 #include "data/geometry/3d/VrexSpinSurfaceCalculator3D.h"
 
 #include <cmath>
+#include <memory>
 #include <stdexcept>
+#include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/ExpectShapeDerivatives.h"
 #include "support/LogCapture.h"
+#include "support/ProbeShapes.h"
 #include "support/ProfileSamples.h"
 #include "support/RandomShapes.h"
 #include "support/Samples.h"
@@ -189,6 +193,15 @@ TEST(VrexSpinSurfaceCalculator3D, ProfileAndLineShareNoParameters) {
                      std::invalid_argument)
             << count;
     }
+}
+
+TEST(VrexSpinSurfaceCalculator3D, ProfileWithoutACalculatorThrowsAsByItself) {
+    const auto surface = VrexSpinSurface3D::create(std::make_shared<ProbeCurve>(), makeSample<VrexLine3D>());
+    EXPECT_THAT([&] { static_cast<void>(surface->evaluate(0.0, 0.0, 0)); },
+                testing::ThrowsMessage<std::runtime_error>("This curve type is unsupported"));
+    const std::vector<VrexVariable> line(5);
+    EXPECT_THAT([&] { static_cast<void>(surface->evaluate(line, VrexVariable(), VrexVariable(), 0)); },
+                testing::ThrowsMessage<std::runtime_error>("This curve type is unsupported"));
 }
 
 TEST(VrexSpinSurfaceCalculator3D, MissingProfileOrLineThrows) {

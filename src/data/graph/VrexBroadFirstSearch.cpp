@@ -62,5 +62,7 @@ private:
 
 void VrexBroadFirstSearch::search(VrexConstraintGraph& graph, std::shared_ptr<VrexVertex>& vertex,
                                   VrexGraphVisitor& visitor) {
-    Search(graph, visitor, colorMap()).run(vertex);
+    if (vertex != nullptr) {
+        Search(graph, visitor, colorMap()).run(vertex);
+    }
 }

@@ -96,5 +96,7 @@ private:
 
 void VrexDepthFirstSearch::search(VrexConstraintGraph& graph, std::shared_ptr<VrexVertex>& vertex,
                                   VrexGraphVisitor& visitor) {
-    Search(graph, visitor, colorMap()).run(vertex);
+    if (vertex != nullptr) {
+        Search(graph, visitor, colorMap()).run(vertex);
+    }
 }

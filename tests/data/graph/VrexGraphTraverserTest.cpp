@@ -179,6 +179,59 @@ TEST(VrexGraphTraverser, ColoursOfAFormerGraphAreForgotten) {
     }
 }
 
+TEST(VrexGraphTraverser, SearchBehindAWalkGoesOnFromItsColours) {
+    VrexConstraintGraph graph = Pair().graph();
+    std::shared_ptr<VrexVertex> vertex = graph[2];
+    const auto metBehindAWalk = [&](auto walk) {
+        VrexComponentGenerator generator;
+        walk.traverse(graph, generator);
+        auto copy = walk;
+        Watcher watcher;
+        copy.search(graph, vertex, watcher);
+        walk.search(graph, vertex, watcher);
+        return watcher.met;
+    };
+    // All neighbours were visited.
+    EXPECT_EQ(metBehindAWalk(VrexDepthFirstSearch()), (std::vector<std::uint64_t>{3, 3}));
+    EXPECT_EQ(metBehindAWalk(VrexBroadFirstSearch()), (std::vector<std::uint64_t>{3, 3}));
+}
+
+TEST(VrexGraphTraverser, SearchWithoutAWalkBeforeFindsAllThatIsReached) {
+    VrexConstraintGraph graph = Pair().graph();
+    std::shared_ptr<VrexVertex> vertex = graph[0];
+    Watcher watcher;
+    VrexDepthFirstSearch().search(graph, vertex, watcher);
+    EXPECT_EQ(watcher.met, (std::vector<std::uint64_t>{1, 3, 2}));
+}
+
+TEST(VrexGraphTraverser, SearchFromNullVisitsNothing) {
+    VrexConstraintGraph graph = Pair().graph();
+    std::shared_ptr<VrexVertex> none;
+    GraphRecorder recorder;
+    VrexDepthFirstSearch().search(graph, none, recorder);
+    VrexBroadFirstSearch().search(graph, none, recorder);
+    EXPECT_EQ(recorder.steps(), Steps());
+}
+
+/// Colours the last vertex as finished before that is initialized; without effect while there are no colours.
+class Meddler : public Watcher {
+public:
+    void initializeVertex(VrexConstraintGraph&, std::shared_ptr<VrexVertex>& vertex) override {
+        if (vertex->getID() == 1) {
+            setFixGeometryColor(3, Color::Black);
+        }
+    }
+};
+
+TEST(VrexGraphTraverser, ColourOfAVertexIsSetWhenItIsInitialized) {
+    VrexConstraintGraph graph = Pair().graph();
+    VrexDepthFirstSearch walk;
+    Meddler meddler;
+    walk.traverse(graph, meddler);
+    walk.traverse(graph, meddler); // with the colours of the walk before, as long as these are set anew
+    EXPECT_EQ(meddler.met, (std::vector<std::uint64_t>{3, 1, 2, 3, 1, 2}));
+}
+
 TEST(VrexGraphTraverser, ObjectThatChangedItsIdentifierIsNotFound) {
     Pair pair;
     VrexConstraintGraph graph = pair.graph();

@@ -339,6 +339,32 @@ TEST(VrexGraphTraverser, VisitorMayAddToTheGraph) {
     }
 }
 
+/// Clears the graph when it examines, or finishes, an edge.
+class Clearer : public Watcher {
+public:
+    explicit Clearer(bool isLate) : m_isLate(isLate) {}
+    void examineEdge(VrexConstraintGraph& graph, VrexEdge&) override { m_isLate ? void() : graph.clear(); }
+    void finishEdge(VrexConstraintGraph& graph, VrexEdge&) override { graph.clear(); }
+
+private:
+    bool m_isLate;
+};
+
+TEST(VrexGraphTraverser, WalkEndsWhereAVisitorClearsTheGraph) {
+    const auto metUntil = [](bool isLate, VrexGraphTraverser&& walk) {
+        VrexConstraintGraph graph = Pair().graph();
+        Clearer clearer(isLate);
+        walk.traverse(graph, clearer);
+        EXPECT_EQ(graph.numVertices(), 0U);
+        return clearer.met;
+    };
+    EXPECT_EQ(metUntil(false, VrexDepthFirstSearch()), (std::vector<std::uint64_t>{3}));
+    EXPECT_EQ(metUntil(false, VrexBroadFirstSearch()), (std::vector<std::uint64_t>{3}));
+    EXPECT_EQ(metUntil(true, VrexDepthFirstSearch()), (std::vector<std::uint64_t>{3, 1}));
+    // A neighbour is queued already, which the graph no longer knows.
+    EXPECT_THROW(metUntil(true, VrexBroadFirstSearch()), std::out_of_range);
+}
+
 TEST(VrexGraphTraverser, TimeIsADiagnostic) {
     VrexConstraintGraph graph = Pair().graph();
     const LogCapture log;

@@ -18,17 +18,10 @@ namespace nsStreamObjects {
 using nsStreamProbe::block;
 using nsStreamProbe::Bytes;
 using nsStreamProbe::f64;
+using nsStreamProbe::join;
 using nsStreamProbe::little;
 using nsStreamProbe::string;
 using Ids = std::initializer_list<std::uint64_t>;
-
-inline Bytes join(std::initializer_list<Bytes> parts) {
-    Bytes all;
-    for (const Bytes& part : parts) {
-        nsStreamProbe::append(all, part);
-    }
-    return all;
-}
 
 inline Bytes u32(std::int64_t number) { return little(static_cast<std::uint64_t>(number), 4); }
 inline Bytes u64(std::uint64_t number) { return little(number, 8); }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <initializer_list>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -68,6 +69,14 @@ inline Bytes written(const Write& write) {
 
 inline void append(Bytes& bytes, const Bytes& more) {
     std::copy(more.begin(), more.end(), std::back_inserter(bytes));
+}
+
+inline Bytes join(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts) {
+        append(all, part);
+    }
+    return all;
 }
 
 /// The `size` low bytes of a number, the lowest first.

@@ -38,8 +38,9 @@ VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>::VrexAdj
     VrexAdjacentList&& other) noexcept
     : m_adjacency(std::move(other.m_adjacency)),
       m_vertices(std::move(other.m_vertices)),
-      m_edgeCount(other.m_edgeCount),
-      m_vertexCount(std::exchange(other.m_vertexCount, 0)) {}
+      m_edgeCount(std::exchange(other.m_edgeCount, 0)),
+      m_vertexCount(std::exchange(other.m_vertexCount, 0)),
+      m_places(std::move(other.m_places)) {}
 
 template <class VertexPtr, class Edge, class EdgeList, class VertexList, class AdjacencyTable>
 VrexAdjacentList<VertexPtr, Edge, EdgeList, VertexList, AdjacencyTable>&

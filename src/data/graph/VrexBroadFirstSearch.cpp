@@ -1,10 +1,11 @@
 #include "data/graph/VrexBroadFirstSearch.h"
 
 #include <cstddef>
-#include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "data/graph/VrexConstraintGraph.h"
+#include "data/graph/VrexEdgePlace.h"
 #include "data/graph/VrexGraphVisitor.h"
 
 namespace {
@@ -32,20 +33,22 @@ private:
     void expand(std::shared_ptr<VrexVertex>& vertex) {
         colorOf(*vertex) = VrexGraphVertexColor::Black;
         m_graph.getAdjacents(vertex); // throws for a vertex that the graph does not know
-        const std::uint64_t index = m_graph.getIndex(vertex);
-        for (std::size_t i = 0; index < m_graph.numVertices() && i < m_graph.getAdjacents(index).size();
-             ++i) {
-            pass(vertex, index, i);
+        VrexEdgePlace place{m_graph.getIndex(vertex)};
+        for (; VrexEdge* const edge = place.edgeIn(m_graph); ++place.next) {
+            pass(vertex, place, *edge);
         }
         m_visitor.finishVertex(m_graph, vertex);
     }
-    void pass(const std::shared_ptr<VrexVertex>& vertex, std::uint64_t index, std::size_t i) {
-        m_visitor.examineEdge(m_graph, m_graph.getAdjacents(index)[i]);
-        const std::shared_ptr<VrexVertex> other = m_graph.getAdjacents(index)[i].getAnother(vertex);
+    void pass(const std::shared_ptr<VrexVertex>& vertex, const VrexEdgePlace& place, VrexEdge& edge) {
+        m_visitor.examineEdge(m_graph, edge);
+        const VrexEdge* const left = place.edgeIn(m_graph);
+        const std::shared_ptr<VrexVertex> other = left != nullptr ? left->getAnother(vertex) : nullptr;
         if (other != nullptr && !isVisitedColor(colorOf(*other)) && !m_visitor.isStopped()) {
             m_queue.push_back(other);
         }
-        m_visitor.finishEdge(m_graph, m_graph.getAdjacents(index)[i]);
+        if (VrexEdge* const finished = place.edgeIn(m_graph)) {
+            m_visitor.finishEdge(m_graph, *finished);
+        }
         // Kept: behind the test, and for finished vertices too.
         if (other != nullptr && !isFixedColor(colorOf(*other))) {
             colorOf(*other) = VrexGraphVertexColor::Gray;
@@ -62,5 +65,7 @@ private:
 
 void VrexBroadFirstSearch::search(VrexConstraintGraph& graph, std::shared_ptr<VrexVertex>& vertex,
                                   VrexGraphVisitor& visitor) {
-    Search(graph, visitor, colorMap()).run(vertex);
+    if (vertex != nullptr) {
+        Search(graph, visitor, colorMap()).run(vertex);
+    }
 }

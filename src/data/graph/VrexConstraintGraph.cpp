@@ -1,6 +1,7 @@
 #include "data/graph/VrexConstraintGraph.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
@@ -18,8 +19,23 @@ std::uint64_t widened(std::uint32_t index) { return index == VrexVertexIndex::NO
 VrexConstraintGraph::VrexConstraintGraph() = default;
 VrexConstraintGraph::VrexConstraintGraph(const VrexConstraintGraph&) = default;
 VrexConstraintGraph::VrexConstraintGraph(VrexConstraintGraph&&) noexcept = default;
-VrexConstraintGraph& VrexConstraintGraph::operator=(const VrexConstraintGraph&) = default;
-VrexConstraintGraph& VrexConstraintGraph::operator=(VrexConstraintGraph&&) noexcept = default;
+
+VrexConstraintGraph& VrexConstraintGraph::operator=(const VrexConstraintGraph& other) {
+    return *this = VrexConstraintGraph(other); // without memory for all of it nothing changes
+}
+
+VrexConstraintGraph& VrexConstraintGraph::operator=(VrexConstraintGraph&& other) noexcept {
+    if (this != &other) { // vectors do not outlive being moved to themselves
+        VrexVertexAdjacency::operator=(static_cast<VrexVertexAdjacency&&>(other));
+        m_objects = std::move(other.m_objects);
+        m_edges = std::move(other.m_edges);
+        m_edgeVertices = std::move(other.m_edgeVertices);
+        m_fixedMap = std::move(other.m_fixedMap);
+        m_relatedMap = std::move(other.m_relatedMap);
+    }
+    return *this;
+}
+
 VrexConstraintGraph::~VrexConstraintGraph() {
     dropEdges();
     m_objects.clear();
@@ -58,7 +74,7 @@ std::uint64_t VrexConstraintGraph::getIndex(const std::shared_ptr<VrexVertex>& v
 std::vector<VrexEdge>& VrexConstraintGraph::getAdjacents(const std::shared_ptr<VrexVertex>& vertex) {
     if (vertex == nullptr || vertex->getVertexType() > VrexVertexType::Constraint) {
         VREX_LOG(nsLog::FAILURE, "The VrexVertexType cannot be found");
-        static std::vector<VrexEdge> none;
+        thread_local std::vector<VrexEdge> none;
         none.clear(); // whoever had it before may have written to it
         return none;
     }
@@ -74,7 +90,8 @@ VrexConstraintGraph::getAdjacentConstraints(const std::shared_ptr<VrexBaseGeomet
     std::vector<std::shared_ptr<VrexBaseConstraint>> result;
     if (hasGeometry(geometry)) {
         for (VrexEdge& edge : getAdjacents(m_objects.find(VrexVertexType::Geometry, geometry->getID()))) {
-            result.push_back(edge.getSecond()->getConstraintPtr());
+            const auto& end = edge.getSecond();
+            result.push_back(end != nullptr ? end->getConstraintPtr() : nullptr);
         }
     }
     return result;
@@ -85,7 +102,8 @@ VrexConstraintGraph::getAdjacentGeometries(const std::shared_ptr<VrexBaseConstra
     std::vector<std::shared_ptr<VrexBaseGeometry>> result;
     if (hasConstraint(constraint)) {
         for (VrexEdge& edge : getAdjacents(m_objects.find(VrexVertexType::Constraint, constraint->getID()))) {
-            result.push_back(edge.getFirst()->getGeometryPtr());
+            const auto& end = edge.getFirst();
+            result.push_back(end != nullptr ? end->getGeometryPtr() : nullptr);
         }
     }
     return result;

@@ -41,6 +41,9 @@ VrexEdge edgeOf(VrexBlockPool& pool, const std::shared_ptr<VrexBaseObject>& firs
 } // namespace
 
 std::shared_ptr<VrexVertex> VrexConstraintGraph::makeVertex(std::uint64_t index) const {
+    if (index >= m_objects.size()) { // of a vertex that was added past this class
+        return nullptr;
+    }
     const auto place = static_cast<std::uint32_t>(index);
     const auto& object = m_objects.object(place);
     if (m_objects.type(place) == VrexVertexType::Geometry) {

@@ -19,4 +19,6 @@ std::shared_ptr<VrexBaseGeometry> VrexConstraintVertex::getGeometryPtr() { retur
 
 std::shared_ptr<VrexBaseConstraint> VrexConstraintVertex::getConstraintPtr() { return m_constraint; }
 
-std::uint64_t VrexConstraintVertex::getID() const { return m_constraint->getID(); }
+std::uint64_t VrexConstraintVertex::getID() const {
+    return m_constraint != nullptr ? m_constraint->getID() : 0;
+}

@@ -6,7 +6,7 @@
 #include "data/VrexExport.h"
 #include "data/graph/VrexVertex.h"
 
-/// A vertex that wraps a constraint, which is not null.
+/// A vertex that wraps a constraint; one that wraps null has identifier 0.
 class VREX_DATA_EXPORT VrexConstraintVertex : public VrexVertex {
 public:
     explicit VrexConstraintVertex(std::shared_ptr<VrexBaseConstraint> constraint);

@@ -1,10 +1,11 @@
 #include "data/graph/VrexDepthFirstSearch.h"
 
-#include <cstdint>
+#include <memory>
 #include <utility>
 #include <vector>
 
 #include "data/graph/VrexConstraintGraph.h"
+#include "data/graph/VrexEdgePlace.h"
 #include "data/graph/VrexGraphVisitor.h"
 
 namespace {
@@ -12,8 +13,7 @@ namespace {
 /// A vertex being expanded; systems are deeper than a call stack.
 struct Frame {
     std::shared_ptr<VrexVertex> vertex;
-    std::uint64_t index; ///< In the graph, which lets the visitor add edges.
-    std::uint64_t next = 0;
+    VrexEdgePlace place;
     bool isInside = false; ///< The search from the other end of the next edge has begun.
 };
 
@@ -42,29 +42,27 @@ private:
         color = VrexGraphVertexColor::Gray;
         m_graph.getAdjacents(vertex); // throws for a vertex that the graph does not know
         const std::uint64_t index = m_graph.getIndex(vertex);
-        m_frames.push_back({std::move(vertex), index});
+        m_frames.push_back({std::move(vertex), {index}});
     }
     void step(Frame& frame) {
         if (frame.isInside) {
             frame.isInside = false;
             finishEdge(frame);
-        } else if (!hasEdge(frame)) {
+            return;
+        }
+        VrexEdge* const edge = frame.place.edgeIn(m_graph);
+        if (edge == nullptr) {
             leave();
         } else if (m_visitor.isStopped()) {
             m_frames.pop_back();
         } else {
-            examine(frame);
+            examine(frame, *edge);
         }
     }
-    /// A vertex of an unknown kind has no index, and no edges.
-    bool hasEdge(const Frame& frame) {
-        return frame.index < m_graph.numVertices() && frame.next < m_graph.getAdjacents(frame.index).size();
-    }
-    VrexEdge& edgeOf(const Frame& frame) { return m_graph.getAdjacents(frame.index)[frame.next]; }
-
-    void examine(Frame& frame) {
-        m_visitor.examineEdge(m_graph, edgeOf(frame));
-        std::shared_ptr<VrexVertex> other = edgeOf(frame).getAnother(frame.vertex);
+    void examine(Frame& frame, VrexEdge& edge) {
+        m_visitor.examineEdge(m_graph, edge);
+        const VrexEdge* const left = frame.place.edgeIn(m_graph);
+        std::shared_ptr<VrexVertex> other = left != nullptr ? left->getAnother(frame.vertex) : nullptr;
         if (other != nullptr && !isVisitedColor(colorOf(*other)) && !m_visitor.isStopped()) {
             frame.isInside = true;
             enter(std::move(other));
@@ -73,8 +71,10 @@ private:
         }
     }
     void finishEdge(Frame& frame) {
-        m_visitor.finishEdge(m_graph, edgeOf(frame));
-        ++frame.next;
+        if (VrexEdge* const edge = frame.place.edgeIn(m_graph)) {
+            m_visitor.finishEdge(m_graph, *edge);
+        }
+        ++frame.place.next;
     }
     void leave() {
         Frame frame = std::move(m_frames.back());
@@ -96,5 +96,7 @@ private:
 
 void VrexDepthFirstSearch::search(VrexConstraintGraph& graph, std::shared_ptr<VrexVertex>& vertex,
                                   VrexGraphVisitor& visitor) {
-    Search(graph, visitor, colorMap()).run(vertex);
+    if (vertex != nullptr) {
+        Search(graph, visitor, colorMap()).run(vertex);
+    }
 }

@@ -19,4 +19,4 @@ std::shared_ptr<VrexBaseGeometry> VrexGeometryVertex::getGeometryPtr() { return 
 
 std::shared_ptr<VrexBaseConstraint> VrexGeometryVertex::getConstraintPtr() { return nullptr; }
 
-std::uint64_t VrexGeometryVertex::getID() const { return m_geometry->getID(); }
+std::uint64_t VrexGeometryVertex::getID() const { return m_geometry != nullptr ? m_geometry->getID() : 0; }

@@ -6,7 +6,7 @@
 #include "data/VrexExport.h"
 #include "data/graph/VrexVertex.h"
 
-/// A vertex that wraps a geometry, which is not null.
+/// A vertex that wraps a geometry; one that wraps null has identifier 0.
 class VREX_DATA_EXPORT VrexGeometryVertex : public VrexVertex {
 public:
     explicit VrexGeometryVertex(std::shared_ptr<VrexBaseGeometry> geometry);

@@ -16,6 +16,9 @@ struct VrexGraphFlatColors {
     std::vector<std::uint8_t> colors; ///< As many.
 
     void moveInto(VrexGraphColorMap& map) {
+        if (ids.empty()) {
+            return;
+        }
         map.reserve(map.size() + ids.size());
         for (std::size_t i = 0; i < ids.size(); ++i) {
             map[ids[i]] = static_cast<VrexGraphVertexColor>(colors[i]);

@@ -72,7 +72,7 @@ void VrexGraphTraverser::initialize(VrexConstraintGraph& graph, VrexGraphVisitor
         const std::uint64_t id = vertex->getID();
         const bool isFixed = graph.getFixedMap().contains(id);
         const auto color = isFixed ? VrexGraphVertexColor::FixedUnvisited : VrexGraphVertexColor::White;
-        hasRepeated = !m_colorMap.try_emplace(id, color).second || hasRepeated;
+        hasRepeated = !m_colorMap.insert_or_assign(id, color).second || hasRepeated;
         visitor.initializeVertex(graph, vertex);
     }
     if (hasRepeated) {

@@ -21,7 +21,7 @@ public:
     VrexGraphTraverser& operator=(const VrexGraphTraverser&);
     virtual ~VrexGraphTraverser();
 
-    /// Visits what is reached from `vertex`. Throws what `getAdjacents` of the graph throws.
+    /// Visits what is reached from `vertex`, of null nothing. Throws what `getAdjacents` of the graph throws.
     virtual void search(VrexConstraintGraph& graph, std::shared_ptr<VrexVertex>& vertex,
                         VrexGraphVisitor& visitor) = 0;
     /// Colours all vertices anew, then starts a search from each constraint that none has reached, and then
@@ -29,7 +29,11 @@ public:
     void traverse(VrexConstraintGraph& graph, VrexGraphVisitor& visitor);
 
 protected:
-    VrexGraphColorMap& colorMap() { return m_colorMap; }
+    /// For searches, also those without `traverse`, which go on from the colours that were left.
+    VrexGraphColorMap& colorMap() {
+        m_flatColors.moveInto(m_colorMap);
+        return m_colorMap;
+    }
 
 private:
     void initialize(VrexConstraintGraph& graph, VrexGraphVisitor& visitor);

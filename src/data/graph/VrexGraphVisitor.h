@@ -13,8 +13,8 @@ class VrexConstraintGraph;
 
 /// What happens at the steps of a walk; all operations do nothing by default.
 ///
-/// An operation may add to the graph, and may not take away. The colours are those of the traverser, which
-/// has to outlive every use of them here.
+/// An operation may add to the graph. One may clear it: the walk then ends, or throws as `getAdjacents` does.
+/// The colours are those of the traverser, which has to outlive every use of them here.
 class VREX_DATA_EXPORT VrexGraphVisitor {
 public:
     /// A vertex from which a search is about to start.

@@ -28,17 +28,17 @@ public:
             rebuild(count);
         }
     }
-    /// Adds `key` at place `size()`; whether it was there already.
-    bool add(std::uint64_t key) {
+    /// Adds `key` at place `size()`; the latest place that it had before.
+    std::uint32_t add(std::uint64_t key) {
         if (m_keys.size() >= m_heads.size()) {
             rebuild(m_keys.size() + 1);
         }
         std::uint32_t& head = m_heads[bucketOf(key)];
-        const bool isRepeated = match(head, key) != NONE;
+        const std::uint32_t before = match(head, key);
         m_older.push_back(head);
         head = size();
         m_keys.push_back(key);
-        return isRepeated;
+        return before;
     }
     /// Fetches the bucket of a key that is about to be looked up.
     void prefetch(std::uint64_t key) const {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -29,15 +30,19 @@ public:
         if (size() == NONE) [[unlikely]] {
             raiseTooMany();
         }
-        m_repeated = m_chains.add(object->getID()) || m_repeated;
+        const std::uint32_t before = m_chains.add(object->getID());
+        if (before != NONE) [[unlikely]] {
+            noteRepeated(before, type);
+        }
         m_objects.push_back(std::move(object));
         m_types.push_back(static_cast<std::uint8_t>(type));
     }
     /// `NONE` where there is none.
     std::uint32_t find(VrexVertexType type, std::uint64_t id) const {
-        std::uint32_t index = m_chains.latest(id);
-        while (index != NONE && this->type(index) != type)
-            [[unlikely]] { index = m_chains.before(index); }
+        const std::uint32_t index = m_chains.latest(id);
+        if (index != NONE && this->type(index) != type) [[unlikely]] {
+            return findBehind(type, id);
+        }
         return index;
     }
     /// Where `object` itself is what is found by its kind and identifier, otherwise `NONE`.
@@ -80,9 +85,16 @@ public:
 
 private:
     [[noreturn]] static void raiseTooMany();
+    /// The identifier of the object at `before` comes again, for one of kind `type`.
+    void noteRepeated(std::uint32_t before, VrexVertexType type);
+    /// Of an identifier whose latest object is of the other kind.
+    std::uint32_t findBehind(VrexVertexType type, std::uint64_t id) const;
 
     Chains m_chains;
     std::vector<std::shared_ptr<VrexBaseObject>> m_objects;
     std::vector<std::uint8_t> m_types;
+    /// By an identifier of both kinds the latest object of the kind that the latest of all is not: however
+    /// many share it, each is found at once.
+    std::unordered_map<std::uint64_t, std::uint32_t> m_behind;
     bool m_repeated = false;
 };

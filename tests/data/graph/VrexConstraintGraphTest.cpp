@@ -165,6 +165,7 @@ TEST(VrexConstraintGraph, UnknownObjectHasNoIndexAndNoList) {
     EXPECT_EQ(graph.getIndex(std::make_shared<VrexConstraintVertex>(LooseConstraint::create(1, {}))),
               ALL_ONES);
     EXPECT_EQ(graph.getIndex(nullptr), ALL_ONES);
+    EXPECT_EQ(graph.getIndex(vertexOf(nullptr)), ALL_ONES);
     try {
         graph.getAdjacents(unknown);
         FAIL();
@@ -234,6 +235,16 @@ TEST(VrexConstraintGraph, NeighboursOfTheOtherSortAreNullInPlace) {
     EXPECT_EQ(graph.getAdjacentConstraints(set), std::vector<Constraint>{nullptr});
     EXPECT_EQ(graph.getAdjacentGeometries(first), (std::vector<Geometry>{part, nullptr}));
     EXPECT_EQ(graph.getAdjacentGeometries(second), (std::vector<Geometry>{part, nullptr}));
+}
+
+TEST(VrexConstraintGraph, EndThatACallerTookAwayIsNullInPlace) {
+    const Geometry geometry = PartedGeometry::create(1);
+    const Constraint constraint = LooseConstraint::create(2, {geometry});
+    VrexConstraintGraph graph({geometry}, {constraint});
+    graph.getAdjacents(0)[0].getSecond() = nullptr;
+    graph.getAdjacents(1)[0].getFirst() = nullptr;
+    EXPECT_EQ(graph.getAdjacentConstraints(geometry), std::vector<Constraint>{nullptr});
+    EXPECT_EQ(graph.getAdjacentGeometries(constraint), std::vector<Geometry>{nullptr});
 }
 
 TEST(VrexConstraintGraph, InheritedOperationsAreNotHidden) {
@@ -347,6 +358,32 @@ TEST(VrexConstraintGraph, EdgesOfOneIdentifierBelongToTheLatestConstraint) {
     EXPECT_EQ(graph.getAdjacents(2)[1].getSecond()->getConstraintPtr(), second);
 }
 
+TEST(VrexConstraintGraph, NamesakesOfBothKindsAreFoundByTheLatestOfEach) {
+    VrexConstraintGraph graph;
+    EXPECT_FALSE(graph.hasGeometry(PartedGeometry::create(0)));
+    std::vector<Geometry> geometries;
+    std::vector<Constraint> constraints;
+    for (int i = 0; i < 3; ++i) {
+        geometries.push_back(PartedGeometry::create(0));
+        constraints.push_back(LooseConstraint::create(0, {}));
+    }
+    const auto ofConstraint = std::make_shared<VrexConstraintVertex>(constraints[0]);
+    graph = VrexConstraintGraph(geometries, {});
+    EXPECT_EQ(graph.getIndex(vertexOf(geometries[0])), 2U);
+    EXPECT_EQ(graph.getIndex(ofConstraint), ALL_ONES);
+    graph = VrexConstraintGraph(geometries, constraints);
+    EXPECT_EQ(graph.getIndex(vertexOf(geometries[0])), 2U);
+    EXPECT_EQ(graph.getIndex(ofConstraint), 5U);
+    const VrexConstraintGraph copy(graph);
+    EXPECT_TRUE(copy.hasGeometry(geometries[1]));
+    EXPECT_TRUE(copy.hasConstraint(constraints[1]));
+    EXPECT_EQ(graph.getGeometries(), std::vector<Geometry>{geometries[2]});
+    EXPECT_EQ(graph.getConstraints(), std::vector<Constraint>{constraints[2]});
+    graph.clear();
+    EXPECT_FALSE(graph.hasGeometry(geometries[0]));
+    EXPECT_FALSE(graph.hasConstraint(constraints[0]));
+}
+
 TEST(VrexConstraintGraph, ListAskedForBeforeItsVertexCameGetsItsEdges) {
     const Geometry geometry = PartedGeometry::create(1);
     VrexConstraintGraph graph;
@@ -377,6 +414,40 @@ TEST(VrexConstraintGraph, MovingLeavesListsInPlaceAndNothingBehind) {
     EXPECT_EQ(graph.numVertices(), 0U); // NOLINT(bugprone-use-after-move)
     EXPECT_EQ(moved.numVertices(), 0U); // NOLINT(bugprone-use-after-move)
     EXPECT_TRUE(moved.getAdjacents(0).empty());
+}
+
+TEST(VrexConstraintGraph, MovedFromGraphStartsAnew) {
+    const Geometry geometry = PartedGeometry::create(1);
+    VrexConstraintGraph graph({geometry}, {LooseConstraint::create(2, {geometry})});
+    EXPECT_EQ(graph.getAdjacents(0).size(), 1U);
+    VrexConstraintGraph moved(std::move(graph));
+    EXPECT_EQ(graph.numEdges(), 0U);            // NOLINT(bugprone-use-after-move)
+    EXPECT_TRUE(graph.getAdjacents(0).empty()); // NOLINT(bugprone-use-after-move)
+    graph.addEdge(geometry, LooseConstraint::create(3, {}));
+    EXPECT_EQ(graph.numEdges(), 1U);
+    EXPECT_EQ(graph.getAdjacents(0).size(), 1U);
+    EXPECT_EQ(moved.getAdjacents(0).size(), 1U);
+    EXPECT_EQ(moved.numEdges(), 1U);
+}
+
+TEST(VrexConstraintGraph, AssignedToItselfItStays) {
+    const Geometry geometry = PartedGeometry::create(1);
+    const Constraint constraint = LooseConstraint::create(2, {geometry});
+    VrexConstraintGraph graph({geometry}, {constraint});
+    VrexConstraintGraph& same = graph;
+    graph = same;
+    graph = std::move(same);
+    EXPECT_EQ(vertexIDs(graph), (Ids{1, 2}));
+    EXPECT_EQ(graph.getAdjacentConstraints(geometry), std::vector<Constraint>{constraint});
+    EXPECT_TRUE(graph.hasConstraint(constraint));
+}
+
+TEST(VrexConstraintGraph, VertexAddedPastTheGraphIsNotMadeUp) {
+    VrexConstraintGraph graph({PartedGeometry::create(1)}, {});
+    graph.VrexVertexAdjacency::addVertex(nullptr);
+    EXPECT_EQ(graph.numVertices(), 2U);
+    EXPECT_EQ(graph[1], nullptr);
+    EXPECT_EQ(graph[0]->getID(), 1U);
 }
 
 TEST(VrexConstraintGraph, EdgeThatIsKeptHoldsItsOwnObjectsAlone) {

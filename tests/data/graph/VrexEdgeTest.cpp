@@ -36,6 +36,17 @@ TEST(VrexVertex, WrapsOneObjectOfItsKind) {
     EXPECT_EQ(ofGeometry->getID(), 9U);
 }
 
+TEST(VrexVertex, OfNullHasIdentifierZero) {
+    const Vertex ofGeometry = vertexOf(Geometry());
+    const Vertex ofConstraint = vertexOf(Constraint());
+    EXPECT_EQ(ofGeometry->getID(), 0U);
+    EXPECT_EQ(ofConstraint->getID(), 0U);
+    EXPECT_FALSE(*ofGeometry == *ofConstraint);
+    const VrexEdge edge(Geometry(), LooseConstraint::create(2, {}));
+    EXPECT_EQ(edge.getAnother(edge.getSecond()), edge.getFirst());
+    EXPECT_EQ(edge.getAnother(ofGeometry), edge.getSecond());
+}
+
 TEST(VrexVertex, EqualityIsByKindAndIdentifier) {
     const Vertex first = vertexOf(Geometry(PartedGeometry::create(1)));
     EXPECT_TRUE(*first == *vertexOf(Geometry(PartedGeometry::create(1))));

@@ -179,6 +179,59 @@ TEST(VrexGraphTraverser, ColoursOfAFormerGraphAreForgotten) {
     }
 }
 
+TEST(VrexGraphTraverser, SearchBehindAWalkGoesOnFromItsColours) {
+    VrexConstraintGraph graph = Pair().graph();
+    std::shared_ptr<VrexVertex> vertex = graph[2];
+    const auto metBehindAWalk = [&](auto walk) {
+        VrexComponentGenerator generator;
+        walk.traverse(graph, generator);
+        auto copy = walk;
+        Watcher watcher;
+        copy.search(graph, vertex, watcher);
+        walk.search(graph, vertex, watcher);
+        return watcher.met;
+    };
+    // All neighbours were visited.
+    EXPECT_EQ(metBehindAWalk(VrexDepthFirstSearch()), (std::vector<std::uint64_t>{3, 3}));
+    EXPECT_EQ(metBehindAWalk(VrexBroadFirstSearch()), (std::vector<std::uint64_t>{3, 3}));
+}
+
+TEST(VrexGraphTraverser, SearchWithoutAWalkBeforeFindsAllThatIsReached) {
+    VrexConstraintGraph graph = Pair().graph();
+    std::shared_ptr<VrexVertex> vertex = graph[0];
+    Watcher watcher;
+    VrexDepthFirstSearch().search(graph, vertex, watcher);
+    EXPECT_EQ(watcher.met, (std::vector<std::uint64_t>{1, 3, 2}));
+}
+
+TEST(VrexGraphTraverser, SearchFromNullVisitsNothing) {
+    VrexConstraintGraph graph = Pair().graph();
+    std::shared_ptr<VrexVertex> none;
+    GraphRecorder recorder;
+    VrexDepthFirstSearch().search(graph, none, recorder);
+    VrexBroadFirstSearch().search(graph, none, recorder);
+    EXPECT_EQ(recorder.steps(), Steps());
+}
+
+/// Colours the last vertex as finished before that is initialized; without effect while there are no colours.
+class Meddler : public Watcher {
+public:
+    void initializeVertex(VrexConstraintGraph&, std::shared_ptr<VrexVertex>& vertex) override {
+        if (vertex->getID() == 1) {
+            setFixGeometryColor(3, Color::Black);
+        }
+    }
+};
+
+TEST(VrexGraphTraverser, ColourOfAVertexIsSetWhenItIsInitialized) {
+    VrexConstraintGraph graph = Pair().graph();
+    VrexDepthFirstSearch walk;
+    Meddler meddler;
+    walk.traverse(graph, meddler);
+    walk.traverse(graph, meddler); // with the colours of the walk before, as long as these are set anew
+    EXPECT_EQ(meddler.met, (std::vector<std::uint64_t>{3, 1, 2, 3, 1, 2}));
+}
+
 TEST(VrexGraphTraverser, ObjectThatChangedItsIdentifierIsNotFound) {
     Pair pair;
     VrexConstraintGraph graph = pair.graph();
@@ -284,6 +337,32 @@ TEST(VrexGraphTraverser, VisitorMayAddToTheGraph) {
         EXPECT_EQ(graph.numVertices(), 300U);
         EXPECT_EQ(adder.met.size(), 300U);
     }
+}
+
+/// Clears the graph when it examines, or finishes, an edge.
+class Clearer : public Watcher {
+public:
+    explicit Clearer(bool isLate) : m_isLate(isLate) {}
+    void examineEdge(VrexConstraintGraph& graph, VrexEdge&) override { m_isLate ? void() : graph.clear(); }
+    void finishEdge(VrexConstraintGraph& graph, VrexEdge&) override { graph.clear(); }
+
+private:
+    bool m_isLate;
+};
+
+TEST(VrexGraphTraverser, WalkEndsWhereAVisitorClearsTheGraph) {
+    const auto metUntil = [](bool isLate, VrexGraphTraverser&& walk) {
+        VrexConstraintGraph graph = Pair().graph();
+        Clearer clearer(isLate);
+        walk.traverse(graph, clearer);
+        EXPECT_EQ(graph.numVertices(), 0U);
+        return clearer.met;
+    };
+    EXPECT_EQ(metUntil(false, VrexDepthFirstSearch()), (std::vector<std::uint64_t>{3}));
+    EXPECT_EQ(metUntil(false, VrexBroadFirstSearch()), (std::vector<std::uint64_t>{3}));
+    EXPECT_EQ(metUntil(true, VrexDepthFirstSearch()), (std::vector<std::uint64_t>{3, 1}));
+    // A neighbour is queued already, which the graph no longer knows.
+    EXPECT_THROW(metUntil(true, VrexBroadFirstSearch()), std::out_of_range);
 }
 
 TEST(VrexGraphTraverser, TimeIsADiagnostic) {

@@ -8,24 +8,11 @@
 #include "support/ProbeConstraint.h"
 #include "support/StreamProbe.h"
 
+namespace nsStreamProbe {
 namespace {
 
-using nsStreamProbe::append;
-using nsStreamProbe::block;
-using nsStreamProbe::Bytes;
-using nsStreamProbe::f64;
-using nsStreamProbe::little;
-using nsStreamProbe::written;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-Bytes joined(std::initializer_list<Bytes> parts) {
-    Bytes all;
-    for (const Bytes& part : parts) {
-        append(all, part);
-    }
-    return all;
-}
 
 std::shared_ptr<VrexGeometryVariable> variable(std::uint64_t id, double value) {
     return numbered(VrexGeometryVariable::create(value), id);
@@ -259,7 +246,7 @@ TEST(VrexStreamDecoder, DescriptorsNameKnownObjects) {
 }
 
 TEST(VrexStreamDecoder, OnlyOfAConstraintADescriptorMayNameAParameterThatIsNotThere) {
-    const Bytes bytes = block(joined({little(9, 8), little(1, 4), nsStreamProbe::string("r")}));
+    const Bytes bytes = block(join({little(9, 8), little(1, 4), nsStreamProbe::string("r")}));
     std::vector<VrexVariableDescriptor> list;
     expectNotRead(bytes, [&](auto& d) {
         d.enterObject(variable(9, 1.0));
@@ -273,7 +260,7 @@ TEST(VrexStreamDecoder, OnlyOfAConstraintADescriptorMayNameAParameterThatIsNotTh
 }
 
 TEST(VrexStreamDecoder, PackedValuesAreReadTogetherOrNotAtAll) {
-    const Bytes bytes = joined({little(7, 4), f64(1.0), f64(2.0), f64(3.0), little(0xFFFFFFFF, 4)});
+    const Bytes bytes = join({little(7, 4), f64(1.0), f64(2.0), f64(3.0), little(0xFFFFFFFF, 4)});
     std::uint64_t id = 5;
     std::uint32_t number = 6;
     VrexVector3DT<double> vector;
@@ -297,8 +284,8 @@ TEST(VrexStreamDecoder, ADescriptorHasToFillItsBlock) {
         d.enterObject(variable(9, 1.0));
         return d.readDescriptor(list);
     };
-    const Bytes content = joined({little(9, 8), little(0, 4), nsStreamProbe::string("r")});
-    expectNotRead(block(joined({content, Bytes(1)})), read);
+    const Bytes content = join({little(9, 8), little(0, 4), nsStreamProbe::string("r")});
+    expectNotRead(block(join({content, Bytes(1)})), read);
     expectNotRead(block(Bytes(content.begin(), content.end() - 1)), read);
     EXPECT_THAT(list, IsEmpty());
 }
@@ -312,3 +299,4 @@ TEST(VrexStreamDecoder, WithoutInputNothingIsRead) {
 }
 
 } // namespace
+} // namespace nsStreamProbe

@@ -16,27 +16,13 @@
 #include "support/Numbered.h"
 #include "support/StreamProbe.h"
 
+namespace nsStreamProbe {
 namespace {
-
-using nsStreamProbe::append;
-using nsStreamProbe::block;
-using nsStreamProbe::Bytes;
-using nsStreamProbe::f64;
-using nsStreamProbe::little;
-using nsStreamProbe::written;
 
 const Bytes EMPTY_BLOCK{0x30, 0, 0, 0, 0};
 
 std::shared_ptr<VrexGeometryVariable> variable(std::uint64_t id, double value) {
     return numbered(VrexGeometryVariable::create(value), id);
-}
-
-Bytes joined(std::initializer_list<Bytes> parts) {
-    Bytes all;
-    for (const Bytes& part : parts) {
-        append(all, part);
-    }
-    return all;
 }
 
 TEST(VrexStreamEncoder, PrimitivesAreLittleEndianWithoutPadding) {
@@ -51,8 +37,8 @@ TEST(VrexStreamEncoder, PrimitivesAreLittleEndianWithoutPadding) {
     EXPECT_EQ(written([](auto& e) {
                   return e.writeVector({1.5, -2.0, 0.0});
               }),
-              joined({f64(1.5), f64(-2.0), f64(0.0)}));
-    EXPECT_EQ(written([](auto& e) { return e.writeVector2({1.5, -0.0}); }), joined({f64(1.5), f64(-0.0)}));
+              join({f64(1.5), f64(-2.0), f64(0.0)}));
+    EXPECT_EQ(written([](auto& e) { return e.writeVector2({1.5, -0.0}); }), join({f64(1.5), f64(-0.0)}));
 }
 
 TEST(VrexStreamEncoder, StringsCountTheirTerminator) {
@@ -111,30 +97,26 @@ TEST(VrexStreamEncoder, OptionsAreABlockOrTheEmptyBlock) {
     EXPECT_EQ(written([](auto& e) { return e.writeOptionalF64(2.5); }), block(f64(2.5)));
     EXPECT_EQ(written([](auto& e) { return e.writeOptionalF64({}); }), EMPTY_BLOCK);
     EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector(VrexVector3DT<double>(1.0, 2.0, 3.0)); }),
-              block(joined({f64(1.0), f64(2.0), f64(3.0)})));
+              block(join({f64(1.0), f64(2.0), f64(3.0)})));
     EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector({}); }), EMPTY_BLOCK);
     EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector2(VrexVector2DT<double>(1.0, 2.0)); }),
-              block(joined({f64(1.0), f64(2.0)})));
+              block(join({f64(1.0), f64(2.0)})));
     EXPECT_EQ(written([](auto& e) { return e.writeOptionalVector2({}); }), EMPTY_BLOCK);
 }
 
 TEST(VrexStreamEncoder, ListsAreABlockOfTheirElementsOrTheEmptyBlock) {
-    EXPECT_EQ(written([](auto& e) {
-                  return e.writeF64List({1.0, 2.0});
-              }),
-              block(joined({f64(1.0), f64(2.0)})));
+    EXPECT_EQ(written([](auto& e) { return e.writeF64List({1.0, 2.0}); }), block(join({f64(1.0), f64(2.0)})));
     EXPECT_EQ(written([](auto& e) { return e.writeF64List({}); }), EMPTY_BLOCK);
     const std::vector<std::uint64_t> ids{5, 6};
     EXPECT_EQ(written([&](auto& e) { return e.writeIdList(ids); }),
-              block(joined({little(5, 8), little(6, 8)})));
+              block(join({little(5, 8), little(6, 8)})));
     EXPECT_EQ(written([&](auto& e) { return e.writeIdList(std::vector<std::uint64_t>{}); }), EMPTY_BLOCK);
     const std::vector<std::shared_ptr<VrexGeometryVariable>> objects{variable(5, 1.5), nullptr,
                                                                      variable(6, 2.5)};
     EXPECT_EQ(written([&](auto& e) { return e.writeIdList(objects); }),
-              block(joined({little(5, 8), little(6, 8)})));
-    EXPECT_EQ(
-        written([&](auto& e) { return e.writeObjectList(objects); }),
-        block(joined({block(joined({little(5, 8), f64(1.5)})), block(joined({little(6, 8), f64(2.5)}))})));
+              block(join({little(5, 8), little(6, 8)})));
+    EXPECT_EQ(written([&](auto& e) { return e.writeObjectList(objects); }),
+              block(join({block(join({little(5, 8), f64(1.5)})), block(join({little(6, 8), f64(2.5)}))})));
     const std::vector<std::shared_ptr<VrexGeometryVariable>> nulls{nullptr, nullptr};
     EXPECT_EQ(written([&](auto& e) { return e.writeIdList(nulls); }), EMPTY_BLOCK);
     EXPECT_EQ(written([&](auto& e) { return e.writeObjectList(nulls); }), EMPTY_BLOCK);
@@ -142,12 +124,12 @@ TEST(VrexStreamEncoder, ListsAreABlockOfTheirElementsOrTheEmptyBlock) {
 
 TEST(VrexStreamEncoder, ADescriptorIsABlockOfObjectIndexAndName) {
     const VrexVariableDescriptor descriptor(variable(9, 1.0), 3, "r");
-    const Bytes expected = block(joined({little(9, 8), little(3, 4), nsStreamProbe::string("r")}));
+    const Bytes expected = block(join({little(9, 8), little(3, 4), nsStreamProbe::string("r")}));
     EXPECT_EQ(written([&](auto& e) { return e.writeDescriptor(descriptor); }), expected);
     EXPECT_EQ(written([&](auto& e) {
                   return e.writeDescriptorList({descriptor, descriptor});
               }),
-              block(joined({expected, expected})));
+              block(join({expected, expected})));
     EXPECT_EQ(written([&](auto& e) { return e.writeDescriptorList({}); }), EMPTY_BLOCK);
 }
 
@@ -193,7 +175,7 @@ TEST(VrexStreamEncoder, FieldsAreWrittenTogetherOrNotAtAll) {
         });
     };
     const Bytes whole = written(write);
-    EXPECT_EQ(whole, joined({Bytes{7}, f64(2.5), block(nsStreamProbe::string("ab"))}));
+    EXPECT_EQ(whole, join({Bytes{7}, f64(2.5), block(nsStreamProbe::string("ab"))}));
     Bytes bytes(whole.size() - 1, 0xFF);
     VrexOutputMemory output(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     ProbeEncoder encoder(&output);
@@ -289,3 +271,4 @@ TEST(VrexStreamEncoder, MeasuringBeyondTheLargestLengthIsRefused) {
 }
 
 } // namespace
+} // namespace nsStreamProbe

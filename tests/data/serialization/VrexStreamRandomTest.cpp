@@ -17,14 +17,8 @@
 #include "support/ProbeConstraint.h"
 #include "support/StreamProbe.h"
 
+namespace nsStreamProbe {
 namespace {
-
-using nsStreamProbe::append;
-using nsStreamProbe::block;
-using nsStreamProbe::Bytes;
-using nsStreamProbe::f64;
-using nsStreamProbe::little;
-using nsStreamProbe::written;
 
 /// What a stream may hold. A tree of these is written, defined byte by byte, and read back.
 struct Node {
@@ -395,3 +389,4 @@ TEST(VrexStream, NoChangedByteOfARandomTreeGoesBeyondTheInput) {
 }
 
 } // namespace
+} // namespace nsStreamProbe

@@ -15,26 +15,12 @@
 #include "support/StreamEncoding.h"
 #include "support/StreamObjects.h"
 
+namespace nsStreamObjects {
 namespace {
 
 using nsStreamEncoding::encoded;
 using nsStreamEncoding::isEncoded;
 using nsStreamEncoding::marked;
-using nsStreamObjects::block;
-using nsStreamObjects::Bytes;
-using nsStreamObjects::descriptor;
-using nsStreamObjects::f64;
-using nsStreamObjects::flag;
-using nsStreamObjects::geometry;
-using nsStreamObjects::ids;
-using nsStreamObjects::join;
-using nsStreamObjects::none;
-using nsStreamObjects::numbers;
-using nsStreamObjects::some;
-using nsStreamObjects::string;
-using nsStreamObjects::u32;
-using nsStreamObjects::u64;
-using nsStreamObjects::vector;
 
 constexpr double PI = std::numbers::pi;
 /// Written without rounding, as is no other direction.
@@ -315,3 +301,4 @@ TEST(VrexObjectEncoder3D, IsDoneAfterAVisitThatSucceeds) {
 }
 
 } // namespace
+} // namespace nsStreamObjects

@@ -12,34 +12,9 @@
 #include "support/SamplesRelations.h"
 #include "support/StreamObjects.h"
 
+namespace nsStreamObjects {
 namespace {
 
-using nsStreamObjects::block;
-using nsStreamObjects::Bytes;
-using nsStreamObjects::callbackEquation;
-using nsStreamObjects::circle;
-using nsStreamObjects::connector;
-using nsStreamObjects::constraint;
-using nsStreamObjects::descriptor;
-using nsStreamObjects::dimensionTail;
-using nsStreamObjects::expressionEquation;
-using nsStreamObjects::f64;
-using nsStreamObjects::flag;
-using nsStreamObjects::geometry;
-using nsStreamObjects::ids;
-using nsStreamObjects::join;
-using nsStreamObjects::line;
-using nsStreamObjects::mateTail;
-using nsStreamObjects::none;
-using nsStreamObjects::plane;
-using nsStreamObjects::point;
-using nsStreamObjects::Reader;
-using nsStreamObjects::rigidSet;
-using nsStreamObjects::some;
-using nsStreamObjects::u32;
-using nsStreamObjects::u64;
-using nsStreamObjects::variable;
-using nsStreamObjects::vector;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -452,3 +427,4 @@ TEST(VrexStreamDecoder3D, ReadsAnExpressionEquation) {
 }
 
 } // namespace
+} // namespace nsStreamObjects

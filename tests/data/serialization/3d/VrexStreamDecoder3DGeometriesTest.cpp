@@ -27,31 +27,9 @@
 #include "data/geometry/3d/VrexTorus3D.h"
 #include "support/StreamObjects.h"
 
+namespace nsStreamObjects {
 namespace {
 
-using nsStreamObjects::block;
-using nsStreamObjects::Bytes;
-using nsStreamObjects::circle;
-using nsStreamObjects::common;
-using nsStreamObjects::connector;
-using nsStreamObjects::descriptor;
-using nsStreamObjects::f64;
-using nsStreamObjects::flag;
-using nsStreamObjects::geometry;
-using nsStreamObjects::ids;
-using nsStreamObjects::join;
-using nsStreamObjects::line;
-using nsStreamObjects::none;
-using nsStreamObjects::numbers;
-using nsStreamObjects::point;
-using nsStreamObjects::Reader;
-using nsStreamObjects::rigidSet;
-using nsStreamObjects::some;
-using nsStreamObjects::string;
-using nsStreamObjects::u32;
-using nsStreamObjects::u64;
-using nsStreamObjects::variable;
-using nsStreamObjects::vector;
 using testing::ElementsAre;
 
 /// Directions go through angles, rotations through their axes: a few roundings.
@@ -347,3 +325,4 @@ TEST(VrexStreamDecoder3D, ReadsAnEqualDimensionElement) {
 }
 
 } // namespace
+} // namespace nsStreamObjects

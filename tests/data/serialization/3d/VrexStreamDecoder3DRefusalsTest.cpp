@@ -12,37 +12,8 @@
 #include "support/LogCapture.h"
 #include "support/StreamObjects.h"
 
+namespace nsStreamObjects {
 namespace {
-
-using nsStreamObjects::block;
-using nsStreamObjects::Bytes;
-using nsStreamObjects::callbackEquation;
-using nsStreamObjects::circle;
-using nsStreamObjects::connector;
-using nsStreamObjects::constraint;
-using nsStreamObjects::descriptor;
-using nsStreamObjects::dimensionTail;
-using nsStreamObjects::expressionEquation;
-using nsStreamObjects::f64;
-using nsStreamObjects::flag;
-using nsStreamObjects::geometry;
-using nsStreamObjects::help;
-using nsStreamObjects::ids;
-using nsStreamObjects::join;
-using nsStreamObjects::line;
-using nsStreamObjects::mateTail;
-using nsStreamObjects::none;
-using nsStreamObjects::numbers;
-using nsStreamObjects::plane;
-using nsStreamObjects::point;
-using nsStreamObjects::Reader;
-using nsStreamObjects::rigidSet;
-using nsStreamObjects::some;
-using nsStreamObjects::string;
-using nsStreamObjects::u32;
-using nsStreamObjects::u64;
-using nsStreamObjects::variable;
-using nsStreamObjects::vector;
 
 struct Row {
     const char* name;
@@ -431,3 +402,4 @@ TEST(VrexStreamDecoder3D, AnObjectKindThatThereIsNotIsNotReadBeyondTheInput) {
 }
 
 } // namespace
+} // namespace nsStreamObjects

@@ -8,14 +8,14 @@ set(VREX_SANITIZER_OPTIONS
   "UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1"
   "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1")
 
-# Every test reads the same two big headers, which take longer than the tests themselves: they are compiled once, with
+# Every test reads the same big headers, which take longer than the tests themselves: they are compiled once, with
 # the first test program, and the others borrow them. The tidy preset goes without, so that no test forgets an include.
 function(vrex_precompile_test_headers name)
   get_property(owner GLOBAL PROPERTY VREX_TEST_HEADERS_OWNER)
   if(owner)
     target_precompile_headers(${name} REUSE_FROM ${owner})
   else()
-    target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+    target_precompile_headers(${name} PRIVATE <random> <gmock/gmock.h> <gtest/gtest.h>)
     set_property(GLOBAL PROPERTY VREX_TEST_HEADERS_OWNER ${name})
   endif()
 endfunction()
@@ -28,6 +28,10 @@ function(vrex_add_tests name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   # The lint is for the libraries; the macros of the test framework do not pass it.
   set_target_properties(${name} PROPERTIES CXX_CLANG_TIDY "")
+  if(VREX_SANITIZE)
+    # The libraries are what is watched. Their tests compile in half the time this way.
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
   if(NOT ARG_LIBRARIES)  # a further library may bring flags that the headers were not compiled with
     vrex_precompile_test_headers(${name})
   endif()

@@ -8,6 +8,7 @@
 #include "data/VrexExprParser.h"
 #include "support/Expressions.h"
 #include "support/NaiveExpression.h"
+#include "support/RandomTurns.h"
 
 using namespace nsExpressions;
 
@@ -15,7 +16,7 @@ using namespace nsExpressions;
 
 namespace {
 
-constexpr int TEXTS = 50000; ///< Of each kind.
+constexpr int TEXTS = randomTurns(50000); ///< Of each kind.
 
 class RandomText {
 public:

@@ -7,6 +7,7 @@
 #include "data/VrexExpr.h"
 #include "support/Expressions.h"
 #include "support/NaiveExpression.h"
+#include "support/RandomTurns.h"
 
 using namespace nsExpressions;
 
@@ -14,7 +15,7 @@ using namespace nsExpressions;
 
 namespace {
 
-constexpr int TREES = 20000;
+constexpr int TREES = randomTurns(20000);
 
 /// Builds trees the brackets of which all get printed.
 class PrintableTrees {

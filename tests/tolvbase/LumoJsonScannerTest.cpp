@@ -6,9 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include "support/RandomTurns.h"
 #include "tolvbase/LumoJson.h"
 
 namespace {
+
+constexpr int TURNS = randomTurns(100'000);
 
 bool isRead(const std::string& text) {
     try {
@@ -56,18 +59,13 @@ TEST(LumoJsonScanner, AgreesWithTheReaderOnDamagedTexts) {
     const std::string good =
         R"({"a":[1,-2.5e3,"\ud83d\ude00é"],"b" : {"c":[true,false,null,[[]],{}]},"d":0.1})";
     std::mt19937 random(11);
-#ifdef __SANITIZE_ADDRESS__
-    constexpr int turns = 10000; // Each takes ten times as long there.
-#else
-    constexpr int turns = 100000;
-#endif
     int refused = 0;
-    for (int turn = 0; turn < turns; ++turn) {
+    for (int turn = 0; turn < TURNS; ++turn) {
         const std::string text = damage(good, random);
         const bool isGood = isRead(text);
         ASSERT_EQ(isGood, !LumoJsonScanner(text).findFault()) << text;
         refused += isGood ? 0 : 1;
     }
-    EXPECT_GT(refused, turns / 10);
-    EXPECT_LT(refused, turns);
+    EXPECT_GT(refused, TURNS / 10);
+    EXPECT_LT(refused, TURNS);
 }

@@ -19,6 +19,7 @@
 #include "support/GraphModel.h"
 #include "support/GraphRecorder.h"
 #include "support/GraphSystems.h"
+#include "support/RandomTurns.h"
 
 namespace {
 
@@ -27,7 +28,7 @@ using nsGraphPieces::fixationsOf;
 using nsGraphPieces::idsOf;
 using nsGraphPieces::piecesOf;
 
-constexpr int SYSTEMS = 20'000;
+constexpr int SYSTEMS = randomTurns(20'000);
 constexpr std::size_t LARGEST = 200;
 
 /// Small ones more often: they are where a difference is understood.

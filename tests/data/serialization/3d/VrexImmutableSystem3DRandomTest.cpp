@@ -15,6 +15,7 @@
 #include "data/serialization/3d/VrexSystem3DSerializer.h"
 #include "support/CopyChecks.h"
 #include "support/RandomSystems.h"
+#include "support/RandomTurns.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ using nsCopyChecks::graphOf;
 TEST(VrexImmutableSystem3DRandom, DeepCopiesAreEqualAndShareNothing) {
     RandomSystems systems;
     std::set<std::string> classes;
-    for (int i = 0; i < 10'000 && !testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < randomTurns(10'000) && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         const auto system = systems.next();
         const auto copy = system.deepCopy();

@@ -14,6 +14,7 @@
 #include "support/ObjectGraph.h"
 #include "support/RandomFields.h"
 #include "support/RandomSystems.h"
+#include "support/RandomTurns.h"
 #include "support/WrittenDocuments.h"
 
 using nsDocumentTexts::constraintOf;
@@ -27,6 +28,7 @@ using Directions = RandomFields::Directions;
 
 /// What directions and rotations lose on the way through angles and back.
 constexpr double DIRECTION_TOLERANCE = 1e-12;
+constexpr int SYSTEMS = randomTurns(10'000);
 
 /// Takes away what a document does not keep.
 class LostFields : public VrexVisitor3D {
@@ -78,7 +80,7 @@ TEST(VrexJsonRoundTrip, DocumentsComeBackAsTheyAre) {
     const JsonDifference difference(DIRECTION_TOLERANCE);
     Systems systems(Directions::Any);
     std::set<std::string> classes;
-    for (int i = 0; i < 10'000 && !testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < SYSTEMS && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         const auto system = systems.next();
         const auto json = written(system);
@@ -96,7 +98,7 @@ TEST(VrexJsonRoundTrip, DocumentsComeBackAsTheyAre) {
 
 TEST(VrexJsonRoundTrip, EveryFieldOfEveryObjectComesBackToTheBit) {
     Systems systems(Directions::Exact);
-    for (int i = 0; i < 10'000 && !testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < SYSTEMS && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         const auto system = systems.next();
         const auto again = readJson(written(system));
@@ -112,7 +114,7 @@ TEST(VrexJsonRoundTrip, TextsComeBackByteForByte) {
     ASSERT_TRUE(GermanLocale::isSet());
     Systems systems(Directions::Exact);
     VrexSystem3DSerializer serializer({.writeRegularStatus = true});
-    for (int i = 0; i < 10'000 && !testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < SYSTEMS && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         ASSERT_TRUE(serializer.serialize(systems.next()));
         const std::string text(serializer.jsonStream());
@@ -137,7 +139,7 @@ std::uint64_t expectRising(const List& objects, std::uint64_t next) {
 TEST(VrexJsonRoundTrip, WithoutIdentifiersFreshOnesAreGiven) {
     Systems systems(Directions::Exact);
     const VrexSerializationParameters parameters{.ignoreObjectIds = true};
-    for (int i = 0; i < 10'000 && !testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < SYSTEMS && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         const auto json = written(systems.next(), parameters);
         VrexIDGenerator generator(1000);
@@ -155,7 +157,7 @@ TEST(VrexJsonRoundTrip, WithoutIdentifiersFreshOnesAreGiven) {
 
 TEST(VrexJsonRoundTrip, CopiesAreWrittenAlike) {
     Systems systems(Directions::Any);
-    for (int i = 0; i < 10'000 && !testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < SYSTEMS && !testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         const auto system = systems.next();
         ASSERT_EQ(written(system.deepCopy()).dump(), written(system).dump());

@@ -26,6 +26,7 @@
 #include "support/ObjectGraph.h"
 #include "support/RandomFields.h"
 #include "support/RandomSystems.h"
+#include "support/RandomTurns.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ using Constraints = VrexStreamGraphEncoder::Constraints;
 using Components = VrexStreamGraphEncoder::Components;
 using Bytes = std::vector<unsigned char>;
 
-constexpr int SYSTEMS = 20'000;
+constexpr int SYSTEMS = randomTurns(20'000);
 
 struct Graph {
     Geometries geometries;

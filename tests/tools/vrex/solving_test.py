@@ -150,19 +150,42 @@ class Solve(tool.ToolTest):
         document.variable(1.0, label="twice")
         file = self.write(document)
         for option, text, part in (("--set", "none=1", "No variable is called \"none\""),
-                                   ("--set", "twice=1", "More than one variable is called \"twice\""),
+                                   ("--set", "twice=1", "More than one variable is called \"twice\": Variable \"twice\" (id 7), Variable "
+                                    "\"twice\" (id 8). Take \"#\" and the identifier instead."),
+                                   ("--set", "#1=1", "No variable is called \"#1\""),
                                    ("--set", "width=a", "is not label=number"), ("--set", "width", "label=number"),
                                    ("--set", "width=1e999", "label=number"), ("--set", "=1", "label=number"),
                                    ("--move", "corner=1,2", "label=x,y,z"), ("--move", "corner=1,2,3,", "label=x,y,z"),
                                    ("--move", "width=1,2,3", "No geometry is called \"width\"")):
             self.assertIn(part, self.failure(USAGE, "solve", option, text, file))
 
-    def test_label_that_is_told_twice(self):
+    def test_label_of_a_body_and_its_members_means_the_body(self):
+        document = Document()
+        members = [document.point(float(i), 0.0, 0.0, label="link") for i in range(2)]
+        document.body(members)
+        document.root["objects"][-1]["label"] = "link"
+        points = self.solved(document, "--move", "link=0,0,2")["objects"][:2]
+        for place, point in enumerate(points):
+            for found, wanted in zip(point["loc"], (float(place), 0.0, 2.0)):
+                self.assertAlmostEqual(found, wanted, delta=DRAWN)
+
+    def test_identifier_serves_where_there_is_no_label(self):
+        document = tool.gap()
+        document.root["variables"][0].pop("label")
+        self.assertEqual(self.solved(document, "--set", "#3=3.5")["variables"][0]["val"], 3.5)
+        document.variable(1.0, label="#3")
+        document.bind("VariableFixation3D", [1])
+        values = [item["val"] for item in self.solved(document, "--set", "#3=3.5")["variables"]]
+        self.assertEqual(values[1], 3.5)
+        self.assertAlmostEqual(values[0], 2.0, delta=NEAR)
+
+    def test_object_that_is_told_twice(self):
         file = self.write(tool.gap())
-        for option, value in (("--set", "width=2"), ("--move", "corner=1,2,3")):
-            label = value.split("=")[0]
-            self.assertEqual(self.failure(USAGE, "solve", option, value, option, value, file),
-                             f"{option}: \"{label}\" stands here twice.")
+        for option, first, second, name in (("--set", "width=2", "width=3", 'Variable "width" (id 3)'),
+                                            ("--set", "width=2", "#3=2", 'Variable "width" (id 3)'),
+                                            ("--move", "#1=1,2,3", "corner=1,2,3", 'Point3D "corner" (id 1)')):
+            self.assertEqual(self.failure(USAGE, "solve", option, first, option, second, file),
+                             f"{option}: {name} stands here twice.")
 
     def test_expressions_of_a_solved_document_name_what_they_named(self):
         document = Document()

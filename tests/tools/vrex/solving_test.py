@@ -116,6 +116,20 @@ class Solve(tool.ToolTest):
         summary = self.report(OVER_CONSTRAINED, "solve", self.write(document))["summary"]
         self.assertIn("Distance3D \"wide\" (id 5) cannot hold, with or without the others.", summary)
 
+    def test_component_that_does_not_converge_is_named(self):
+        """A wide ring of short links, which takes many steps to draw together; too many to tell which are to blame."""
+        document = Document()
+        count = 400
+        for i in range(count):
+            angle = 2.0 * math.pi * i / count
+            document.point(50.0 * math.cos(angle), 50.0 * math.sin(angle), float(i % 3), label=f"p{i}")
+        for i in range(count):
+            document.bind("Distance3D", [i, (i + 1) % count], value=1.0)
+        output = self.folder / "out.json"
+        report = self.report(NOT_CONVERGED, "solve", "--max-iterations", "1", "--out", output, self.write(document))
+        self.assertIn("Component 0 with Point3D \"p0\" (id 1): It did not converge in", report["summary"])
+        self.assertFalse(output.exists())
+
     def test_component_that_is_refused_leaves_the_others_to_be_solved(self):
         document = tool.gap()
         first, second = document.point(0.0, 0.0, 0.0), document.point(1.0, 1.0, 0.0)

@@ -89,6 +89,7 @@ class Solve(tool.ToolTest):
         self.assertEqual([(row["id"], row["type"], row["label"]) for row in report["overConstrainedGroups"]],
                          [(4, "Distance3D", ""), (5, "Distance3D", "again")])
         self.assertIn("Distance3D (id 4), Distance3D \"again\" (id 5)", report["summary"])
+        self.assertTrue(report["summary"].endswith("With --allow-redundant that is no failure."))
         self.assertTrue(report["converged"])
         self.report(FINE, "solve", "--allow-redundant", file)
 
@@ -97,6 +98,7 @@ class Solve(tool.ToolTest):
         for options in ((), ("--allow-redundant",)):
             report = self.report(OVER_CONSTRAINED, "solve", self.write(inconsistent()), "--out", output, *options)
             self.assertEqual({row["id"] for row in report["overConstrainedGroups"]}, {4, 5})
+            self.assertNotIn("--allow-redundant", report["summary"])
             self.assertFalse(report["converged"])
         self.assertEqual(output.read_bytes(), b"former")
         self.expect_files("system.json", "out.json")

@@ -149,8 +149,10 @@ Verdict judge(const VrexSolveCommand& command, const VrexSolveReport& report, co
         nsVrexObjectNames::countOf(report.freedom(), "degree of freedom", "degrees of freedom");
     const std::string solved = fmt::format("{} is {}solved", title, report.isUnsolved() ? "not " : "");
     if (report.isOverConstrained(command.allowsRedundancy)) {
-        return {VrexExitCode::OVER_CONSTRAINED,
-                fmt::format("{}, and over-constrained: {}", solved, report.culprits())};
+        return {
+            VrexExitCode::OVER_CONSTRAINED,
+            fmt::format("{}, and over-constrained: {}{}", solved, report.culprits(),
+                        report.isOverConstrained(true) ? "" : " With --allow-redundant that is no failure.")};
     }
     if (report.isUnsolved()) {
         return {VrexExitCode::NOT_CONVERGED, fmt::format("{}. {}", solved, report.firstFailure())};

@@ -5,9 +5,7 @@
 #include <string>
 #include <vector>
 
-#include <fmt/format.h>
-
-#include "tools/vrex/VrexToolFailure.h"
+class VrexBaseGeometry;
 
 /// Objects by what users call them.
 namespace nsVrexLabels {
@@ -18,32 +16,26 @@ struct Assignment {
     std::vector<double> values;
 };
 
-/// Splits texts like `label=number` or `label=number,number,number`, with `count` numbers each. Throws
-/// `VrexToolFailure` for anything else, and where two have one label; `option` is where they stand.
-std::vector<Assignment> parse(const std::string& option, const std::vector<std::string>& texts,
-                              std::size_t count);
+/// Splits `label=number` or `label=number,number,number`. Throws `VrexToolFailure` for anything else;
+/// `option` is where it stands.
+Assignment parse(const std::string& option, const std::string& text, std::size_t count);
 
-/// The one object of the list with this label. Throws `VrexToolFailure` where there is none, or several.
+/// The place of the one object with this label, or with this identifier where the label is `#` and a number
+/// and nothing is called so. Of several that have it, the one that carries all others, as a body carries its
+/// members. Throws `VrexToolFailure` where there is none, or no such one.
+std::size_t find(const std::string& option, const std::string& what,
+                 const std::vector<const VrexBaseGeometry*>& objects, const std::string& label);
+
+/// The same in a list of a class of its own.
 template <class Object>
 const std::shared_ptr<Object>& find(const std::string& option, const std::string& what,
                                     const std::vector<std::shared_ptr<Object>>& objects,
                                     const std::string& label) {
-    const std::shared_ptr<Object>* found = nullptr;
+    std::vector<const VrexBaseGeometry*> bases;
     for (const auto& object : objects) {
-        if (object->label() != label) {
-            continue;
-        }
-        if (found != nullptr) {
-            throw VrexToolFailure(VrexExitCode::USAGE,
-                                  fmt::format("{}: More than one {} is called \"{}\".", option, what, label));
-        }
-        found = &object;
+        bases.push_back(object.get());
     }
-    if (found == nullptr) {
-        throw VrexToolFailure(VrexExitCode::USAGE,
-                              fmt::format("{}: No {} is called \"{}\".", option, what, label));
-    }
-    return *found;
+    return objects[find(option, what, bases, label)];
 }
 
 } // namespace nsVrexLabels

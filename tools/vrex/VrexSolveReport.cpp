@@ -61,7 +61,7 @@ VrexSolveReport::VrexSolveReport(const VrexSolverReport& solved,
         m_freedom += m_solved.components[i].freedom;
         const std::string failure = failureOf(m_solved.components[i]);
         if (m_firstFailure.empty() && !failure.empty()) {
-            m_firstFailure = fmt::format("Component {}: {}", i, failure);
+            m_firstFailure = fmt::format("Component {}{}: {}", i, placeOf(m_solved.components[i]), failure);
         }
     }
 }
@@ -91,6 +91,15 @@ std::string VrexSolveReport::nameOfConstraint(std::uint64_t id) const {
     const auto found = m_constraints.find(id);
     return found != m_constraints.end() ? nsVrexObjectNames::nameOf(*found->second)
                                         : fmt::format("id {}", id);
+}
+
+/// The first entity, by which the user finds the component; of one that was refused the sentence names one.
+std::string VrexSolveReport::placeOf(const VrexSolverComponentReport& component) const {
+    if (component.freedoms.empty() || !component.refusal.empty()) {
+        return {};
+    }
+    const auto first = m_geometries.find(component.freedoms.front().id);
+    return first != m_geometries.end() ? " with " + nsVrexObjectNames::nameOf(*first->second) : "";
 }
 
 void VrexSolveReport::addTo(VrexReport& report) const {

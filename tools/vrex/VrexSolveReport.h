@@ -33,6 +33,7 @@ public:
 
 private:
     std::string nameOfConstraint(std::uint64_t id) const;
+    std::string placeOf(const VrexSolverComponentReport& component) const;
     void addComponents(VrexReport& report) const;
     void addGroup(VrexReport::Table& table, std::size_t component, std::size_t group,
                   const std::vector<std::uint64_t>& ids) const;

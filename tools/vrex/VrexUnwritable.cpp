@@ -5,7 +5,6 @@
 #include <exception>
 #include <iterator>
 #include <memory>
-#include <ranges>
 #include <vector>
 
 #include "data/constraint/3d/VrexConstraint3D.h"
@@ -56,8 +55,9 @@ const VrexBaseObject* nsVrexUnwritable::find(const VrexImmutableSystem3D& system
     append(system.constraints());
     append(system.equations());
     // Objects name those before them only, so what fails with a few of them fails with more.
-    const auto counts = std::views::iota(std::size_t{1}, objects.size() + 1);
-    const auto found = std::ranges::partition_point(
-        counts, [&system](std::size_t count) { return canWrite(beginOf(system, count)); });
-    return found != counts.end() ? objects[*found - 1] : nullptr;
+    const auto found =
+        std::partition_point(objects.begin(), objects.end(), [&](const VrexBaseObject* const& last) {
+            return canWrite(beginOf(system, static_cast<std::size_t>(&last - objects.data()) + 1));
+        });
+    return found != objects.end() ? *found : nullptr;
 }

@@ -45,8 +45,11 @@ class Check(tool.ToolTest):
             "index": 3, "pointer": "/constraints/3", "id": 8, "label": "wrong", "type": "Angle3D", "code": "0x10000005",
             "codeName": "GEOMETRY_TYPE_ERROR",
             "message": "Do not supported geometry types combination (POINT, POINT)"}])
+        self.assertTrue(report["summary"].endswith(
+            ": 1 of 4 constraints are refused, first the one at /constraints/3, Angle3D \"wrong\" (id 8): "
+            "Do not supported geometry types combination (POINT, POINT)"))
         text = self.expect(INVALID, "check", self.write(document)).stdout.decode()
-        for part in ("1 of 4 constraints are refused", "wrong", "GEOMETRY_TYPE_ERROR"):
+        for part in (report["summary"], "wrong", "GEOMETRY_TYPE_ERROR"):
             self.assertIn(part, text)
 
     def test_every_refused_constraint_has_its_own_message(self):

@@ -89,6 +89,7 @@ class Solve(tool.ToolTest):
         self.assertEqual([(row["id"], row["type"], row["label"]) for row in report["overConstrainedGroups"]],
                          [(4, "Distance3D", ""), (5, "Distance3D", "again")])
         self.assertIn("Distance3D (id 4), Distance3D \"again\" (id 5)", report["summary"])
+        self.assertTrue(report["summary"].endswith("With --allow-redundant that is no failure."))
         self.assertTrue(report["converged"])
         self.report(FINE, "solve", "--allow-redundant", file)
 
@@ -97,6 +98,7 @@ class Solve(tool.ToolTest):
         for options in ((), ("--allow-redundant",)):
             report = self.report(OVER_CONSTRAINED, "solve", self.write(inconsistent()), "--out", output, *options)
             self.assertEqual({row["id"] for row in report["overConstrainedGroups"]}, {4, 5})
+            self.assertNotIn("--allow-redundant", report["summary"])
             self.assertFalse(report["converged"])
         self.assertEqual(output.read_bytes(), b"former")
         self.expect_files("system.json", "out.json")
@@ -115,6 +117,20 @@ class Solve(tool.ToolTest):
         document.root["constraints"][-1]["value"] = 2.0
         summary = self.report(OVER_CONSTRAINED, "solve", self.write(document))["summary"]
         self.assertIn("Distance3D \"wide\" (id 5) cannot hold, with or without the others.", summary)
+
+    def test_component_that_does_not_converge_is_named(self):
+        """A wide ring of short links, which takes many steps to draw together; too many to tell which are to blame."""
+        document = Document()
+        count = 400
+        for i in range(count):
+            angle = 2.0 * math.pi * i / count
+            document.point(50.0 * math.cos(angle), 50.0 * math.sin(angle), float(i % 3), label=f"p{i}")
+        for i in range(count):
+            document.bind("Distance3D", [i, (i + 1) % count], value=1.0)
+        output = self.folder / "out.json"
+        report = self.report(NOT_CONVERGED, "solve", "--max-iterations", "1", "--out", output, self.write(document))
+        self.assertIn("Component 0 with Point3D \"p0\" (id 1): It did not converge in", report["summary"])
+        self.assertFalse(output.exists())
 
     def test_component_that_is_refused_leaves_the_others_to_be_solved(self):
         document = tool.gap()
@@ -150,19 +166,42 @@ class Solve(tool.ToolTest):
         document.variable(1.0, label="twice")
         file = self.write(document)
         for option, text, part in (("--set", "none=1", "No variable is called \"none\""),
-                                   ("--set", "twice=1", "More than one variable is called \"twice\""),
+                                   ("--set", "twice=1", "More than one variable is called \"twice\": Variable \"twice\" (id 7), Variable "
+                                    "\"twice\" (id 8). Take \"#\" and the identifier instead."),
+                                   ("--set", "#1=1", "No variable is called \"#1\""),
                                    ("--set", "width=a", "is not label=number"), ("--set", "width", "label=number"),
                                    ("--set", "width=1e999", "label=number"), ("--set", "=1", "label=number"),
                                    ("--move", "corner=1,2", "label=x,y,z"), ("--move", "corner=1,2,3,", "label=x,y,z"),
                                    ("--move", "width=1,2,3", "No geometry is called \"width\"")):
             self.assertIn(part, self.failure(USAGE, "solve", option, text, file))
 
-    def test_label_that_is_told_twice(self):
+    def test_label_of_a_body_and_its_members_means_the_body(self):
+        document = Document()
+        members = [document.point(float(i), 0.0, 0.0, label="link") for i in range(2)]
+        document.body(members)
+        document.root["objects"][-1]["label"] = "link"
+        points = self.solved(document, "--move", "link=0,0,2")["objects"][:2]
+        for place, point in enumerate(points):
+            for found, wanted in zip(point["loc"], (float(place), 0.0, 2.0)):
+                self.assertAlmostEqual(found, wanted, delta=DRAWN)
+
+    def test_identifier_serves_where_there_is_no_label(self):
+        document = tool.gap()
+        document.root["variables"][0].pop("label")
+        self.assertEqual(self.solved(document, "--set", "#3=3.5")["variables"][0]["val"], 3.5)
+        document.variable(1.0, label="#3")
+        document.bind("VariableFixation3D", [1])
+        values = [item["val"] for item in self.solved(document, "--set", "#3=3.5")["variables"]]
+        self.assertEqual(values[1], 3.5)
+        self.assertAlmostEqual(values[0], 2.0, delta=NEAR)
+
+    def test_object_that_is_told_twice(self):
         file = self.write(tool.gap())
-        for option, value in (("--set", "width=2"), ("--move", "corner=1,2,3")):
-            label = value.split("=")[0]
-            self.assertEqual(self.failure(USAGE, "solve", option, value, option, value, file),
-                             f"{option}: \"{label}\" stands here twice.")
+        for option, first, second, name in (("--set", "width=2", "width=3", 'Variable "width" (id 3)'),
+                                            ("--set", "width=2", "#3=2", 'Variable "width" (id 3)'),
+                                            ("--move", "#1=1,2,3", "corner=1,2,3", 'Point3D "corner" (id 1)')):
+            self.assertEqual(self.failure(USAGE, "solve", option, first, option, second, file),
+                             f"{option}: {name} stands here twice.")
 
     def test_expressions_of_a_solved_document_name_what_they_named(self):
         document = Document()

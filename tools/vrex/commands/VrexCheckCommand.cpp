@@ -40,17 +40,30 @@ std::string nameOf(VrexErrorCode code) {
     return name != nullptr ? name : "";
 }
 
+std::string pointerTo(const Refused& refused) { return fmt::format("/constraints/{}", refused.index); }
+
 void addRefused(VrexReport& report, const VrexImmutableSystem3D& system,
                 const std::vector<Refused>& refused) {
     auto& table = report.addTable("refused",
                                   {"index", "pointer", "id", "label", "type", "code", "codeName", "message"});
-    for (const auto& [index, refusal] : refused) {
-        const VrexConstraint3D& constraint = *system.constraints()[index];
-        table.add({index, fmt::format("/constraints/{}", index), constraint.getID(), constraint.label(),
+    for (const Refused& row : refused) {
+        const VrexConstraint3D& constraint = *system.constraints()[row.index];
+        const VrexErrorCode code = row.refusal.code;
+        table.add({row.index, pointerTo(row), constraint.getID(), constraint.label(),
                    nsVrexObjectNames::kindOf(constraint),
-                   fmt::format("0x{:08X}", static_cast<unsigned>(refusal.code)), nameOf(refusal.code),
-                   refusal.message});
+                   fmt::format("0x{:08X}", static_cast<unsigned>(code)), nameOf(code), row.refusal.message});
     }
+}
+
+std::string sentenceOf(const VrexDocument& document, const std::vector<Refused>& refused) {
+    if (refused.empty()) {
+        return fmt::format("{} is valid.", document.title);
+    }
+    const auto& constraints = document.system.constraints();
+    const Refused& first = refused.front();
+    return fmt::format("{}: {} of {} constraints are refused, first the one at {}, {}: {}", document.title,
+                       refused.size(), constraints.size(), pointerTo(first),
+                       nsVrexObjectNames::nameOf(*constraints[first.index]), first.refusal.message);
 }
 
 /// What does not read is a result, too, for those who read reports.
@@ -77,10 +90,7 @@ VrexExitCode VrexCheckCommand::run(const VrexConsole& console) const {
     const VrexImmutableSystem3D& system = document.system;
     const std::vector<Refused> refused = findRefused(system, console);
     VrexReport report("check");
-    report.conclude(refused.empty() ? fmt::format("{} is valid.", document.title)
-                                    : fmt::format("{}: {} of {} constraints are refused.", document.title,
-                                                  refused.size(), system.constraints().size()),
-                    refused.empty());
+    report.conclude(sentenceOf(document, refused), refused.empty());
     report.add("valid", refused.empty());
     report.add("objects", system.geometries().size() + system.variables().size());
     report.add("constraints", system.constraints().size());

@@ -129,7 +129,7 @@ private:
         app.add_option("--tolerance", m_solve.tolerance, "What residuals may be in the end")
             ->capture_default_str()
             ->check(finiteNumber(false));
-        app.add_option("--max-iterations", m_solve.maxIterations, "Iterations of a component")
+        app.add_option("--max-iterations", m_solve.maxIterations, "Iterations of a search")
             ->capture_default_str()
             ->check(finiteNumber(false));
     }

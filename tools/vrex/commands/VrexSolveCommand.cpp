@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <memory>
+#include <unordered_set>
 #include <utility>
 
 #include <fmt/format.h>
@@ -36,14 +37,14 @@ public:
           m_document(std::move(document)),
           m_geometries(nsVrexSystemLists::geometriesOf(m_document.system)),
           m_constraints(nsVrexSystemLists::constraintsOf(m_document.system)) {
-        for (const auto& setting : nsVrexLabels::parse(SET, m_command.settings, 1)) {
-            set(setting);
+        for (const std::string& text : m_command.settings) {
+            set(nsVrexLabels::parse(SET, text, 1));
         }
         if (m_command.followsDrags) {
             m_drag = m_document.system.transform();
         }
-        for (const auto& setting : nsVrexLabels::parse(MOVE, m_command.moves, 3)) {
-            move(setting);
+        for (const std::string& text : m_command.moves) {
+            move(nsVrexLabels::parse(MOVE, text, 3));
         }
     }
 
@@ -89,6 +90,7 @@ private:
     void set(const nsVrexLabels::Assignment& setting) {
         const auto& variable =
             nsVrexLabels::find(SET, "variable", m_document.system.variables(), setting.label);
+        expectFirst(SET, *variable);
         variable->setValue(setting.values[0]);
         const auto isHolder = [&](const auto& constraint) {
             const auto* const fixation = dynamic_cast<const VrexVariableFixation3D*>(constraint.get());
@@ -106,7 +108,16 @@ private:
     void move(const nsVrexLabels::Assignment& setting) {
         const auto& entity =
             nsVrexLabels::find(MOVE, "geometry", m_document.system.geometries(), setting.label);
+        expectFirst(MOVE, *entity);
         m_drag.applyTranslation(entity, {setting.values[0], setting.values[1], setting.values[2]});
+    }
+
+    /// The last of several would win in silence.
+    void expectFirst(const char* option, const VrexBaseObject& object) {
+        if (!m_told.insert(&object).second) {
+            throw VrexToolFailure(VrexExitCode::USAGE, fmt::format("{}: {} stands here twice.", option,
+                                                                   nsVrexObjectNames::nameOf(object)));
+        }
     }
 
     std::uint64_t highestId() const {
@@ -125,6 +136,7 @@ private:
     nsVrexSystemLists::Geometries m_geometries;
     nsVrexSystemLists::Constraints m_constraints;
     VrexTransform3D m_drag;
+    std::unordered_set<const VrexBaseObject*> m_told; ///< What options name.
 };
 
 struct Verdict {
@@ -137,8 +149,10 @@ Verdict judge(const VrexSolveCommand& command, const VrexSolveReport& report, co
         nsVrexObjectNames::countOf(report.freedom(), "degree of freedom", "degrees of freedom");
     const std::string solved = fmt::format("{} is {}solved", title, report.isUnsolved() ? "not " : "");
     if (report.isOverConstrained(command.allowsRedundancy)) {
-        return {VrexExitCode::OVER_CONSTRAINED,
-                fmt::format("{}, and over-constrained: {}", solved, report.culprits())};
+        return {
+            VrexExitCode::OVER_CONSTRAINED,
+            fmt::format("{}, and over-constrained: {}{}", solved, report.culprits(),
+                        report.isOverConstrained(true) ? "" : " With --allow-redundant that is no failure.")};
     }
     if (report.isUnsolved()) {
         return {VrexExitCode::NOT_CONVERGED, fmt::format("{}. {}", solved, report.firstFailure())};

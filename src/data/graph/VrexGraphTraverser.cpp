@@ -7,6 +7,7 @@
 #include "data/VrexBaseConstraint.h"
 #include "data/VrexBaseGeometry.h"
 #include "data/VrexLog.h"
+#include "data/VrexMemberKeeper.h"
 #include "data/graph/VrexBroadFirstSearch.h"
 #include "data/graph/VrexComponentGenerator.h"
 #include "data/graph/VrexConstraintGraph.h"
@@ -53,9 +54,11 @@ void VrexGraphTraverser::traverse(VrexConstraintGraph& graph, VrexGraphVisitor& 
     const VrexGraphTimer timer("VrexGraphTraverser::traverse");
     m_colorMap.clear();
     m_flatColors = {};
-    if (traverseByIndex(graph, visitor)) {
+    if (!m_isCalling && traverseByIndex(graph, visitor)) {
         return;
     }
+    const VrexMemberKeeper kept(m_isCalling);
+    m_isCalling = true;
     initialize(graph, visitor);
     visitor.setColorMap(&m_colorMap);
     searchFrom(VrexVertexType::Constraint, graph, visitor);

@@ -45,4 +45,5 @@ private:
 
     VrexGraphColorMap m_colorMap;
     VrexGraphFlatColors m_flatColors;
+    bool m_isCalling = false; ///< A walk by callbacks is on, which reads colours by identifier.
 };

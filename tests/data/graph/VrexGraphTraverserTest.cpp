@@ -339,6 +339,33 @@ TEST(VrexGraphTraverser, VisitorMayAddToTheGraph) {
     }
 }
 
+/// Has the traverser walk once more where it meets the first vertex.
+class Nester : public Watcher {
+public:
+    explicit Nester(VrexGraphTraverser& walk) : m_walk(walk) {}
+    void discoverVertex(VrexConstraintGraph& graph, std::shared_ptr<VrexVertex>& vertex) override {
+        Watcher::discoverVertex(graph, vertex);
+        if (met.size() == 1) {
+            m_walk.traverse(graph, inner);
+        }
+    }
+    VrexComponentGenerator inner;
+
+private:
+    VrexGraphTraverser& m_walk;
+};
+
+TEST(VrexGraphTraverser, WalkWithinAWalkLeavesItsColours) {
+    VrexConstraintGraph graph = Pair().graph();
+    VrexDepthFirstSearch walk;
+    for (int round = 0; round < 2; ++round) {
+        Nester nester(walk);
+        walk.traverse(graph, nester);
+        EXPECT_EQ(nester.met, std::vector<std::uint64_t>{3}); // all others were visited
+        EXPECT_EQ(piecesOf(nester.inner), (Pieces{{{1, 2}, {3}}}));
+    }
+}
+
 /// Clears the graph when it examines, or finishes, an edge.
 class Clearer : public Watcher {
 public:

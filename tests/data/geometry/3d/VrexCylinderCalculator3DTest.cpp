@@ -49,9 +49,11 @@ TEST(VrexCylinderCalculator3D, NegativeRadiusIsOnTheOtherSideAndItsNormalPointsT
     const Vector outwards = axes.X * std::cos(u) + axes.Y * std::sin(u);
     expectNear(cylinder->evaluate(u, 0.0, 0)[0], origin - outwards);
     expectNear(VrexCylinderCalculator3D(*cylinder).calculateNormal(u, 0.0), -outwards);
-    const auto positive = VrexCylinder3D::create(origin, direction, 1.0);
-    expectNear(positive->evaluate(u, 0.0, 0)[0], origin + outwards);
-    expectNear(VrexCylinderCalculator3D(*positive).calculateNormal(u, 0.0), outwards);
+    for (const double radius : {1.0, 1e-08}) {
+        const auto positive = VrexCylinder3D::create(origin, direction, radius);
+        expectNear(positive->evaluate(u, 0.0, 0)[0], origin + outwards * radius);
+        expectNear(VrexCylinderCalculator3D(*positive).calculateNormal(u, 0.0), outwards);
+    }
 }
 
 TEST(VrexCylinderCalculator3D, NormalIsOfUnitLengthAndVanishesWithTheRadius) {

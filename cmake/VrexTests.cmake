@@ -9,13 +9,17 @@ set(VREX_SANITIZER_OPTIONS
   "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1")
 
 # Every test reads the same big headers, which take longer than the tests themselves: they are compiled once, with
-# the first test program, and the others borrow them. The tidy preset goes without, so that no test forgets an include.
-function(vrex_precompile_test_headers name)
+# the first test program, and the others borrow them, but for those with a further library, which may bring flags of
+# its own. The tidy preset goes without, so that no test forgets an include.
+function(vrex_precompile_test_headers name further_libraries)
+  set(headers <random> <gmock/gmock.h> <gtest/gtest.h>)
   get_property(owner GLOBAL PROPERTY VREX_TEST_HEADERS_OWNER)
-  if(owner)
+  if(further_libraries)
+    target_precompile_headers(${name} PRIVATE ${headers})
+  elseif(owner)
     target_precompile_headers(${name} REUSE_FROM ${owner})
   else()
-    target_precompile_headers(${name} PRIVATE <random> <gmock/gmock.h> <gtest/gtest.h>)
+    target_precompile_headers(${name} PRIVATE ${headers})
     set_property(GLOBAL PROPERTY VREX_TEST_HEADERS_OWNER ${name})
   endif()
 endfunction()
@@ -32,9 +36,7 @@ function(vrex_add_tests name)
     # The libraries are what is watched. Their tests compile in half the time this way.
     target_compile_options(${name} PRIVATE -O0)
   endif()
-  if(NOT ARG_LIBRARIES)  # a further library may bring flags that the headers were not compiled with
-    vrex_precompile_test_headers(${name})
-  endif()
+  vrex_precompile_test_headers(${name} "${ARG_LIBRARIES}")
   add_test(NAME ${name} COMMAND ${name})
   # Of a program that fails, the cases that passed stay out of the report.
   set(environment GTEST_BRIEF=1)

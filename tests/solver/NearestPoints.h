@@ -86,7 +86,7 @@ public:
         points = {[o = cone.getOrigin(), d = cone.getDirection(), alpha = cone.getAperture(),
                    e = across(cone.getDirection())](const double* t) {
                       const Vector aside = e[0] * std::cos(t[0]) + e[1] * std::sin(t[0]);
-                      return o + (d * std::cos(alpha) + aside * std::sin(alpha)) * std::max(t[1], 0.0);
+                      return o + (d * std::cos(alpha) + aside * std::sin(alpha)) * std::abs(t[1]);
                   },
                   {TURN, {0.0, LONG[1]}}};
     }

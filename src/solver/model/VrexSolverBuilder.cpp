@@ -72,19 +72,19 @@ void VrexSolverBuilder::addLimits(const VrexDimensionLimits& limits, const Measu
         return;
     }
     requireSound(limits);
-    const Rows excess = [limits, measure, unit](VrexVariable* row) {
+    if (limits.first == limits.second) { // nothing can move between them
+        addTarget(
+            measure, [held = *limits.first] { return VrexVariable(held); }, unit);
+        return;
+    }
+    addOneSided([limits, measure, unit](VrexVariable* row) {
         const VrexVariable value = measure();
         if (limits.first.has_value() && value < *limits.first) {
             row[0] = (value - *limits.first) / unit;
         } else if (limits.second.has_value() && value > *limits.second) {
             row[0] = (value - *limits.second) / unit;
         }
-    };
-    if (limits.first == limits.second) { // nothing can move between them
-        add(1, excess);
-    } else {
-        addOneSided(excess);
-    }
+    });
 }
 
 void VrexSolverBuilder::blame(const char* reason) const {

@@ -24,11 +24,13 @@ void VrexDampedStep::raiseScale() {
     if (m_scale.size() != m_jacobian->cols()) {
         m_scale.setConstant(m_jacobian->cols(), smallest);
     }
-    Eigen::Index first = 0;
-    for (const Eigen::Index count : m_groups) {
-        auto scale = m_scale.segment(first, count);
-        scale = scale.cwiseMax(m_jacobian->middleCols(first, count).norm());
-        first += count;
+    Eigen::VectorXd squares = Eigen::VectorXd::Zero(m_jacobian->cols());
+    for (Eigen::Index column = 0; column < m_jacobian->cols(); ++column) {
+        squares[m_groups[static_cast<std::size_t>(column)]] += m_jacobian->col(column).squaredNorm();
+    }
+    for (Eigen::Index column = 0; column < m_jacobian->cols(); ++column) {
+        const double square = squares[m_groups[static_cast<std::size_t>(column)]];
+        m_scale[column] = std::max(m_scale[column], std::sqrt(square));
     }
 }
 

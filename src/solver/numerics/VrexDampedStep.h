@@ -16,7 +16,7 @@
 /// be next to free: points on a line would leave it sideways for every small change along it.
 class VrexDampedStep {
 public:
-    /// How many unknowns, one after the other, are a group.
+    /// The group of each unknown, named by one of its unknowns.
     explicit VrexDampedStep(std::vector<Eigen::Index> groups) : m_groups(std::move(groups)) {}
 
     /// For one iteration after the other on matrices of the same size.

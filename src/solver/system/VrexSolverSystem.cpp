@@ -46,12 +46,23 @@ void VrexSolverSystem::numberUnknowns(double length) {
 
 void VrexSolverSystem::number(VrexSolverBody& body) {
     body.setFirstUnknown(static_cast<std::size_t>(m_unknownCount));
-    for (const std::size_t count : body.mobility().counts()) {
-        if (count > 0) {
-            m_unknownGroups.push_back(static_cast<Eigen::Index>(count));
-            m_unknownCount += m_unknownGroups.back();
+    const auto [shifts, turns, first, second] = body.mobility().counts();
+    const bool isPlaced = shifts + turns > 0;
+    std::optional<Eigen::Index> length;
+    std::optional<Eigen::Index> angle;
+    const auto add = [&](std::size_t count, std::optional<Eigen::Index>& group) {
+        for (std::size_t i = 0; i < count; ++i) {
+            group = group.value_or(m_unknownCount);
+            m_unknownGroups.push_back(*group);
+            ++m_unknownCount;
         }
-    }
+    };
+    add(shifts, length);
+    add(turns, angle);
+    std::optional<Eigen::Index> ownFirst;
+    std::optional<Eigen::Index> ownSecond;
+    add(first, !isPlaced ? ownFirst : body.isLength(0) ? length : angle);
+    add(second, !isPlaced ? ownSecond : body.isLength(1) ? length : angle);
 }
 
 VrexSolverBody& VrexSolverSystem::addHelp(const VrexSolverBody& body) {

@@ -36,8 +36,9 @@ public:
     bool hasWishes() const { return m_hasWishes; }
     double length() const { return m_space.length(); }
     Eigen::Index unknownCount() const { return m_unknownCount; }
-    /// How many unknowns, one after the other, are of one kind: the translations of a body, its rotations, a
-    /// size. Which axes a body counts its motions along is chance, so nothing may depend on it.
+    /// The group of each unknown, named by its first one: the lengths of a body, translations and sizes, or
+    /// its angles; else each for itself. Along which axes a body counts its motions is chance: none may
+    /// differ.
     const std::vector<Eigen::Index>& unknownGroups() const { return m_unknownGroups; }
     /// The first unknown of those of helps, which come last.
     Eigen::Index firstHelp() const { return m_firstHelp; }

@@ -109,7 +109,7 @@ private:
         m_report.isConverged = result.isConverged;
         m_report.isCancelled = result.isCancelled;
         noteSatisfied();
-        if (!result.isConverged && !result.isCancelled) {
+        if (!result.isConverged && !result.isUnfinished && !result.isCancelled) {
             findConflicts(search);
         }
     }

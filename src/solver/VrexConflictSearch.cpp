@@ -67,7 +67,7 @@ bool VrexConflictSearch::search(const Members& members) {
     const VrexLeastSquaresResult result = m_search.run();
     m_isCancelled = m_isCancelled || result.isCancelled;
     m_work += static_cast<double>(result.iterations) * static_cast<double>(m_system.unknownCount());
-    return result.isConverged;
+    return result.isConverged || result.isUnfinished;
 }
 
 bool VrexConflictSearch::isStopped() const { return m_isCancelled || m_work > m_mostWork; }

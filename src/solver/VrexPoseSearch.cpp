@@ -51,15 +51,18 @@ void VrexPoseSearch::attempt() {
 }
 
 void VrexPoseSearch::search() {
-    const int before = m_result.iterations;
+    const VrexLeastSquaresResult before = m_result;
     m_result = m_method.solve(m_system, false);
-    m_result.iterations += before;
+    m_result.iterations += before.iterations;
+    m_result.isUnfinished = m_result.isUnfinished || before.isUnfinished;
 }
 
-/// A start from which a search may go another way: half turns and points on each other are saddles.
+/// A start from which a search may go another way: half turns and points on each other are saddles. Each is
+/// further off than the one before.
 void VrexPoseSearch::disturb(int attempt) {
     std::mt19937_64 random(static_cast<std::uint64_t>(attempt));
-    std::uniform_real_distribution<double> uniform(-0.03, 0.03);
+    const double reach = 0.03 * attempt;
+    std::uniform_real_distribution<double> uniform(-reach, reach);
     m_system.move(
         Eigen::VectorXd::NullaryExpr(m_system.unknownCount(), [&](Eigen::Index) { return uniform(random); }));
 }

@@ -10,6 +10,7 @@
 #include "solver/JacobianChecks.h"
 #include "solver/PlantedSystem.h"
 #include "solver/VrexPoseSearch.h"
+#include "solver/VrexSolver3D.h"
 
 namespace {
 
@@ -113,6 +114,22 @@ TEST(VrexConflictSearch, TriesNothingAmongTooMany) {
     Trials trials(system);
     EXPECT_TRUE(trials.run().empty());
     EXPECT_EQ(trials.count(), 0);
+}
+
+/// Iterations that still gained when they ran out tell nothing about what further ones would have solved.
+TEST(VrexConflictSearch, WhatOnlyTakesLongerIsNoConflict) {
+    for (const int iterations : {0, 1, 200}) {
+        PlantedSystem system;
+        const auto a = system.point(0, 0, 0);
+        const auto b = system.point(1, 0.1, 0);
+        system.distance(a, b, 100);
+        system.distance(b, system.point(0, 1, 0.2), 100);
+        VrexSolverOptions options;
+        options.maxIterations = iterations;
+        const auto report = VrexSolver3D(options).solve({system.component()}).components.at(0);
+        EXPECT_EQ(report.isConverged, iterations == 200) << iterations;
+        EXPECT_TRUE(report.overConstrained.empty()) << iterations;
+    }
 }
 
 } // namespace

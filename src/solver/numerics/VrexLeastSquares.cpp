@@ -18,6 +18,8 @@ constexpr double LEAST_DAMPING = 1e-14;
 constexpr double GREATEST_DAMPING = 1e12;
 /// A step that gains less than this part is the last: the minimum is reached, be it zero or not.
 constexpr double LEAST_GAIN = 1e-9;
+/// Steps that still gain such a part are on their way to zero. What contradicts itself creeps at the end.
+constexpr double PROMISING_GAIN = 0.1;
 
 /// The damping factor between the steps: less where the linear model holds, ever more where it does not.
 class Damping {
@@ -89,8 +91,9 @@ VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool wi
     // Once started the last digits cost one or two steps more, since the convergence is quadratic.
     const double target = 1e-3 * m_tolerance;
     double wanted = m_tolerance;
-    const int mostIterations = system.unknownCount() > 0 ? m_maxIterations : 0; // else nothing can move
-    while (!(result.largestResidual <= wanted) && result.iterations < mostIterations) {
+    bool isGaining = system.unknownCount() > 0; // else nothing can move
+    bool isPromising = isGaining;
+    while (isGaining && !(result.largestResidual <= wanted) && result.iterations < m_maxIterations) {
         if (m_keepGoing && !m_keepGoing(result.iterations, result.largestResidual)) {
             result.isCancelled = true;
             break;
@@ -100,14 +103,15 @@ VrexLeastSquaresResult VrexLeastSquares::solve(VrexSolverSystem& system, bool wi
         linear.setJacobian(system.jacobian(), system.values());
         const double costBefore = system.values().squaredNorm();
         const bool hasMoved = advance(system, linear, damping, withWishes);
-        const bool hasGained = system.values().squaredNorm() < (1.0 - LEAST_GAIN) * costBefore;
+        const double cost = system.values().squaredNorm();
+        const bool hasGained = cost < (1.0 - LEAST_GAIN) * costBefore;
         ++result.iterations;
         const double before = result.largestResidual;
         result.largestResidual = system.largestValue();
-        if (!hasMoved || !hasGained || (before <= m_tolerance && result.largestResidual > 0.5 * before)) {
-            break;
-        }
+        isPromising = cost < (1.0 - PROMISING_GAIN) * costBefore;
+        isGaining = hasMoved && hasGained && (before > m_tolerance || result.largestResidual <= 0.5 * before);
     }
     result.isConverged = result.largestResidual <= m_tolerance;
+    result.isUnfinished = isGaining && isPromising && !result.isConverged && !result.isCancelled;
     return result;
 }

@@ -8,6 +8,8 @@ class VrexSolverSystem;
 struct VrexLeastSquaresResult {
     bool isConverged = false;
     bool isCancelled = false;
+    /// Whether the iterations ran out while they still gained much: more of them might have solved it.
+    bool isUnfinished = false;
     int iterations = 0;
     double largestResidual = 0.0;
 };

@@ -132,4 +132,6 @@ void nsSizeResiduals::add(VrexSolverBuilder& builder, VrexVariableFixation3D& fi
     const Size size{shape, 0};
     builder.addTarget(
         size.measure(1.0), [start = size.value()] { return VrexVariable(start); }, size.unit());
+    // To the last digit, not only within the tolerance.
+    builder.addResult([variable, start = variable->getValue()] { variable->setValue(start); });
 }

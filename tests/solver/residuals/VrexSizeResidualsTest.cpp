@@ -184,18 +184,20 @@ TEST(VrexEqualDimensionValueResiduals, ElementTakesTheValue) {
     EXPECT_NEAR(element->getValue(), 1.25, TOLERANCE);
 }
 
-TEST(VrexVariableFixationResiduals, VariableStaysAndTheOtherMoves) {
-    const auto held = VrexGeometryVariable::create(2.0);
-    const auto free = VrexGeometryVariable::create(5.0);
-    const auto equation = VrexExpressionEquation::create({{held, 0, "a"}, {free, 0, "b"}},
-                                                         VrexEquationConditionType::equalToZero, "a - b");
-    const auto fixation = VrexVariableFixation3D::create(held);
-    SolverProbe({held, free}, {fixation, equation}).expectDerivativesMatch();
-    const auto report = solveOne({}, {fixation, equation}, {held, free});
-    expectSolved(report);
-    EXPECT_NEAR(held->getValue(), 2.0, TOLERANCE);
-    EXPECT_NEAR(free->getValue(), 2.0, TOLERANCE);
-    EXPECT_EQ(report.freedom, 0U);
+TEST(VrexVariableFixationResiduals, VariableStaysToTheLastDigitAndTheOtherMoves) {
+    for (const double start : {5.0, -17.3, 0.1, 1e3, 2.1}) {
+        const auto held = VrexGeometryVariable::create(2.1);
+        const auto free = VrexGeometryVariable::create(start);
+        const auto equation = VrexExpressionEquation::create(
+            {{held, 0, "a"}, {free, 0, "b"}}, VrexEquationConditionType::equalToZero, "a * a - a * b");
+        const auto fixation = VrexVariableFixation3D::create(held);
+        SolverProbe({held, free}, {fixation, equation}).expectDerivativesMatch();
+        const auto report = solveOne({}, {fixation, equation}, {held, free});
+        expectSolved(report);
+        EXPECT_EQ(held->getValue(), 2.1);
+        EXPECT_NEAR(free->getValue(), 2.1, TOLERANCE) << start;
+        EXPECT_EQ(report.freedom, 0U);
+    }
 }
 
 } // namespace

@@ -34,6 +34,19 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
+# Half of the time of a watched build goes into these. The plain builds go without, so that no source forgets an include.
+# They are compiled in a target of their own: what links the objects of a library would take them for one.
+function(vrex_precompile_library_headers name)
+  if(NOT TARGET vrex_library_headers)
+    file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/library_headers.cpp CONTENT "")
+    add_library(vrex_library_headers OBJECT ${PROJECT_BINARY_DIR}/library_headers.cpp)
+    target_link_libraries(vrex_library_headers PRIVATE vrex_flags)
+    target_precompile_headers(vrex_library_headers PRIVATE
+      <algorithm> <cmath> <functional> <memory> <string> <unordered_map> <vector>)
+  endif()
+  target_precompile_headers(${name} REUSE_FROM vrex_library_headers)
+endfunction()
+
 # vrex_add_library(name OUTPUT file-name EXPORT exported-name)
 # Makes the targets <name>_objects and <name>, with the alias Vrex::<exported-name>.
 function(vrex_add_library name)
@@ -42,9 +55,7 @@ function(vrex_add_library name)
   target_link_libraries(${name}_objects PRIVATE vrex_flags)
   target_include_directories(${name}_objects PUBLIC ${PROJECT_SOURCE_DIR}/src)
   if(VREX_SANITIZE OR VREX_COVERAGE)
-    # Half of the time goes into these. The plain builds go without, so that no source forgets an include.
-    target_precompile_headers(${name}_objects PRIVATE
-      <algorithm> <cmath> <functional> <memory> <string> <unordered_map> <vector>)
+    vrex_precompile_library_headers(${name}_objects)
   endif()
   add_library(${name} SHARED $<TARGET_OBJECTS:${name}_objects>)
   add_library(Vrex::${ARG_EXPORT} ALIAS ${name})

@@ -7,6 +7,7 @@
 #include "data/constraint/3d/VrexConstraint3D.h"
 #include "data/geometry/3d/VrexGeometry3D.h"
 #include "solver/contacts/VrexDirectionRows.h"
+#include "solver/model/VrexSolverDirections.h"
 
 namespace {
 
@@ -84,15 +85,8 @@ VrexContactGap::Measure VrexContactGap::build() {
     }
 }
 
-double VrexContactGap::sideOf(double value) const {
-    switch (m_constraint.orientation()) {
-    case VrexConstraintOrientation::Positive:
-        return 1.0;
-    case VrexConstraintOrientation::Negative:
-        return -1.0;
-    default:
-        return value < 0.0 ? -1.0 : 1.0;
-    }
+double VrexContactGap::sideOf(double height) const {
+    return nsSolverDirections::sideOf(m_constraint.orientation(), height);
 }
 
 bool VrexContactGap::isHeldParallel() const {

@@ -62,7 +62,7 @@ private:
     Measure meet(const VrexContactPath& first, const VrexContactPath& second);
 
     Measure withSigns(const Measure& distance) const;
-    double sideOf(double value) const;
+    double sideOf(double height) const;
     bool isHeldParallel() const;
     bool isBareTouch() const;
     bool hasHelp() const { return m_first.help.point.has_value() || m_second.help.point.has_value(); }

@@ -59,6 +59,17 @@ double nsSolverDirections::senseOf(VrexConstraintAlignment alignment, double cos
     }
 }
 
+double nsSolverDirections::sideOf(VrexConstraintOrientation orientation, double height) {
+    switch (orientation) {
+    case VrexConstraintOrientation::Positive:
+        return 1.0;
+    case VrexConstraintOrientation::Negative:
+        return -1.0;
+    default:
+        return height < 0.0 ? -1.0 : 1.0;
+    }
+}
+
 VrexVariable nsSolverDirections::nearTo(VrexVariable angle, double known) {
     angle += TURN * std::round((known - angle.value()) / TURN);
     return angle;

@@ -4,6 +4,7 @@
 
 #include "data/VrexVariable.h"
 #include "data/constraint/VrexConstraintAlignment.h"
+#include "data/constraint/VrexConstraintOrientation.h"
 #include "data/constraint/VrexDimensionLimits.h"
 #include "solver/system/VrexSolverShape.h"
 
@@ -23,6 +24,10 @@ const VrexSolverShape* directed(const VrexSolverBuilder& builder,
 /// 1 where two directions are to point the same way, -1 for opposite ways; what the alignment leaves open is
 /// as it stands, told by the cosine between them.
 double senseOf(VrexConstraintAlignment alignment, double cosine);
+
+/// 1 for the side that a normal points to, -1 for the other; what the orientation leaves open is as it
+/// stands, told by the sign of `height`.
+double sideOf(VrexConstraintOrientation orientation, double height);
 
 /// Of the angles that differ by whole turns the one next to `known`.
 VrexVariable nearTo(VrexVariable angle, double known);

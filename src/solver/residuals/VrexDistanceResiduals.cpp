@@ -21,17 +21,6 @@ namespace {
 
 using Vector = VrexSolverShape::Vector;
 
-double sideOf(const VrexConstraint& constraint, double value) {
-    switch (constraint.orientation()) {
-    case VrexConstraintOrientation::Positive:
-        return 1.0;
-    case VrexConstraintOrientation::Negative:
-        return -1.0;
-    default:
-        return value < 0.0 ? -1.0 : 1.0;
-    }
-}
-
 void addAlong(VrexSolverBuilder& builder, const VrexDimension3D& distance,
               const std::function<Vector()>& direction) {
     const VrexSolverShape* const first = builder.shape(distance.geometry(1));
@@ -43,7 +32,7 @@ void addAlong(VrexSolverBuilder& builder, const VrexDimension3D& distance,
     const auto advance = [first, second, direction] {
         return direction().dotProduct(second->origin() - first->origin());
     };
-    const double side = sideOf(distance, advance().value());
+    const double side = nsSolverDirections::sideOf(distance.orientation(), advance().value());
     nsDimensionResiduals::add(
         builder, distance, [advance, side] { return advance() * side; }, builder.length());
 }
